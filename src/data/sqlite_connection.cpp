@@ -1,0 +1,240 @@
+#include "data/sqlite_connection.h"
+
+#include <sqlite3.h>
+#include <sys/stat.h>
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QThread>
+
+#include "data/access_sql.h"
+
+SondaIstruzioni& sondaIstruzioni() {
+    static SondaIstruzioni sonda;
+    return sonda;
+}
+
+namespace {
+
+const char* const origineSqlite = "SQLite";
+// The stored form of a date column.
+const char* const formaData = "yyyy-MM-dd HH:mm:ss";
+
+ErroreServer::Classe classeDi(int codiceEsteso) {
+    if (codiceEsteso == SQLITE_CONSTRAINT_FOREIGNKEY) return ErroreServer::Classe::Integrita;
+    switch (codiceEsteso & 0xff) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return ErroreServer::Classe::Conflitto;
+        case SQLITE_READONLY:
+            return ErroreServer::Classe::SolaLettura;
+        case SQLITE_FULL:
+            return ErroreServer::Classe::DiscoPieno;
+        case SQLITE_CANTOPEN:
+        case SQLITE_NOTADB:
+        case SQLITE_CORRUPT:
+        case SQLITE_IOERR:
+            return ErroreServer::Classe::ConnessionePersa;
+        default:
+            return ErroreServer::Classe::Altro;
+    }
+}
+
+ErroreServer erroreDi(int codice, const QString& descrizione) {
+    return {classeDi(codice), codice, descrizione, origineSqlite};
+}
+
+QVariant valoreTesto(sqlite3_stmt* istruzione, int colonna, bool data) {
+    const auto* byte = reinterpret_cast<const char*>(sqlite3_column_text(istruzione, colonna));
+    const QString testo = QString::fromUtf8(byte, sqlite3_column_bytes(istruzione, colonna));
+    if (!data) return testo;
+    const QDateTime valore = QDateTime::fromString(testo, formaData);
+    return valore.isValid() ? QVariant(valore) : QVariant(testo);
+}
+
+QVariant valoreColonna(sqlite3_stmt* istruzione, int colonna, bool data) {
+    switch (sqlite3_column_type(istruzione, colonna)) {
+        case SQLITE_NULL:
+            return {};
+        case SQLITE_INTEGER:
+            return static_cast<qlonglong>(sqlite3_column_int64(istruzione, colonna));
+        case SQLITE_FLOAT:
+            return sqlite3_column_double(istruzione, colonna);
+        default:
+            return valoreTesto(istruzione, colonna, data);
+    }
+}
+
+bool colonnaData(sqlite3_stmt* istruzione, int colonna) {
+    const char* tipo = sqlite3_column_decltype(istruzione, colonna);
+    return tipo != nullptr && qstricmp(tipo, "DATETIME") == 0;
+}
+
+bool soloBlanchi(const char* testo) {
+    return QByteArray(testo).trimmed().isEmpty();
+}
+
+}  // namespace
+
+SqliteConnection::SqliteConnection(sqlite3* db, QString percorso) : mDb(db), mPercorso(std::move(percorso)) {}
+
+SqliteConnection::~SqliteConnection() {
+    sqlite3_close_v2(mDb);
+}
+
+std::unique_ptr<SqliteConnection> SqliteConnection::apri(const QString& percorso, ErroreServer& errore) {
+    const QFileInfo file(percorso);
+    if (!file.exists() || !file.isFile()) {
+        errore = erroreDi(SQLITE_CANTOPEN, "L'archivio \"" + percorso + "\" non esiste o non è un file.");
+        return nullptr;
+    }
+    return apriFile(percorso, false, errore);
+}
+
+std::unique_ptr<SqliteConnection> SqliteConnection::crea(const QString& percorso, ErroreServer& errore) {
+    if (QFileInfo::exists(percorso)) {
+        errore = erroreDi(SQLITE_CANTOPEN, "Il file \"" + percorso + "\" esiste già.");
+        return nullptr;
+    }
+    return apriFile(percorso, true, errore);
+}
+
+std::unique_ptr<SqliteConnection> SqliteConnection::apriFile(const QString& percorso, bool nuovo,
+                                                             ErroreServer& errore) {
+    sqlite3* db = nullptr;
+    const int opzioni = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX |
+                        (nuovo ? SQLITE_OPEN_CREATE : 0);
+    const int esito = sqlite3_open_v2(percorso.toUtf8().constData(), &db, opzioni, nullptr);
+    if (esito != SQLITE_OK) {
+        errore = erroreDi(
+            esito, "L'archivio \"" + percorso + "\" non si può aprire: " + sqlite3_errstr(esito) + ".");
+        sqlite3_close_v2(db);
+        return nullptr;
+    }
+    std::unique_ptr<SqliteConnection> connessione(new SqliteConnection(db, percorso));
+    if (!connessione->prepara(nuovo)) {
+        errore = connessione->errore();
+        return nullptr;
+    }
+    return connessione;
+}
+
+bool SqliteConnection::prepara(bool nuovo) {
+    sqlite3_busy_handler(mDb, &SqliteConnection::occupato, this);
+    registraFunzioniAccess(mDb);
+    if (nuovo && !eseguiNativo(QString("PRAGMA application_id = %1").arg(marchioArchivio))) return false;
+    if (!nuovo && !verificaArchivio()) return false;
+    for (const char* pragma :
+         {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL", "PRAGMA foreign_keys = ON"}) {
+        if (!eseguiNativo(pragma)) return false;
+    }
+    struct stat stato {};
+    if (::stat(mPercorso.toUtf8().constData(), &stato) == 0) {
+        mDispositivo = stato.st_dev;
+        mInode = stato.st_ino;
+    }
+    return true;
+}
+
+bool SqliteConnection::verificaArchivio() {
+    Recordset marchio;
+    if (!eseguiNativo("PRAGMA application_id", &marchio)) {
+        mErrore.descrizione =
+            "Il file \"" + mPercorso + "\" non è un archivio o è danneggiato: " + mErrore.descrizione + ".";
+        return false;
+    }
+    if (marchio.campo(0).toInt() != marchioArchivio) {
+        mErrore = erroreDi(SQLITE_NOTADB, "Il file \"" + mPercorso + "\" non è un archivio di Bottegon.");
+        return false;
+    }
+    if (sqlite3_db_readonly(mDb, "main") == 1) {
+        mErrore = erroreDi(SQLITE_READONLY, "L'archivio \"" + mPercorso + "\" è in sola lettura.");
+        return false;
+    }
+    return true;
+}
+
+bool SqliteConnection::ancoraValida() const {
+    struct stat stato {};
+    return ::stat(mPercorso.toUtf8().constData(), &stato) == 0 && stato.st_dev == mDispositivo &&
+           stato.st_ino == mInode;
+}
+
+bool SqliteConnection::esegui(const QString& sql, Recordset* righe) {
+    return eseguiNativo(traduciAccessSQL(sql), righe);
+}
+
+bool SqliteConnection::eseguiNativo(const QString& sql, Recordset* righe) {
+    mErrore = {};
+    if (sondaIstruzioni()) {
+        if (auto errore = sondaIstruzioni()(sql)) {
+            mErrore = *errore;
+            return false;
+        }
+    }
+    if (sql.contains(QChar(u'\0'))) {
+        mErrore = erroreDi(SQLITE_MISUSE, "L'istruzione contiene un carattere non ammesso (NUL).");
+        return false;
+    }
+    const QByteArray testo = sql.toUtf8();
+    sqlite3_stmt* istruzione = nullptr;
+    const char* resto = nullptr;
+    const int esito =
+        sqlite3_prepare_v2(mDb, testo.constData(), static_cast<int>(testo.size()) + 1, &istruzione, &resto);
+    if (esito != SQLITE_OK) return fallito(esito);
+    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> pulizia(istruzione, &sqlite3_finalize);
+    if (istruzione == nullptr || !soloBlanchi(resto)) {
+        mErrore = erroreDi(SQLITE_MISUSE, istruzione == nullptr ? "L'istruzione è vuota."
+                                                                : "Più istruzioni in un solo comando.");
+        return false;
+    }
+    return percorri(istruzione, righe);
+}
+
+bool SqliteConnection::percorri(sqlite3_stmt* istruzione, Recordset* righe) {
+    const int campi = sqlite3_column_count(istruzione);
+    std::vector<QVariant> celle;
+    std::vector<bool> date;
+    for (int i = 0; i < campi; ++i) {
+        date.push_back(colonnaData(istruzione, i));
+    }
+    int esito = SQLITE_OK;
+    while ((esito = sqlite3_step(istruzione)) == SQLITE_ROW) {
+        if (righe == nullptr) continue;
+        for (int i = 0; i < campi; ++i) {
+            celle.push_back(valoreColonna(istruzione, i, date[static_cast<size_t>(i)]));
+        }
+    }
+    if (esito != SQLITE_DONE) return fallito(esito);
+    if (righe != nullptr) {
+        QStringList colonne;
+        for (int i = 0; i < campi; ++i) {
+            colonne.append(QString::fromUtf8(sqlite3_column_name(istruzione, i)));
+        }
+        *righe = Recordset(std::move(colonne), std::move(celle));
+    }
+    return true;
+}
+
+int SqliteConnection::righeModificate() const {
+    return sqlite3_changes(mDb);
+}
+
+bool SqliteConnection::inTransazione() const {
+    return sqlite3_get_autocommit(mDb) == 0;
+}
+
+bool SqliteConnection::fallito(int codice) {
+    mErrore = erroreDi(codice, QString::fromUtf8(sqlite3_errmsg(mDb)));
+    return false;
+}
+
+int SqliteConnection::occupato(void* connessione, int tentativi) {
+    auto* questa = static_cast<SqliteConnection*>(connessione);
+    if (tentativi == 0) questa->mInizioAttesa.start();
+    const auto trascorsi = static_cast<int>(questa->mInizioAttesa.elapsed());
+    if (trascorsi >= attesaMassima) return 0;
+    if (questa->mAttesa) questa->mAttesa(trascorsi);
+    QThread::msleep(tentativi < 10 ? 2 : 20);
+    return 1;
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <memory>
+
+#include <QElapsedTimer>
+#include <QString>
+
+#include "data/server_driver.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+// The embedded archive: one SQLite file, in WAL mode with full synchronisation and foreign keys on, behind
+// the Access dialect.
+class SqliteConnection final : public Connessione {
+  public:
+    // How long a statement or a turn waits for other desks before it fails, in milliseconds.
+    static inline int attesaMassima = 10000;
+    // The mark of a file that is a shop's archive (SQLite's application_id).
+    static constexpr int marchioArchivio = 0x426F7474;
+
+    // Opens an existing archive; a missing file, a folder, a read-only file, or a file that is no archive
+    // is an error, and is never created or overwritten.
+    static std::unique_ptr<SqliteConnection> apri(const QString& percorso, ErroreServer& errore);
+    // Makes a new, empty archive file. An existing one is an error.
+    static std::unique_ptr<SqliteConnection> crea(const QString& percorso, ErroreServer& errore);
+    ~SqliteConnection() override;
+
+    bool esegui(const QString& sql, Recordset* righe) override;
+    // As esegui, for text already in SQLite's own words.
+    bool eseguiNativo(const QString& sql, Recordset* righe = nullptr);
+    int righeModificate() const override;
+    bool inizia() override { return eseguiNativo("BEGIN IMMEDIATE"); }
+    bool conferma() override { return eseguiNativo("COMMIT"); }
+    bool annulla() override { return !inTransazione() || eseguiNativo("ROLLBACK"); }
+    bool inTransazione() const override;
+    const ErroreServer& errore() const override { return mErrore; }
+
+    void impostaAttesa(AttesaServer attesa) { mAttesa = std::move(attesa); }
+    sqlite3* nativa() const { return mDb; }
+    const QString& percorso() const { return mPercorso; }
+    // The file at the path is still the one that this connection has open.
+    bool ancoraValida() const;
+
+  private:
+    SqliteConnection(sqlite3* db, QString percorso);
+    static std::unique_ptr<SqliteConnection> apriFile(const QString& percorso, bool nuovo,
+                                                      ErroreServer& errore);
+    bool prepara(bool nuovo);
+    bool verificaArchivio();
+    bool percorri(sqlite3_stmt* istruzione, Recordset* righe);
+    bool fallito(int codice);
+    static int occupato(void* connessione, int tentativi);
+
+    sqlite3* mDb;
+    QString mPercorso;
+    quint64 mDispositivo = 0;
+    quint64 mInode = 0;
+    AttesaServer mAttesa;
+    QElapsedTimer mInizioAttesa;
+    ErroreServer mErrore;
+};

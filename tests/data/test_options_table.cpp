@@ -1,0 +1,193 @@
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "core/core_doubles.h"
+#include "core/errors.h"
+#include "core/globals.h"
+#include "data/gateway.h"
+#include "data/options_table.h"
+#include "data/sqlite_connection.h"
+
+namespace {
+
+// A real archive that holds the table Opzioni and nothing else.
+class OptionsTableTest : public ::testing::Test {
+  protected:
+    OptionsTableTest() {
+        ripristinaGlobali();
+        archivio = SqliteConnection::crea(cartella.path() + "/prova.mdb", errore);
+        nativo("CREATE TABLE Opzioni (RID INTEGER PRIMARY KEY, NOME TEXT, VALORE TEXT)");
+        gAdo.TipoServer = 1;
+        gAdo.impostaStringaConnessione([this] { return "Data Source=" + cartella.path() + "/prova.mdb"; });
+        gErr.imposta(cartella.path(), &operatore);
+    }
+    ~OptionsTableTest() override {
+        gAdo.chiudiConnessioniCalde();
+        gAdo.impostaStringaConnessione({});
+        gAdo.TipoServer = 0;
+        gErr.imposta({}, nullptr);
+        ripristinaGlobali();
+    }
+
+    void nativo(const QString& sql) { ASSERT_TRUE(archivio->eseguiNativo(sql)) << sql.toStdString(); }
+    void opzione(const QString& nome, const QString& valore) {
+        nativo("INSERT INTO Opzioni (NOME, VALORE) VALUES ('" + nome + "', " + valore + ")");
+    }
+
+    QTemporaryDir cartella;
+    ErroreServer errore;
+    std::unique_ptr<SqliteConnection> archivio;
+    OperatoreRegistrato operatore;
+};
+
+struct NumeroAtteso {
+    const char* nome;
+    int* variabile;
+};
+
+const NumeroAtteso numeri[] = {
+    {"TipoStampaDistinta", &gTipoStampaDistinta},
+    {"ClientePredefinito", &gClientePredefinito},
+    {"CatPrezziNetti", &gCatPrezziNetti},
+    {"TipoDocVb", &gTipoDocVb},
+    {"CausalePagVb", &gCausalePagVb},
+    {"PagamentoVB", &gPagamentoVB},
+    {"PrezzoMedio", &gPrezzoMedio},
+    {"MesiPrezzoMedio", &gMesiPrezzoMedio},
+    {"ContoClienti", &gContoClienti},
+    {"ContoFornitori", &gContoFornitori},
+    {"SottoScorta", &gSottoScorta},
+    {"VenditeGiorniDiversi", &gVenditeGiorniDiversi},
+    {"LockVBEdit", &gLockVBEdit},
+    {"FidoAllaData", &gFidoAllaData},
+    {"LockVBPrezzo", &gLockVBPrezzo},
+    {"VenditoriObbligatori", &gVenditoriObbligatori},
+    {"VenditoriBlocco", &gVenditoriBlocco},
+    {"PagatoAltriClienti", &gPagatoAltriClienti},
+    {"NumeratoreElencoSpeciale", &gNumeratoreElencoSpeciale},
+};
+
+struct TestoAtteso {
+    const char* nome;
+    QString* variabile;
+};
+
+const TestoAtteso testi[] = {
+    {"DistintaBase", &gDistintaBase},
+    {"RigaLibera", &gRigaLibera},
+    {"VenditoreChar", &gVenditoreChar},
+    {"PiePagina", &gPiePagina},
+    {"ReportElencoSpeciale", &gReportElencoSpeciale},
+};
+
+struct FlagAtteso {
+    const char* nome;
+    bool* variabile;
+};
+
+const FlagAtteso flag[] = {
+    {"BloccaSottoScorta", &gBloccaSottoScorta},
+    {"AvvisaSottoScorta", &gAvvisaSottoScorta},
+    {"BloccaVenditeGiorniDiversi", &gBloccaVenditeGiorniDiversi},
+    {"AvvisaVenditeGiorniDiversi", &gAvvisaVenditeGiorniDiversi},
+};
+
+}  // namespace
+
+TEST_F(OptionsTableTest, AnOptionIsTheTextOfItsRow) {
+    opzione("PiePagina", "'Grazie, e arrivederci'");
+    EXPECT_EQ(getOpzione("PiePagina"), "Grazie, e arrivederci");
+}
+
+TEST_F(OptionsTableTest, AMissingOrNullOptionIsEmptyAndNotReported) {
+    opzione("PiePagina", "NULL");
+    EXPECT_EQ(getOpzione("PiePagina"), "");
+    EXPECT_EQ(getOpzione("NonEsiste"), "");
+    EXPECT_TRUE(operatore.avvisi.empty());
+}
+
+TEST_F(OptionsTableTest, ANameWithAQuoteIsOnlyAName) {
+    EXPECT_EQ(getOpzione("x' OR '1'='1"), "");
+    EXPECT_TRUE(operatore.avvisi.empty());
+}
+
+TEST_F(OptionsTableTest, EveryOptionReachesItsVariable) {
+    int valore = 10;
+    for (const NumeroAtteso& numero : numeri) {
+        opzione(numero.nome, QString("'%1'").arg(++valore));
+    }
+    for (const TestoAtteso& testo : testi) {
+        opzione(testo.nome, QString("'[%1]'").arg(testo.nome));
+    }
+    for (const FlagAtteso& uno : flag) {
+        opzione(uno.nome, "'-1'");
+    }
+    getAllOpzioni();
+    valore = 10;
+    for (const NumeroAtteso& numero : numeri) {
+        EXPECT_EQ(*numero.variabile, ++valore) << numero.nome;
+    }
+    for (const TestoAtteso& testo : testi) {
+        EXPECT_EQ(*testo.variabile, QString("[%1]").arg(testo.nome));
+    }
+    for (const FlagAtteso& uno : flag) {
+        EXPECT_TRUE(*uno.variabile) << uno.nome;
+    }
+}
+
+TEST_F(OptionsTableTest, AMissingRowIsZeroEmptyOrFalse) {
+    for (const FlagAtteso& uno : flag) {
+        *uno.variabile = true;
+    }
+    gVenditoreChar = "%";
+    gVenditoriObbligatori = 1;
+    getAllOpzioni();
+    for (const NumeroAtteso& numero : numeri) {
+        EXPECT_EQ(*numero.variabile, 0) << numero.nome;
+    }
+    for (const FlagAtteso& uno : flag) {
+        EXPECT_FALSE(*uno.variabile) << uno.nome;
+    }
+    EXPECT_EQ(gVenditoreChar, "");
+}
+
+TEST_F(OptionsTableTest, TheWorkstationsDocumentTypeAndCausalReplaceTheShops) {
+    opzione("TipoDocVb", "'3'");
+    opzione("CausalePagVb", "'4'");
+    gTipoDocOverride = 8;
+    gCausalePagOverride = 9;
+    getAllOpzioni();
+    EXPECT_EQ(gTipoDocVb, 8);
+    EXPECT_EQ(gCausalePagVb, 9);
+}
+
+TEST_F(OptionsTableTest, AnUnsetOverrideReplacesNothing) {
+    opzione("TipoDocVb", "'3'");
+    gTipoDocOverride = -1;
+    getAllOpzioni();
+    EXPECT_EQ(gTipoDocVb, 3);
+}
+
+TEST_F(OptionsTableTest, ANumberIsTheOneAtTheHeadOfTheText) {
+    opzione("MesiPrezzoMedio", "'6 mesi'");
+    opzione("TipoDocVb", "'abc'");
+    opzione("BloccaSottoScorta", "'0.5'");
+    getAllOpzioni();
+    EXPECT_EQ(gMesiPrezzoMedio, 6);
+    EXPECT_EQ(gTipoDocVb, 0);
+    EXPECT_TRUE(gBloccaSottoScorta);
+}
+
+TEST_F(OptionsTableTest, ANumberTooLargeIsReportedOnceUnderTheProceduresName) {
+    opzione("TipoStampaDistinta", "'99999'");
+    getAllOpzioni();
+    ASSERT_EQ(operatore.avvisi.size(), 1u);
+    EXPECT_EQ(operatore.avvisi[0].numero, 6);
+    EXPECT_EQ(operatore.avvisi[0].modulo, "bBottegonClientVB.getAllOpzioni");
+}
+
+TEST_F(OptionsTableTest, NoConnectionStaysOpen) {
+    getAllOpzioni();
+    EXPECT_EQ(gAdo.getConnectionCount(), 0);
+}
