@@ -1,0 +1,116 @@
+#include "archivio/trial_archive.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTextStream>
+
+#include "archivio/create_archive.h"
+#include "data/access_sql.h"
+
+namespace {
+
+// Made once; every test gets a copy.
+const QByteArray& demo() {
+    static const QByteArray byte = [] {
+        const QTemporaryDir cartella;
+        QString testo;
+        QTextStream esito(&testo);
+        OpzioniCreazione opzioni;
+        opzioni.demo = true;
+        EXPECT_TRUE(creaArchivio(cartella.filePath("demo.db"), opzioni, esito)) << testo.toStdString();
+        return contenuto(cartella.filePath("demo.db"));
+    }();
+    return byte;
+}
+
+sqlite3* apri(const QString& percorso) {
+    sqlite3* db = nullptr;
+    EXPECT_EQ(sqlite3_open_v2(percorso.toUtf8().constData(), &db,
+                              SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr),
+              SQLITE_OK);
+    registraFunzioniAccess(db);
+    return db;
+}
+
+}  // namespace
+
+QByteArray contenuto(const QString& percorso) {
+    QFile file(percorso);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << percorso.toStdString();
+    return file.readAll();
+}
+
+void scriviFile(const QString& percorso, const QByteArray& contenuto) {
+    QFile file(percorso);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    ASSERT_EQ(file.write(contenuto), contenuto.size());
+}
+
+ArchivioDiProva::ArchivioDiProva() {
+    scriviFile(percorso(), demo());
+}
+
+QStringList ArchivioDiProva::file() const {
+    return QDir(mCartella.path()).entryList(QDir::Files);
+}
+
+int ArchivioDiProva::esegui(const QByteArray& sql, bool chiaviControllate) const {
+    sqlite3* db = apri(percorso());
+    sqlite3_exec(db, chiaviControllate ? "PRAGMA foreign_keys = ON" : "PRAGMA foreign_keys = OFF", nullptr,
+                 nullptr, nullptr);
+    const int codice = sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr);
+    sqlite3_close_v2(db);
+    return codice;
+}
+
+QString ArchivioDiProva::leggi(const QByteArray& sql, int colonna) const {
+    sqlite3* db = apri(percorso());
+    sqlite3_stmt* istruzione = nullptr;
+    EXPECT_EQ(sqlite3_prepare_v2(db, sql.constData(), -1, &istruzione, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(db);
+    QStringList righe;
+    while (sqlite3_step(istruzione) == SQLITE_ROW) {
+        const auto* byte = reinterpret_cast<const char*>(sqlite3_column_text(istruzione, colonna));
+        righe << QString::fromUtf8(byte);
+    }
+    sqlite3_finalize(istruzione);
+    sqlite3_close_v2(db);
+    return righe.join('\n');
+}
+
+QString ArchivioDiProva::valore(const QByteArray& sql) const {
+    return leggi(sql, 0);
+}
+QString ArchivioDiProva::piano(const QByteArray& sql) const {
+    return leggi("EXPLAIN QUERY PLAN " + sql, 3);
+}
+
+void ArchivioDiProva::aggiungiVendite() const {
+    const QByteArray testate =
+        "INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO, NOTE) VALUES (1, '2026', 2, 'n/d');"
+        "INSERT INTO PrimaNota (PROGRESSIVO, DATA, DATAVALUTA, FK_CAUSALE, FK_ANAGRAFE, DESCRIZIONE, "
+        "IMPORTO, "
+        "CODICEPARTITA) VALUES "
+        "(1, '2026-11-21 00:00:00', '2026-11-21 00:00:00', 1, 1, 'Vendita al banco N° 0001', 26.47, 'VB/1'),"
+        "(2, '2026-11-21 00:00:00', '2026-11-21 00:00:00', 2, 1, 'Incasso Vendita al banco', 26.47, 'VB/1');"
+        "INSERT INTO PrimaNotaDettagli (FK_PRIMANOTA, FK_CONTO, DARE) VALUES (1, 3, 26.47), (2, 1, 26.47);"
+        "INSERT INTO PrimaNotaDettagli (FK_PRIMANOTA, FK_CONTO, AVERE) VALUES (1, 5, 21.696), (1, 6, 4.774), "
+        "(2, 3, 26.47);"
+        "INSERT INTO Movimenti (PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO, FK_ORIGINE, FK_CONTROPARTITA, "
+        "FK_PAGAMENTO, ID_CASSA, TOTIMPONIBILE, TOTIMPOSTA, TOTDOCUMENTO, FK_PRIMANOTA, FK_PNPAGAMENTO) "
+        "VALUES "
+        "(1, 2026, '2026-11-21 00:00:00', 1, 1, 1, 1, 255, 21.696, 4.774, 26.47, 1, 2),"
+        "(2, 2026, '2026-11-21 00:00:00', 1, 1, 2, 1, 255, 40.9844, 9.0156, 50, NULL, NULL);";
+    const QByteArray righe =
+        "INSERT INTO DettagliMovimento (FK_MOVIMENTO, EXTRAPROG, POS, FK_PRODOTTO, CODPRODOTTO, "
+        "DESCPRODOTTO, "
+        "QUANTITA, PREZZO, PREZZONETTO, TOTALEIVA, TOTALERIGA, VALOREIVA, IK_DETTAGLIOMOVIMENTO) VALUES "
+        "(1, 1, 1, 1, 'VITI440', 'VITI', 1, 5.32, 5.32, 1.1704, 6.49, 22, NULL),"
+        "(1, 1, 2, 2, 'MART500', 'MARTELLO', 1, 13.11, 13.11, 2.8842, 15.99, 22, NULL),"
+        "(1, 2, 1, 4, 'LED10C', 'LAMPADINA', 1, 3.27, 3.27, 0.7194, 3.99, 22, NULL),"
+        "(2, 1, 1, 19, '%BAGNO', 'KIT BAGNO', 1, 0, 0, 0, 0, 22, NULL),"
+        "(2, 1, 2, 6, 'RUBLAV', 'RUBINETTO', 1, 40.98, 40.98, 9.0156, 50, 22, 4);";
+    ASSERT_EQ(esegui(testate + righe), SQLITE_OK);
+}

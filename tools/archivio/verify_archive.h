@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// What a check of an archive has found. A note is a difference that the rules of the system produce by
+// themselves; it names its cause.
+struct EsitoVerifica {
+    QStringList errori;
+    QStringList note;
+
+    // One line per finding, "ERRORE: ..." and "NOTA: ...", sorted, and a summary as the last one.
+    QStringList righe() const;
+};
+
+// Checks an archive without changing it.
+EsitoVerifica verificaArchivio(const QString& percorso);
