@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include <QLineEdit>
+
+#include "kit/CTextBox.h"
+
+// The side of a touch target, in pixels: what a finger hits without looking twice.
+constexpr int altezzaTocco = 44;
+
+// The box of a field. Text, lock, enabling, visibility and colours follow the Campo; what is typed goes
+// back to it. Each character first passes the screen's rules, one by one; pasted text does not, and loses
+// its line breaks and control characters.
+class CampoEdit final : public QLineEdit, public CTextBox::Casella {
+    Q_OBJECT
+  public:
+    // Answers the character to be written, nothing when it is swallowed. Enter '\r', Backspace '\b'.
+    using FiltroTasti = std::function<std::optional<QChar>(QChar)>;
+
+    // `casella` is the typed box over the field, or none. `nomeAccessibile` is what a screen reader says.
+    CampoEdit(Campo& campo, CTextBox* casella, const QString& nomeAccessibile, QWidget* padre);
+    ~CampoEdit() override;
+
+    Campo& campo() const { return mCampo; }
+    void filtroTasti(FiltroTasti filtro) { mFiltro = std::move(filtro); }
+
+    // ---- CTextBox::Casella
+    void selezionaTutto() override { selectAll(); }
+    void cursoreAllaFine() override { end(false); }
+    void inserisci(const QString& testo) override;
+    void prendiFuoco() override { setFocus(Qt::OtherFocusReason); }
+    void tab() override { focusNextPrevChild(true); }
+
+  protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+    void inputMethodEvent(QInputMethodEvent* evento) override;
+    void focusInEvent(QFocusEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    void paintEvent(QPaintEvent* evento) override;
+
+  private:
+    void mostra();
+    void coloraTesto();
+    std::optional<QChar> filtrato(QChar tasto) const;
+    void digita(const QString& testo);
+
+    Campo& mCampo;
+    CTextBox* mCasella;
+    FiltroTasti mFiltro;
+    bool mFuocoDalMouse = false;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QLabel>
+#include <QWidget>
+
+// A small notice with an icon while long work goes on. It takes no input and no focus.
+class frmInfo : public QWidget {
+    Q_OBJECT
+
+  public:
+    frmInfo();
+
+    // Shows the text at once, before the work that keeps the event loop from painting.
+    void startMe(const QString& testo);
+
+  private:
+    QLabel* lblInfo;
+};
