@@ -1,0 +1,117 @@
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include <QAbstractTableModel>
+#include <QString>
+
+#include "core/currency.h"
+
+// The columns of a sale's rows.
+enum class Colonna {
+    Key,  // "DM_" and the row's key in the database; empty for a row never saved
+    Icona,
+    Marca,
+    Codice,
+    IdProdotto,
+    Descrizione,
+    IdIva,
+    CodIva,
+    DescIva,
+    Iva,          // VAT percentage
+    Quantita,     // negative on a return row
+    OldQuantita,  // as last saved; "0" on a new row
+    IdUm,
+    Um,
+    PrezzoListino,  // unit list price without VAT
+    ScontoTesto,    // the three discounts joined by "+"
+    Sconto1,
+    Sconto2,
+    Sconto3,
+    PrezzoNetto,        // unit net price, rounded
+    PrezzoNettoEsteso,  // unit net price with full precision
+    Importo,            // row total as shown, VAT included
+    Gestione,           // the row's save state
+    Rid,                // key in DettagliMovimento; empty when new
+    Taglio,             // cost layer
+    IdDistintaBase,     // on a component of a kit, the reference to its head
+    ScNetto,            // discount amount per unit
+    TotPrNetto,         // net total of the row
+    IvaProd,            // VAT per unit
+    TotIvaProd,         // VAT of the row
+    IdVenditore,
+    DescVenditore,
+    Ora,
+    ElencoSpeciale,
+    BloccaPrezzo,
+};
+constexpr int numeroColonne = 35;
+
+// The row's save state.
+enum Gestione { RigaInvariata = 0, RigaNuova = 1, RigaModificata = 2, RigaCancellata = 3 };
+
+// The rows of a sale: a table of text cells, and the only copy of them. Rows count from 1, row 0 is the
+// heading; an empty cell reads as 0. The view's rows are one less.
+class FlexVB final : public QAbstractTableModel {
+  public:
+    // Roles beyond Qt's own that a view asks for.
+    enum Ruolo { RuoloSelezionata = Qt::UserRole, RuoloColoreTesto, RuoloNascosta, RuoloAllineaDestra };
+
+    // Titles as in a format string, parted by "|"; and whether a column is shown.
+    static const QString& intestazione();
+    static QStringList titoli();
+    static bool mostrata(Colonna colonna, int prezzoType);
+    static bool allineataADestra(Colonna colonna);
+
+    // The heading counted: an empty sale has 1.
+    int righe() const { return static_cast<int>(mRighe.size()) + 1; }
+    int ultima() const { return static_cast<int>(mRighe.size()); }
+
+    // A row that does not exist: RunTimeError 9.
+    const QString& cella(int riga, Colonna colonna) const;
+    void scrivi(int riga, Colonna colonna, const QString& testo);
+
+    // Reads of a cell as a value; what is not numeric is 0.
+    Currency currency(int riga, Colonna colonna) const;
+    float single(int riga, Colonna colonna) const;
+    int chiave(int riga, Colonna colonna) const;
+    int gestione(int riga) const { return chiave(riga, Colonna::Gestione); }
+    bool viva(int riga) const { return gestione(riga) != RigaCancellata; }
+
+    // A new row of empty cells before `posizione`, or at the end when that is below 1; answers its place.
+    int aggiungi(int posizione = -1);
+    void togli(int riga);
+    void svuota();
+
+    bool nascosta(int riga) const;
+    void nascondi(int riga, bool nascosta);
+    // 0xRRGGBB; the view's own colour when negative.
+    int coloreTesto(int riga) const;
+    void coloreTesto(int riga, int colore);
+    // The row painted as selected; 0 when none.
+    int selezionata() const { return mSelezionata; }
+    void seleziona(int riga);
+    // The current row; 0 when none.
+    int corrente() const { return mCorrente; }
+    void corrente(int riga) { mCorrente = riga; }
+
+    int rowCount(const QModelIndex& padre = {}) const override;
+    int columnCount(const QModelIndex& padre = {}) const override;
+    QVariant data(const QModelIndex& indice, int ruolo) const override;
+    QVariant headerData(int sezione, Qt::Orientation verso, int ruolo) const override;
+
+  private:
+    struct Riga {
+        std::array<QString, numeroColonne> celle;
+        bool nascosta = false;
+        int coloreTesto = -1;
+    };
+    Riga& riga(int numero);
+    const Riga& riga(int numero) const;
+    void rigaCambiata(int numero);
+
+    std::vector<Riga> mRighe;
+    int mSelezionata = 0;
+    int mCorrente = 0;
+};

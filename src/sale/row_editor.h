@@ -1,0 +1,25 @@
+#pragma once
+
+struct Vendita;
+
+// The row editor: the fields above the grid.
+
+// The module name under which the screen's procedures report.
+extern const char* const moduloFrmMain;
+
+// To their empty state; with `mantieniCodice` the typed code stays.
+void pulisciCampiRiga(Vendita& v, bool mantieniCodice);
+// Pushes modificaConsentita to commands and fields.
+void applicaModificaConsentita(Vendita& v);
+// Locks the price fields of a row whose price may not be changed; applicaModificaConsentita unlocks.
+void bloccaPrezzi(Vendita& v);
+// Shows which price box ends a row, and which list price, as the workstation asks.
+void impostaCampiPrezzo(Vendita& v);
+
+// There are unsaved changes from now on.
+void setVenditaModificata(Vendita& v);
+
+// Return mode of the row in the editor: 1 a return, 0 not.
+void setResoStatus(Vendita& v, int valore);
+// Single(txtQta), with the sign of the return mode.
+float quantitaEditor(const Vendita& v);
