@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+struct Vendita;
+
+// New numbers, given inside the transaction of a save: they return to the counter when it rolls back.
+
+// The next number of a counter of Contatori in a year, from 1; 0 when it could not be written.
+int getNewNumeratoreAnnuale(int idNumeratore, const QString& anno);
+// The next EXTRAPROG under a PROGRESSIVO of this year and the screen's document type; 1 with no query for
+// a progressive of 0 or less. Nothing when the query failed.
+int getNewSottoProgressivo(const Vendita& v, int progressivo);

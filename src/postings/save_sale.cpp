@@ -1,0 +1,200 @@
+#include "postings/save_sale.h"
+
+#include "core/clock.h"
+#include "core/errors.h"
+#include "core/format.h"
+#include "core/globals.h"
+#include "core/numbers.h"
+#include "core/value_helpers.h"
+#include "data/gateway.h"
+#include "postings/numbering.h"
+#include "postings/save_rows.h"
+#include "sale/recall.h"
+#include "sale/totals.h"
+#include "sale/vendita.h"
+
+namespace {
+
+using Icona = OperatorPort::Icona;
+
+QString sorgente() {
+    return gNomeModulo + ".salvaVendita";
+}
+
+// What a save writes to the sale before its commit, to be put back when it fails.
+class StatoPrimaDelSalvataggio {
+  public:
+    explicit StatoPrimaDelSalvataggio(const Vendita& v)
+        : mRid(v.lblRID.testo()),
+          mProg(v.txtProg.testo()),
+          mTotConto(v.lblTotConto.testo()),
+          mPrimaNota(v.idPrimaNota),
+          mPNPagamento(v.idPNPagamento),
+          mPagamento(v.idPagamento) {}
+
+    void ripristina(Vendita& v) const {
+        v.lblRID.testo(mRid);
+        v.txtProg.testo(mProg);
+        v.lblTotConto.testo(mTotConto);
+        v.idPrimaNota = mPrimaNota;
+        v.idPNPagamento = mPNPagamento;
+        v.idPagamento = mPagamento;
+    }
+
+  private:
+    QString mRid, mProg, mTotConto;
+    int mPrimaNota, mPNPagamento, mPagamento;
+};
+
+// The keys and numbers of the save under way.
+struct Documento {
+    QDate data;
+    int tipo = -1;
+    bool trasferimento = false;
+    int idMovimento = -1;
+    int progressivo = 0;
+    int extraProg = 0;
+};
+
+QString controparte(const Vendita& v, const Documento& d) {
+    return d.trasferimento ? QString("Null") : getIDOrNullStr(v.cliente());
+}
+
+bool inserisciTestata(Vendita& v, Documento& d) {
+    const QString anno = QString::number(d.data.year());
+    d.progressivo = getNewNumeratoreAnnuale(v.numeratore, anno);
+    const QStringList valori{QString::number(d.progressivo),
+                             anno,
+                             gAdo.getSQLDate(d.data),
+                             QString::number(d.tipo),
+                             getIDOrNullStr(v.magazzinoOrigine),
+                             getIDOrNullStr(v.magazzinoDestinazione),
+                             controparte(v, d),
+                             QString::number(v.idPagamento),
+                             QString::number(gIDCassa),
+                             QString::number(v.chkPrezziIva.valore())};
+    d.idMovimento = gAdo.getIDByInsert(
+        "INSERT INTO Movimenti (PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO, FK_ORIGINE, FK_DESTINAZIONE, "
+        "FK_CONTROPARTITA, FK_PAGAMENTO, ID_CASSA, USAPREZZIIVA) VALUES (" +
+            valori.join(", ") + ") ",
+        sorgente(), "RID", "Movimenti");
+    if (d.idMovimento < 1) return false;
+    v.txtProg.testo(Format(d.progressivo, u"0000"));
+    return true;
+}
+
+// The desk and the price mode stay as they were at the first save.
+bool modificaTestata(Vendita& v, Documento& d) {
+    d.idMovimento = v.rid();
+    d.progressivo = valIntero(v.txtProg.testo());
+    return gAdo.executeSQL("UPDATE Movimenti SET PROGRESSIVO = " + QString::number(d.progressivo) +
+                               ", ANNO = " + QString::number(d.data.year()) + ", DATA = " +
+                               gAdo.getSQLDate(d.data) + ", FK_TIPODOCUMENTO = " + QString::number(d.tipo) +
+                               ", FK_ORIGINE = " + getIDOrNullStr(v.magazzinoOrigine) +
+                               ", FK_DESTINAZIONE = " + getIDOrNullStr(v.magazzinoDestinazione) +
+                               ", FK_CONTROPARTITA = " + controparte(v, d) +
+                               ", FK_PAGAMENTO = " + QString::number(v.idPagamento) +
+                               " WHERE RID = " + QString::number(d.idMovimento),
+                           sorgente());
+}
+
+// The totals of the header are those of all sales that share it.
+bool scriviTotali(const Vendita& v, const Documento& d) {
+    Currency iva;
+    if (!getTotIva(d.idMovimento, iva)) return false;
+    const Currency totale = getValoreCurrency(v.lblTotConto.testo());
+    return gAdo.executeSQL("UPDATE Movimenti SET TOTIMPONIBILE = " + getSqlNumber(totale - iva) +
+                               ", TOTIMPOSTA = " + getSqlNumber(iva) + ", TOTDOCUMENTO = " +
+                               getSqlNumber(totale) + " WHERE RID = " + QString::number(d.idMovimento),
+                           sorgente());
+}
+
+// Everything between begin and commit; false: roll back.
+bool scriviNeiLibri(Vendita& v, Documento& d) {
+    if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
+    d.trasferimento = v.magazzinoOrigine >= 1 && v.magazzinoDestinazione >= 1;
+    if (!(v.rid() <= 0 ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
+    const int sottoProg = valIntero(v.txtSottoProg.testo());
+    d.extraProg = sottoProg > 0 ? sottoProg : getNewSottoProgressivo(v, d.progressivo);
+    if (!saveDettagli(v, d.idMovimento, d.extraProg)) return false;
+    return scriviTotali(v, d);
+}
+
+void segnaSalvata(Vendita& v, const Documento& d) {
+    v.lblRID.testo(QString::number(d.idMovimento));
+    v.txtSottoProg.testo(Format(d.extraProg, u"0000"));
+    v.venditaModificata = false;
+    v.pctSave.visibile(false);
+    gVenditaSalvata = true;
+}
+
+// An unforeseen error ends with a commit of what was written. The screen then shows what is in the books,
+// so that saving again books nothing twice.
+bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
+    gErr.notificaSubito(erroreInCorso(), gNomeModulo, "salvaVendita", {});
+    if (!gAdo.commitTrasaction(sorgente())) {
+        prima.ripristina(v);
+    } else if (d.idMovimento > 0) {
+        showVendita(v, d.idMovimento, -1, d.extraProg, -1);
+    }
+    return false;
+}
+
+bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento) {
+    const StatoPrimaDelSalvataggio prima(v);
+    if (!gAdo.beginTrasaction(".saveRecord" + gNomeModulo)) return false;
+    const Clessidra clessidra(v.schermo.operatore());
+    Documento d;
+    try {
+        d.data = conversione ? orologio().oggi() : QDate::fromString(v.txtData.testo(), "dd/MM/yyyy");
+        d.tipo = conversione ? tipoDocumento : gTipoDocVb;
+        if (!scriviNeiLibri(v, d)) {
+            prima.ripristina(v);
+            gAdo.rollbackTrasaction(sorgente());
+            return false;
+        }
+    } catch (const std::exception&) {
+        return confermaDopoErrore(v, d, prima);
+    }
+    if (!gAdo.commitTrasaction(sorgente())) {
+        prima.ripristina(v);
+        return false;
+    }
+    segnaSalvata(v, d);
+    return true;
+}
+
+}  // namespace
+
+bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
+    if (v.flxVB.righe() < 2) {
+        v.schermo.operatore().messaggio(
+            "Attenzione! non vi è nessun elemento da salvare.\nAggiungere almeno un prodotto",
+            Icona::Informazione);
+        return false;
+    }
+    if (!conversione && v.chkPagato.valore() == 1 && v.cliente() != gClientePredefinito)
+        v.idPagamento = gPagamentoVB;
+    if (!controllaInserimento(v) || !controllaDataStampa(v)) return false;
+    return salvaInTransazione(v, conversione, tipoDocumento);
+}
+
+bool controllaInserimento(Vendita& v) {
+    QString righe;
+    if (v.cliente() <= 0) righe += "\n - Campo [Cliente] Obbligatorio.";
+    if (v.txtData.testo().trimmed().isEmpty()) righe += "\n - Campo [Data] Obbligatorio.";
+    if (righe.isEmpty()) return true;
+    v.schermo.operatore().messaggio("Attenzione:" + righe, Icona::Esclamazione);
+    return false;
+}
+
+bool controllaDataStampa(Vendita& v) {
+    const QString stampa = v.lblDataStampa.testo();
+    if (v.cliente() == gClientePredefinito || stampa.trimmed().isEmpty()) return true;
+    const bool continua =
+        v.schermo.operatore().chiedeSi("Attenzione il documetno selezionato risulta gia stampato in data " +
+                                           stampa + ".\nSicuri di voler continuare con le modifiche?",
+                                       Icona::Esclamazione);
+    if (!continua) v.venditaModificata = false;
+    return continua;
+}
