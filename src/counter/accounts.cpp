@@ -1,0 +1,160 @@
+#include "counter/accounts.h"
+
+#include <algorithm>
+
+#include "core/errors.h"
+#include "core/globals.h"
+#include "core/numbers.h"
+#include "core/value_helpers.h"
+#include "counter/captions.h"
+#include "counter/commands.h"
+#include "counter/save_question.h"
+#include "data/client_settings.h"
+#include "data/settings_store.h"
+#include "sale/customer.h"
+#include "sale/document_info.h"
+#include "sale/grid.h"
+#include "sale/recall.h"
+#include "sale/row_editor.h"
+#include "sale/sale_document.h"
+
+std::array<ContoAperto, contiMassimi>& gConti = *new std::array<ContoAperto, contiMassimi>;
+
+namespace {
+
+std::function<Conto*(int)> fabbricaConti;
+std::function<void()> chiudi;
+
+constexpr unsigned coloreContoAperto = 0x00FF00;
+constexpr unsigned coloreContoCorrente = 0xFF8000;
+
+ContoAperto& posto(int indice) {
+    if (indice < 0 || indice >= contiMassimi) throw RunTimeError(RunTimeError::IndiceNonValido);
+    return gConti[static_cast<size_t>(indice)];
+}
+
+// The sale has no customer, and waits for one.
+void vuotaCliente(Vendita& v) {
+    v.txtCodCliente.testo({});
+    v.txtCodCliente.tag("-1");
+    v.lblDescCliente.testo({});
+    v.schermo.fuoco(v.txtCodCliente);
+}
+
+// What a screen shows before its first sale.
+void Form_Load(Conto& conto) {
+    Vendita& v = conto.vendita();
+    v.modificaConsentita = true;
+    v.lblTotConto.testo(formattaImporto(0.0, 2));
+    v.lblMainDisplay.testoETag(formattaImporto(0.0, 2));
+    v.lblCassa.testo(QString::number(gIDCassa));
+    v.lblRegCassa.visibile(!gRegCassa.isEmpty());
+    v.pctIVA.visibile(false);
+    v.cmdAddRow.visibile(false);
+    impostaCampiPrezzo(v);
+    const QString like = impostazioni().leggi(applicazioneClient, "Options", "ChkLike_Prodotto", "0");
+    v.chkCodiceProdotto.valore(Val(like) != 0.0 ? 1 : 0);
+}
+
+Conto* contoDavanti() {
+    for (const ContoAperto& conto : gConti) {
+        if (conto) return conto.get();
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+Conto::Conto(int indice) : mVendita(indice, *this) {
+    scriviDidascalie(mVendita);
+}
+
+void Conto::premiComando(int comando) {
+    cmdComando_Click(*this, comando);
+}
+
+void Conto::premiOperatore() {}
+
+bool Conto::apriNuovoConto(const QString& codiceCliente) {
+    const auto libero = std::find(gConti.begin(), gConti.end(), nullptr);
+    if (libero == gConti.end()) {
+        operatore().messaggio("Nessun conto disponibile!\nChiudere prima un conto e riprovare.",
+                              OperatorPort::Icona::Critica);
+        return false;
+    }
+    const int indice = static_cast<int>(libero - gConti.begin());
+    cmdConto_Click(*this, indice);
+    Conto* nuovo = posto(indice).get();
+    if (nuovo == nullptr) return false;
+    if (codiceCliente.isEmpty()) {
+        vuotaCliente(nuovo->vendita());
+    } else {
+        nuovo->vendita().txtCodCliente.testo(codiceCliente);
+        txtCodCliente_Invio(nuovo->vendita());
+    }
+    return true;
+}
+
+void Conto::scarica() {
+    mVendita.inChiusura = true;
+    ContoAperto questo = std::move(posto(mVendita.indice));
+    if (std::all_of(gConti.begin(), gConti.end(), [](const ContoAperto& c) { return !c; }) && chiudi)
+        chiudi();
+}
+
+void impostaFabbricaConti(std::function<Conto*(int indice)> fabbrica) {
+    fabbricaConti = std::move(fabbrica);
+}
+
+void impostaChiudiApplicazione(std::function<void()> chiudiApplicazione) {
+    chiudi = std::move(chiudiApplicazione);
+}
+
+void getConto(int indice, bool aperturaDaConto) {
+    ContoAperto& conto = posto(indice);
+    if (conto) {
+        conto->mostra();
+        return;
+    }
+    conto.reset(fabbricaConti(indice));
+    Form_Load(*conto);
+    startMe(*conto, -1, 0, 0);
+    if (conto && aperturaDaConto) vuotaCliente(conto->vendita());
+}
+
+void startMe(Conto& conto, int nuovo, int ridVendita, int idPagamento) {
+    Vendita& v = conto.vendita();
+    const Clessidra clessidra(conto.operatore());
+    v.lblConto.testo(QString::number(v.indice + 1));
+    v.preferitiInPrimoPiano =
+        getBoolByChek(impostazioni().leggi(applicazioneClient, "Client", "PreferitiTopMost", "0"));
+    setInfoDocumento(v, gTipoDocVb);
+    setNuovoPagamento(v, idPagamento > 0 ? idPagamento : gCausalePagVb);
+    v.txtCodCliente.tag(QString::number(gClientePredefinito));
+    formattaGriglia(v);
+    v.lblVenditore.tag(QString::number(gIDVenditore));
+    v.lblVenditore.testo(gDescVenditore);
+    conto.mostra();
+    if (nuovo < 0) nuovoDocumento(v);
+    if (!v.inChiusura && ridVendita > 0) showVendita(v, ridVendita, -1, 1, -1);
+}
+
+bool attivaConto(Conto& conto) {
+    Vendita& v = conto.vendita();
+    for (int i = 0; i < contiMassimi; ++i) {
+        const bool aperto = posto(i) != nullptr;
+        v.cmdConto[static_cast<size_t>(i)].colori(aperto ? std::optional(coloreContoAperto) : std::nullopt,
+                                                  std::nullopt);
+    }
+    v.cmdConto[static_cast<size_t>(v.indice)].colori(coloreContoCorrente, std::nullopt);
+    return !gModaleAperta;
+}
+
+bool chiudiTuttiIConti() {
+    while (Conto* conto = contoDavanti()) {
+        conto->mostra();
+        if (chiediSalvataggio(*conto)) return false;
+        conto->scarica();
+    }
+    return true;
+}

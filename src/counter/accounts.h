@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "sale/schermo.h"
+#include "sale/vendita.h"
+
+// An open account: a screen with a sale of its own. The window and the headless script are its two kinds.
+class Conto : public SchermoVendita {
+  public:
+    explicit Conto(int indice);
+
+    Vendita& vendita() { return mVendita; }
+    // The field being typed in, also while another window is in front; nothing when there is none.
+    Campo* campoAttivo() const { return mCampoAttivo; }
+    void campoAttivo(Campo* campo) { mCampoAttivo = campo; }
+    // Whether a held cursor key has stepped since it went down.
+    bool passoFatto = false;
+    // Shows the screen, in front of the others.
+    virtual void mostra() = 0;
+    // The screen's end: the object goes as soon as no procedure of its own is running.
+    virtual void elimina() = 0;
+
+    void premiComando(int comando) override;
+    void premiOperatore() override;
+    bool apriNuovoConto(const QString& codiceCliente) override;
+    void scarica() override;
+
+  private:
+    Vendita mVendita;
+    Campo* mCampoAttivo = nullptr;
+};
+
+struct EliminaConto {
+    void operator()(Conto* conto) const { conto->elimina(); }
+};
+using ContoAperto = std::unique_ptr<Conto, EliminaConto>;
+
+constexpr int contiMassimi = 4;
+
+// The open accounts; an unused place is empty. They are never destroyed with the process: their windows may
+// have gone before.
+extern std::array<ContoAperto, contiMassimi>& gConti;
+
+// How a screen is made, and what happens when the last one has gone: set at start.
+void impostaFabbricaConti(std::function<Conto*(int indice)> fabbrica);
+void impostaChiudiApplicazione(std::function<void()> chiudi);
+
+// Opens the account or shows it. With `aperturaDaConto` a new one starts without a customer. An index out
+// of 0 to 3: RunTimeError 9.
+void getConto(int indice, bool aperturaDaConto);
+
+// The entry of a screen: brings a new one up. `nuovoDocumento` negative starts an empty sale; `ridVendita`
+// and `idPagamento` above 0 show that sale and take that payment.
+void startMe(Conto& conto, int nuovoDocumento, int ridVendita, int idPagamento);
+
+// The account buttons' colours as this screen shows them; run at every activation. True when the screen
+// should give the focus to its first field.
+bool attivaConto(Conto& conto);
+
+// Offers to save every open sale and closes its account; true when all are closed.
+bool chiudiTuttiIConti();

@@ -1,0 +1,86 @@
+#include "counter/fields.h"
+
+#include "counter/accounts.h"
+#include "sale/customer.h"
+#include "sale/line_pricing.h"
+#include "sale/product_entry.h"
+
+namespace {
+
+using RegolaFuoco = void (*)(Vendita&);
+
+struct VoceRegola {
+    Campo Vendita::*campo;
+    RegolaFuoco regola;
+};
+
+// The fields that have a rule of their own when they are left.
+const VoceRegola regole[] = {
+    {&Vendita::txtQta, txtQta_LostFocus},
+    {&Vendita::txtPrezzoListino, txtPrezzoListino_LostFocus},
+    {&Vendita::txtPrezzoListinoLordo, txtPrezzoListinoLordo_LostFocus},
+    {&Vendita::txtPrezzoNetto, txtPrezzoNetto_LostFocus},
+    {&Vendita::txtPrezzoFinito, txtPrezzoFinito_LostFocus},
+    {&Vendita::TxtPrezzoRiga, TxtPrezzoRiga_LostFocus},
+    {&Vendita::txtSconto1, [](Vendita& v) { txtSconto_LostFocus(v, v.txtSconto1); }},
+    {&Vendita::txtSconto2, [](Vendita& v) { txtSconto_LostFocus(v, v.txtSconto2); }},
+    {&Vendita::txtSconto3, [](Vendita& v) { txtSconto_LostFocus(v, v.txtSconto3); }},
+};
+
+void lasciaCampo(Conto& conto, Campo& campo) {
+    Vendita& v = conto.vendita();
+    if (CTextBox* casella = v.caselle.di(campo)) {
+        casella->validate();
+        casella->lostFocus();
+    }
+    for (const auto& [membro, regola] : regole) {
+        if (&(v.*membro) == &campo && !campo.bloccato()) regola(v);
+    }
+}
+
+}  // namespace
+
+std::optional<QChar> tastoInCampo(Conto& conto, Campo& campo, QChar tasto) {
+    Vendita& v = conto.vendita();
+    std::optional<QChar> passa = tasto;
+    if (&campo == &v.txtCodProdotto) passa = txtCodProdotto_KeyPress(v, tasto);
+    if (&campo == &v.txtCodCliente && tasto == u'\r' && !campo.bloccato()) txtCodCliente_Invio(v);
+    if (!passa) return std::nullopt;
+    CTextBox* casella = v.caselle.di(campo);
+    return casella != nullptr ? casella->keyPress(*passa) : passa;
+}
+
+void fuocoPassa(Conto& conto, Campo* nuovo) {
+    Campo* lasciato = conto.campoAttivo();
+    if (lasciato == nuovo) return;
+    conto.campoAttivo(nuovo);
+    if (lasciato != nullptr) lasciaCampo(conto, *lasciato);
+    if (nuovo == nullptr || nuovo != conto.campoAttivo()) return;
+    if (CTextBox* casella = conto.vendita().caselle.di(*nuovo)) casella->gotFocus();
+}
+
+void terminaCampo(Conto& conto) {
+    if (Campo* campo = conto.campoAttivo()) lasciaCampo(conto, *campo);
+}
+
+std::vector<Campo*> ordineTab(Vendita& v) {
+    return {&v.txtCodProdotto,
+            &v.txtDescProdotto,
+            &v.txtQta,
+            &v.txtPrezzoListino,
+            &v.txtPrezzoListinoLordo,
+            &v.txtSconto1,
+            &v.txtSconto2,
+            &v.txtSconto3,
+            &v.txtPrezzoNetto,
+            &v.txtPrezzoFinito,
+            &v.TxtPrezzoRiga,
+            &v.txtIVA,
+            &v.txtData,
+            &v.txtProg,
+            &v.txtSottoProg,
+            &v.txtNumDoc,
+            &v.chkPrezziIva,
+            &v.txtCodCliente,
+            &v.chkPagato};
+}

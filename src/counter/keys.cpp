@@ -1,0 +1,106 @@
+#include "counter/keys.h"
+
+#include <Qt>
+
+#include "core/globals.h"
+#include "counter/accounts.h"
+#include "counter/fields.h"
+#include "sale/grid.h"
+#include "sale/product_entry.h"
+
+namespace {
+
+constexpr int intervalloTasti = 100;  // milliseconds between two steps of a held cursor key
+
+// The command that a function key presses; -1 for none.
+int comandoDelTasto(int tasto) {
+    switch (tasto) {
+        case Qt::Key_F2:
+            return 0;
+        case Qt::Key_F5:
+            return 9;
+        case Qt::Key_F6:
+            return 15;
+        case Qt::Key_F8:
+            return 5;
+        case Qt::Key_F9:
+            return 6;
+        case Qt::Key_F10:
+            return 7;
+        case Qt::Key_F11:
+            return 12;
+        case Qt::Key_F12:
+            return 8;
+        default:
+            return -1;
+    }
+}
+
+int comandoConShift(int tasto) {
+    switch (tasto) {
+        case Qt::Key_Left:
+            return 1;
+        case Qt::Key_Right:
+            return 2;
+        case Qt::Key_F7:
+            return 4;
+        default:
+            return -1;
+    }
+}
+
+bool premi(Conto& conto, int comando) {
+    if (comando < 0) return false;
+    conto.premiComando(comando);
+    return true;
+}
+
+bool fermaPassi(Conto& conto) {
+    Vendita& v = conto.vendita();
+    conto.fermaTimer(SchermoVendita::Timer::Tasti);
+    // A tap shorter than the timer still moves one row.
+    if (!conto.passoFatto) TimerKeys_Timer(v);
+    conto.passoFatto = true;
+    v.direzioneTasti = 0;
+    return true;
+}
+
+}  // namespace
+
+bool Form_KeyDown(Conto& conto, int tasto, int modificatori) {
+    Vendita& v = conto.vendita();
+    v.tastoShift = (modificatori & Qt::ShiftModifier) != 0 || tasto == Qt::Key_Shift;
+    v.tastoCtrl = (modificatori & Qt::ControlModifier) != 0 || tasto == Qt::Key_Control;
+    const bool su = tasto == Qt::Key_Up;
+    if (!su && tasto != Qt::Key_Down) return false;
+    const int direzione = su ? 1 : 2;
+    if (v.direzioneTasti != direzione) {
+        v.direzioneTasti = direzione;
+        conto.passoFatto = false;
+        conto.avviaTimer(SchermoVendita::Timer::Tasti, intervalloTasti);
+    }
+    return true;
+}
+
+bool Form_KeyPress(Conto& conto, QChar carattere) {
+    if (gLaserChar.isEmpty() || carattere != gLaserChar[0]) return false;
+    terminaCampo(conto);
+    iniziaScansione(conto.vendita());
+    return true;
+}
+
+bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
+    Vendita& v = conto.vendita();
+    if (tasto == Qt::Key_Shift) v.tastoShift = false;
+    if (tasto == Qt::Key_Control) v.tastoCtrl = false;
+    // A cursor key that comes up ends its steps whatever else is held.
+    if (tasto == Qt::Key_Up || tasto == Qt::Key_Down) return fermaPassi(conto);
+    const int stato = modificatori & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    if (stato == Qt::ShiftModifier) return premi(conto, comandoConShift(tasto));
+    if (stato != Qt::NoModifier) return false;
+    if (tasto == Qt::Key_F4) {
+        v.chkCodiceProdotto.valore(v.chkCodiceProdotto.valore() == 1 ? 0 : 1);
+        return true;
+    }
+    return premi(conto, comandoDelTasto(tasto));
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QChar>
+
+class Conto;
+
+// The keys as the screen sees them before its fields do. Codes are Qt::Key, modifiers Qt::KeyboardModifiers.
+
+// A key goes down: true when it is consumed.
+bool Form_KeyDown(Conto& conto, int tasto, int modificatori);
+// A character comes: true when it is consumed (the scanner's prefix).
+bool Form_KeyPress(Conto& conto, QChar carattere);
+// A key comes up: the function keys press their commands. True when it is consumed.
+bool Form_KeyUp(Conto& conto, int tasto, int modificatori);

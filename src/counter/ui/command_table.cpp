@@ -1,0 +1,67 @@
+#include "counter/ui/command_table.h"
+
+#include <array>
+
+#include "counter/ui/style.h"
+#include "sale/vendita.h"
+
+namespace {
+
+constexpr bool presto = true;
+constexpr bool pronto = false;
+
+const std::array<VoceComando, CampiVendita::numeroComandi>& comandi() {
+    static const std::array<VoceComando, CampiVendita::numeroComandi> tabella{{
+        {"Nuova vendita", "Comincia una nuova vendita", pronto},
+        {"Vendita precedente", "mostra la vendita precedente", presto},
+        {"Vendita successiva", "mostra la vendita successiva", presto},
+        {"Vai a una vendita", "apre una vendita per numero o per data", presto},
+        {"Cancella la vendita", "cancella la vendita salvata", presto, ruoli::distruttivo},
+        {"Nuovo conto", "apre un altro conto e cerca il cliente", presto},
+        {"Cancella la riga", "Toglie la riga selezionata", pronto, ruoli::distruttivo},
+        {"Chiudi il conto", "Chiude questo conto", pronto},
+        {"Stampa", "stampa il documento della vendita", presto},
+        {"Salva la vendita", "Salva la vendita e invia lo scontrino", pronto, ruoli::principale},
+        {"Altri pagamenti", "cambia il pagamento della vendita", presto},
+        {"Apri Bottegon", "apre il programma gestionale", presto},
+        {"Vendite sospese", "elenca le vendite salvate e non stampate", presto},
+        {"Converti la vendita", "trasforma la vendita in un altro documento", presto},
+        {"Ricopia la vendita", "ricopia la vendita in un nuovo conto", presto},
+        {"Nuova riga", "Conferma la riga e ne comincia un'altra", pronto},
+        {"Sconto immediato", "applica alla riga lo sconto immediato", presto, nullptr, "SCONTO"},
+        {"Incasso", "registra un incasso dal cliente", presto},
+        {"Elenco dei movimenti", "elenca i movimenti di questa cassa", presto},
+        {"Movimenti del cliente", "Fai click per visualizzare i Movimenti del cliente selezionato", presto,
+         nullptr, "MOV. CLI."},
+    }};
+    return tabella;
+}
+
+const std::array<VoceComando, CampiVendita::numeroConti>& conti() {
+    static const std::array<VoceComando, CampiVendita::numeroConti> tabella{{
+        {"Conto 1", "Passa al conto 1, la cassa del giorno", pronto},
+        {"Conto 2", "Passa al conto 2", pronto},
+        {"Conto 3", "Passa al conto 3", pronto},
+        {"Conto 4", "Passa al conto 4", pronto},
+        {"Vai alla data", "Passa alla data della vendita", pronto},
+        {"Cerca il cliente", "cerca un cliente", presto},
+        {"Cerca il progressivo", "cerca una vendita per numero", presto},
+        {"Cerca il prodotto", "cerca un prodotto", presto},
+        {"Vai alla quantità", "Passa alla quantità", pronto},
+        {"Vai al prezzo di listino", "Passa al prezzo di listino", pronto},
+        {"Informazioni sul prodotto", "mostra tutto del prodotto", presto},
+        {"Vai agli sconti", "Passa agli sconti", pronto},
+        {"Vai al prezzo", "Passa al prezzo della riga", pronto},
+        {"Cerca il codice IVA", "cerca un codice IVA", presto},
+    }};
+    return tabella;
+}
+
+}  // namespace
+
+const VoceComando& voceComando(int indice) {
+    return comandi().at(static_cast<size_t>(indice));
+}
+const VoceComando& voceConto(int indice) {
+    return conti().at(static_cast<size_t>(indice));
+}

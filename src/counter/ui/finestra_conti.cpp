@@ -1,0 +1,45 @@
+#include "counter/ui/finestra_conti.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QStackedWidget>
+
+#include "counter/ui/frmMain.h"
+
+FinestraConti::FinestraConti(const QString& titolo) : mPagine(new QStackedWidget(this)) {
+    setObjectName("FinestraConti");
+    setWindowTitle(titolo);
+    auto* tutto = new QVBoxLayout(this);
+    tutto->setContentsMargins(0, 0, 0, 0);
+    tutto->addWidget(mPagine);
+}
+
+void FinestraConti::mostra(frmMain* pagina) {
+    const bool cambia = davanti() != pagina;
+    if (mPagine->indexOf(pagina) < 0) mPagine->addWidget(pagina);
+    mPagine->setCurrentWidget(pagina);
+    if (!isVisible()) showMaximized();
+    raise();
+    activateWindow();
+    if (cambia) pagina->attivata();
+}
+
+void FinestraConti::togli(frmMain* pagina) {
+    mPagine->removeWidget(pagina);
+    pagina->hide();
+    if (frmMain* altra = davanti()) altra->attivata();
+}
+
+frmMain* FinestraConti::davanti() const {
+    return qobject_cast<frmMain*>(mPagine->currentWidget());
+}
+
+void FinestraConti::richiama() {
+    showMaximized();
+    raise();
+    activateWindow();
+}
+
+void FinestraConti::closeEvent(QCloseEvent* evento) {
+    evento->setAccepted(chiudiTuttiIConti());
+}

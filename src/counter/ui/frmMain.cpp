@@ -1,0 +1,218 @@
+#include "counter/ui/frmMain.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include "core/errors.h"
+#include "core/numbers.h"
+#include "counter/commands.h"
+#include "counter/fields.h"
+#include "counter/keys.h"
+#include "counter/ui/assembly.h"
+#include "counter/ui/finestra_conti.h"
+#include "counter/ui/grid_view.h"
+#include "data/gateway.h"
+#include "kit/ui/campo_edit.h"
+#include "kit/ui/frmSelectElement.h"
+#include "sale/grid.h"
+#include "sale/row_editor.h"
+
+namespace {
+
+constexpr int comandoNuovaRiga = 15;
+
+}  // namespace
+
+template <class Corpo>
+auto frmMain::evento(const char* nome, Corpo&& corpo) {
+    struct Esecuzione {
+        frmMain& schermo;
+        explicit Esecuzione(frmMain& f) : schermo(f) { ++schermo.mInCorso; }
+        ~Esecuzione() {
+            if (--schermo.mInCorso == 0 && schermo.mDaEliminare) schermo.deleteLater();
+        }
+    };
+    const Esecuzione inCorso(*this);
+    if constexpr (std::is_void_v<std::invoke_result_t<Corpo>>) {
+        protetto(moduloFrmMain, nome, corpo);
+    } else {
+        return protetto(moduloFrmMain, nome, corpo, std::invoke_result_t<Corpo>{});
+    }
+}
+
+frmMain::frmMain(int indice, FinestraConti& finestra, OperatorPort& operatore)
+    : Conto(indice), mFinestra(finestra), mOperatore(operatore) {
+    setObjectName("frmMain_" + QString::number(indice));
+    costruisci();
+    collegaGriglia();
+    collegaTimer();
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* nuovo) { fuocoCambiato(nuovo); });
+}
+
+frmMain::~frmMain() {
+    // The widgets show the sale: they go before it.
+    disconnect(qApp, nullptr, this, nullptr);
+    delete mContenuto;
+    ContoAperto& posto = gConti[static_cast<size_t>(vendita().indice)];
+    if (posto.get() == this) posto.release();
+}
+
+void frmMain::mostra() {
+    mFinestra.mostra(this);
+}
+
+void frmMain::elimina() {
+    mDaEliminare = true;
+    for (QTimer& timer : mTimer) {
+        timer.stop();
+    }
+    mFinestra.togli(this);
+    if (mInCorso == 0) deleteLater();
+}
+
+void frmMain::attivata() {
+    if (mDaEliminare) return;
+    evento("Form_Activate", [this] {
+        Vendita& v = vendita();
+        if (!attivaConto(*this)) return;
+        fuoco(Val(v.txtCodCliente.testo()) == 0.0 ? v.txtCodCliente : v.txtCodProdotto);
+    });
+}
+
+void frmMain::fuoco(Campo& campo) {
+    QWidget* widget = mContenuto->findChild<QWidget*>(campo.nome());
+    if (widget != nullptr && campo.abilitato() && campo.visibile()) widget->setFocus(Qt::OtherFocusReason);
+}
+
+void frmMain::ridisegno(bool acceso) {
+    mGriglia->ridisegno(acceso);
+}
+
+void frmMain::mostraRiga(int riga) {
+    mGriglia->mostraRiga(riga);
+}
+
+bool frmMain::selezionaElemento(Recordset& righe, const QString& colonne) {
+    frmSelectElement elenco(window());
+    elenco.startMe(righe, colonne, false, false);
+    return elenco.elementoSelezionato();
+}
+
+// ---- Buttons and fields
+
+EventiSchermo frmMain::eventi() {
+    return {
+        .tasto =
+            [this](Campo& campo, QChar tasto) {
+                return evento("KeyPress", [&] { return tastoInCampo(*this, campo, tasto); });
+            },
+        .comando = [this](int i) { evento("cmdComando_Click", [&] { cmdComando_Click(*this, i); }); },
+        .conto = [this](int i) { evento("cmdConto_Click", [&] { cmdConto_Click(*this, i); }); },
+        .operatore = [this] { evento("cmdOperatore_Click", [&] { premiOperatore(); }); },
+        .aggiungiRiga = [this] { evento("cmdAddRow_Click", [&] { premiComando(comandoNuovaRiga); }); },
+        .spunta = [this](Campo& campo, bool premuta) { spuntaPremuta(campo, premuta); },
+    };
+}
+
+// ---- Grid
+
+void frmMain::collegaGriglia() {
+    connect(mGriglia, &GrigliaVendita::rigaCambiata, this,
+            [this](int riga) { evento("flxVB_RowColChange", [&] { flxVB_RowColChange(vendita(), riga); }); });
+    connect(mGriglia, &GrigliaVendita::rigaPremuta, this,
+            [this](int riga) { evento("flxVB_Click", [&] { flxVB_Click(vendita(), riga); }); });
+}
+
+// ---- Timers
+
+void frmMain::collegaTimer() {
+    for (size_t i = 0; i < numeroTimer; ++i) {
+        connect(&mTimer[i], &QTimer::timeout, this, [this, i] { scaduto(static_cast<Timer>(i)); });
+    }
+    mTimer[static_cast<size_t>(Timer::Griglia)].setSingleShot(true);
+}
+
+void frmMain::avviaTimer(Timer timer, int millisecondi) {
+    mTimer[static_cast<size_t>(timer)].start(millisecondi);
+}
+
+void frmMain::fermaTimer(Timer timer) {
+    mTimer[static_cast<size_t>(timer)].stop();
+}
+
+void frmMain::scaduto(Timer timer) {
+    if (mDaEliminare) return;
+    if (gAdo.inTransazione()) {
+        // A query of ours would run inside that transaction: try again at the next interval.
+        mTimer[static_cast<size_t>(timer)].start();
+        return;
+    }
+    Vendita& v = vendita();
+    switch (timer) {
+        case Timer::Griglia:
+            evento("TimerGrid_Timer", [&] { TimerGrid_Timer(v); });
+            break;
+        case Timer::Tasti:
+            evento("TimerKeys_Timer", [&] { TimerKeys_Timer(v); });
+            break;
+        case Timer::Fido:
+            v.pctFido.visibile(!v.pctFido.visibile());
+            break;
+        case Timer::Segnala:
+            v.pctSegnala.visibile(!v.pctSegnala.visibile());
+            break;
+    }
+}
+
+// ---- Keys: the screen sees them before its fields do
+
+bool frmMain::eventFilter(QObject* oggetto, QEvent* evento) {
+    switch (evento->type()) {
+        case QEvent::KeyPress:
+            return tastoGiu(*static_cast<QKeyEvent*>(evento));
+        case QEvent::KeyRelease:
+            return tastoSu(*static_cast<QKeyEvent*>(evento));
+        default:
+            return QWidget::eventFilter(oggetto, evento);
+    }
+}
+
+bool frmMain::tastoGiu(const QKeyEvent& tasto) {
+    mTastiPremuti.insert(tasto.key());
+    return evento("Form_KeyDown", [&] {
+        if (Form_KeyDown(*this, tasto.key(), static_cast<int>(tasto.modifiers()))) return true;
+        const QString testo = tasto.text();
+        const bool comando = tasto.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+        return !comando && testo.size() == 1 && testo[0].isPrint() && Form_KeyPress(*this, testo[0]);
+    });
+}
+
+bool frmMain::tastoSu(const QKeyEvent& tasto) {
+    if (tasto.isAutoRepeat()) return true;
+    // Pressed in another window, as the Enter that closed a box: not meant for this one.
+    if (!mTastiPremuti.remove(tasto.key())) return false;
+    return evento("Form_KeyUp",
+                  [&] { return Form_KeyUp(*this, tasto.key(), static_cast<int>(tasto.modifiers())); });
+}
+
+void frmMain::changeEvent(QEvent* evento) {
+    QWidget::changeEvent(evento);
+    // A key that is held while another window comes up is released there.
+    if (evento->type() == QEvent::ActivationChange && !isActiveWindow()) mTastiPremuti.clear();
+}
+
+// ---- Focus
+
+void frmMain::fuocoCambiato(QWidget* nuovo) {
+    // Gone to a box, a menu, another window or another account: the field is still being typed in.
+    if (mDaEliminare || nuovo == nullptr || !mContenuto->isAncestorOf(nuovo)) return;
+    vendita().grigliaConFocus = nuovo == mGriglia;
+    auto* casella = qobject_cast<CampoEdit*>(nuovo);
+    Campo* preso = casella == nullptr ? nullptr : &casella->campo();
+    evento("LostFocus", [&] { fuocoPassa(*this, preso); });
+}
+
+void frmMain::spuntaPremuta(Campo& campo, bool premuta) {
+    campo.valore(premuta ? 1 : 0);
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <array>
+
+#include <QSet>
+#include <QTimer>
+#include <QWidget>
+
+#include "counter/accounts.h"
+
+class FinestraConti;
+class GrigliaVendita;
+class QKeyEvent;
+struct EventiSchermo;
+
+// The counter screen of one account: binds the sale's fields to widgets and hands what the operator does
+// to the rules. It knows none of them.
+class frmMain final : public QWidget, public Conto {
+    Q_OBJECT
+  public:
+    frmMain(int indice, FinestraConti& finestra, OperatorPort& operatore);
+    ~frmMain() override;
+
+    // The screen came to the front, in another's place. A box that closes over it is no such event.
+    void attivata();
+
+    // ---- Conto
+    void mostra() override;
+    void elimina() override;
+
+    // ---- SchermoVendita
+    OperatorPort& operatore() override { return mOperatore; }
+    void fuoco(Campo& campo) override;
+    void ridisegno(bool acceso) override;
+    void mostraRiga(int riga) override;
+    void avviaTimer(Timer timer, int millisecondi) override;
+    void fermaTimer(Timer timer) override;
+    bool selezionaElemento(Recordset& righe, const QString& colonne) override;
+    void mostraVistaIva() override;
+
+  protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
+
+  private:
+    static constexpr size_t numeroTimer = 4;
+
+    // The layout, once.
+    void costruisci();
+    void impostaOrdineTab();
+    EventiSchermo eventi();
+    void collegaGriglia();
+    void collegaTimer();
+
+    bool tastoGiu(const QKeyEvent& evento);
+    bool tastoSu(const QKeyEvent& evento);
+    void fuocoCambiato(QWidget* nuovo);
+    void spuntaPremuta(Campo& campo, bool premuta);
+    void scaduto(Timer timer);
+    // Runs what a rule has to do on an event: its errors end here, and the screen outlives it.
+    template <class Corpo>
+    auto evento(const char* nome, Corpo&& corpo);
+
+    FinestraConti& mFinestra;
+    OperatorPort& mOperatore;
+    QWidget* mContenuto = nullptr;
+    GrigliaVendita* mGriglia = nullptr;
+    std::array<QTimer, numeroTimer> mTimer;
+    QSet<int> mTastiPremuti;  // keys that went down on this screen and are not up yet
+    int mInCorso = 0;         // events whose rules are running, one inside the other
+    bool mDaEliminare = false;
+};

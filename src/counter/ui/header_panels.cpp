@@ -1,0 +1,151 @@
+#include <QCheckBox>
+#include <QEvent>
+#include <QFrame>
+#include <QLabel>
+
+#include "counter/ui/assembly.h"
+#include "counter/ui/command_button.h"
+#include "counter/ui/panels.h"
+#include "counter/ui/style.h"
+#include "kit/ui/campo_edit.h"
+#include "sale/vendita.h"
+
+namespace {
+
+constexpr int larghezzaConto = 92;
+constexpr int larghezzaImporto = 92;
+constexpr int larghezzaNumero = 78;
+
+// The words below an account's name, so that its colour is not alone in telling its state.
+void diciStatoConto(PulsanteComando& pulsante, const Campo& campo, bool diQuestoSchermo) {
+    const bool libero = !campo.coloreFondo().has_value();
+    pulsante.sottotitolo(libero ? "libero" : diQuestoSchermo ? "in uso" : "aperto");
+}
+
+// The account's button repaints its state whenever its colour changes.
+class PulsanteConto final : public QObject {
+  public:
+    PulsanteConto(PulsanteComando& pulsante, const Campo& campo, bool diQuestoSchermo)
+        : QObject(&pulsante), mPulsante(pulsante), mCampo(campo), mDiQuestoSchermo(diQuestoSchermo) {
+        pulsante.installEventFilter(this);
+        diciStatoConto(mPulsante, mCampo, mDiQuestoSchermo);
+    }
+    bool eventFilter(QObject*, QEvent* evento) override {
+        if (evento->type() == QEvent::StyleChange) diciStatoConto(mPulsante, mCampo, mDiQuestoSchermo);
+        return false;
+    }
+
+  private:
+    PulsanteComando& mPulsante;
+    const Campo& mCampo;
+    bool mDiQuestoSchermo;
+};
+
+void aggiungiConti(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
+    for (int i = 0; i < 4; ++i) {
+        PulsanteComando* pulsante = m.conto(i, padre);
+        pulsante->setMinimumWidth(larghezzaConto);
+        new PulsanteConto(*pulsante, m.v.cmdConto[static_cast<size_t>(i)], i == m.v.indice);
+        riga.addWidget(pulsante);
+    }
+}
+
+void aggiungiCoppia(QHBoxLayout& riga, const QString& didascalia, QLabel* valore, QWidget* padre) {
+    riga.addWidget(nuovaDidascalia(didascalia, ruoli::didascalia, padre));
+    riga.addWidget(valore);
+}
+
+// A small text above or below a larger one, in the height of a box.
+QVBoxLayout* pila(QLabel* sopra, QLabel* sotto) {
+    auto* colonna = nuovaDisposizione<QVBoxLayout>(0);
+    colonna->addStretch();
+    colonna->addWidget(sopra);
+    colonna->addWidget(sotto);
+    colonna->addStretch();
+    return colonna;
+}
+
+QVBoxLayout* pilaImporto(const QString& didascalia, QLabel* importo, QWidget* padre) {
+    importo->setMinimumWidth(larghezzaImporto);
+    importo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QLabel* sopra = nuovaDidascalia(didascalia, ruoli::didascalia, padre);
+    sopra->setAlignment(Qt::AlignRight);
+    return pila(sopra, importo);
+}
+
+// A light that blinks leaves its place free, so that nothing around it moves.
+QLabel* lampeggiante(QLabel* spia) {
+    QSizePolicy posto = spia->sizePolicy();
+    posto.setRetainSizeWhenHidden(true);
+    spia->setSizePolicy(posto);
+    return spia;
+}
+
+QHBoxLayout* rigaNumeri(const Montaggio& m, QWidget* padre) {
+    auto* riga = nuovaDisposizione<QHBoxLayout>(spazio);
+    const auto aggiungi = [&](Campo& campo, const QString& nome, int larghezza) {
+        CampoEdit* casella = m.campo(campo, nome, padre);
+        casella->setFixedWidth(larghezza);
+        riga->addWidget(casella);
+    };
+    riga->addWidget(m.conto(4, padre));
+    aggiungi(m.v.txtData, "Data della vendita", 122);
+    riga->addWidget(m.conto(6, padre));
+    aggiungi(m.v.txtProg, "Progressivo", larghezzaNumero);
+    riga->addWidget(nuovaDidascalia("/", ruoli::titolo, padre));
+    aggiungi(m.v.txtSottoProg, "Sottoprogressivo", larghezzaNumero);
+    riga->addWidget(nuovaDidascalia("N. doc.", ruoli::didascalia, padre));
+    aggiungi(m.v.txtNumDoc, "Numero del documento", larghezzaNumero);
+    riga->addStretch();
+    riga->addWidget(lampeggiante(m.spia(m.v.pctSegnala, "⚑ SEGNALATO", ruoli::avviso, padre)));
+    riga->addWidget(m.spunta(m.v.chkPrezziIva, "Prezzi IVA", padre));
+    return riga;
+}
+
+QHBoxLayout* rigaCliente(const Montaggio& m, QWidget* padre) {
+    auto* riga = nuovaDisposizione<QHBoxLayout>(spazio);
+    riga->addWidget(m.conto(5, padre));
+    CampoEdit* codice = m.campo(m.v.txtCodCliente, "Codice del cliente", padre);
+    codice->setFixedWidth(110);
+    riga->addWidget(codice);
+    QLabel* fascia = m.testo(m.v.lblFasciaScoCli, "Fascia del cliente", padre);
+    fascia->setProperty(ruoli::proprieta, ruoli::didascalia);
+    riga->addLayout(pila(m.testo(m.v.lblDescCliente, "Nome del cliente", padre), fascia), 1);
+    riga->addLayout(pilaImporto("Saldo", m.testo(m.v.lblSaldo, "Saldo del cliente", padre), padre));
+    riga->addLayout(pilaImporto("Fido", m.testo(m.v.lblFido, "Fido del cliente", padre), padre));
+    riga->addWidget(lampeggiante(m.spia(m.v.pctFido, "⚠ OLTRE FIDO", ruoli::allarme, padre)));
+    return riga;
+}
+
+}  // namespace
+
+QWidget* barraConti(const Montaggio& m, QWidget* padre) {
+    QFrame* barra = nuovoPannello(ruoli::barra, padre);
+    auto* riga = new QHBoxLayout(barra);
+    riga->setContentsMargins(spazio, spazio, spazio, spazio);
+    riga->setSpacing(spazio);
+    aggiungiConti(m, *riga, barra);
+    riga->addSpacing(spazio);
+    aggiungiCoppia(*riga, "Conto", m.testo(m.v.lblConto, "Numero del conto", barra), barra);
+    aggiungiCoppia(*riga, "Cassa", m.testo(m.v.lblCassa, "Numero della cassa", barra), barra);
+    riga->addWidget(m.spia(m.v.lblRegCassa, "● Registratore", ruoli::didascalia, barra));
+    riga->addStretch();
+    riga->addWidget(m.spia(m.v.pctPrint, "✓ Stampata", ruoli::didascalia, barra));
+    riga->addWidget(m.testo(m.v.lblDataStampa, "Data di stampa", barra));
+    riga->addWidget(m.spia(m.v.pctSave, "● Vendita non salvata", ruoli::avviso, barra));
+    riga->addWidget(m.testo(m.v.lblVenditore, "Operatore", barra));
+    PulsanteComando* operatore = m.pulsante(m.v.cmdOperatore, m.eventi().operatore, barra);
+    operatore->presto("inserisce il codice dell'operatore");
+    riga->addWidget(operatore);
+    return barra;
+}
+
+QWidget* pannelloTestata(const Montaggio& m, QWidget* padre) {
+    QFrame* pannello = nuovoPannello(ruoli::pannello, padre);
+    auto* colonna = new QVBoxLayout(pannello);
+    colonna->setContentsMargins(spazio, spazio, spazio, spazio);
+    colonna->setSpacing(spazio);
+    colonna->addLayout(rigaNumeri(m, pannello));
+    colonna->addLayout(rigaCliente(m, pannello));
+    return pannello;
+}
