@@ -1,0 +1,92 @@
+#include "app/program.h"
+
+#include <signal.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QSessionManager>
+#include <QSocketNotifier>
+
+#include "app/single_instance.h"
+#include "app/start_up.h"
+#include "backoffice/ui/frmOpzioni.h"
+#include "core/errors.h"
+#include "counter/accounts.h"
+#include "counter/ui/finestra_conti.h"
+#include "counter/ui/frmMain.h"
+#include "counter/ui/style.h"
+#include "data/settings_store.h"
+#include "kit/ui/frmInfo.h"
+#include "kit/ui/message_port.h"
+
+namespace {
+
+// A signal may come at any instruction: its handler only writes to a socket, which the event loop hears.
+int presaSegnali[2] = {-1, -1};
+
+void segnaleTermine(int) {
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t scritto = ::write(presaSegnali[0], &byte, sizeof byte);
+}
+
+// SIGTERM, SIGINT and SIGHUP ask to close, as the close box does.
+std::unique_ptr<QSocketNotifier> ascoltaSegnali(QWidget& finestra) {
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, presaSegnali) != 0)
+        return nullptr;
+    for (const int segnale : {SIGTERM, SIGINT, SIGHUP}) {
+        struct sigaction azione {};
+        azione.sa_handler = segnaleTermine;
+        azione.sa_flags = SA_RESTART;
+        ::sigaction(segnale, &azione, nullptr);
+    }
+    auto ascolto = std::make_unique<QSocketNotifier>(presaSegnali[1], QSocketNotifier::Read);
+    QObject::connect(ascolto.get(), &QSocketNotifier::activated, &finestra, [&finestra] {
+        char byte = 0;
+        // Before the first account is open the window's close ends nothing.
+        if (::read(presaSegnali[1], &byte, sizeof byte) > 0 && finestra.close()) chiudiApplicazione();
+    });
+    return ascolto;
+}
+
+// Logging out asks as the close box does, and waits for the answer.
+void ascoltaFineSessione(QWidget& finestra) {
+    QObject::connect(
+        qGuiApp, &QGuiApplication::commitDataRequest, &finestra,
+        [&finestra](QSessionManager& sessione) {
+            if (!sessione.allowsInteraction()) return;
+            if (!finestra.close()) sessione.cancel();
+            sessione.release();
+        },
+        Qt::DirectConnection);
+}
+
+}  // namespace
+
+int eseguiProgramma(int argc, char* argv[]) {
+    QApplication programma(argc, argv);
+    QApplication::setApplicationName("Bottegon");
+    QApplication::setQuitOnLastWindowClosed(false);
+    applicaStile(programma);
+
+    FinestraConti finestra(titoloFinestra());
+    QtOperatorPort operatore(&finestra);
+    frmInfo info;
+    SingleInstance istanza(SettingsOnDisk::cartellaUtente());
+    impostaFabbricaConti([&](int indice) { return new frmMain(indice, finestra, operatore); });
+    impostaChiudiApplicazione(&chiudiApplicazione);
+    const auto segnali = ascoltaSegnali(finestra);
+    ascoltaFineSessione(finestra);
+
+    const PortiAvvio porti{
+        .operatore = operatore,
+        .primaIstanza = [&] { return istanza.prima([&] { finestra.richiama(); }); },
+        .mostraInfo = [&](const QString& testo) { info.startMe(testo); },
+        .nascondiInfo = [&] { info.hide(); },
+        .apriOpzioni = [] { frmOpzioni().startMe(); },
+        .apriPrimoConto = [] { getConto(0, false); },
+        .setRegCassa = [] {},
+    };
+    if (!Main(porti)) chiudiApplicazione();
+    return QApplication::exec();
+}
