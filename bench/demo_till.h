@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QTemporaryDir>
+
+#include "doubles/conto_di_prova.h"
+
+// A till on a fresh demo shop, without a window, for the benchmarks. Questions are answered No.
+class TillDimostrativa {
+  public:
+    TillDimostrativa();
+    ~TillDimostrativa();
+    TillDimostrativa(const TillDimostrativa&) = delete;
+    TillDimostrativa& operator=(const TillDimostrativa&) = delete;
+
+    ContoDiProva& conto() { return *mConto; }
+    // The barcode of the i-th product of the demo shop that sells without a question, from 0.
+    QString barcode(int i) const { return mBarcode[static_cast<qsizetype>(i) % mBarcode.size()]; }
+    QString archivio() const { return mCartella.filePath("banco.mdb"); }
+
+    // Runs `azione` and answers the statements that reached the archive meanwhile, begin and commit too.
+    static QStringList istruzioni(const std::function<void()>& azione);
+
+  private:
+    QTemporaryDir mCartella;
+    std::unique_ptr<OperatorPort> mOperatore;
+    ContoDiProva* mConto = nullptr;
+    QStringList mBarcode;
+};

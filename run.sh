@@ -1,0 +1,19 @@
+#!/bin/bash
+# Builds the counter and starts it on a demonstration shop. Without a display the same program runs under
+# a virtual one, rings up a sale by itself and leaves pictures of it in build/demo.
+set -euo pipefail
+cd "$(dirname "$0")"
+. scripts/ambiente.sh
+
+uscita=build/release
+programma=$uscita/bin/bottegon
+strumento=$uscita/bin/bottegon-archivio
+archivio=$uscita/Bottegon.mdb  # one folder above the program: where a new desk looks for it
+
+installaMancanti "${pacchettiCostruzione[@]}"
+costruisci release bottegon bottegon-archivio
+[ -e "$archivio" ] || "$strumento" crea --demo "$archivio"
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then exec "$programma"; fi
+installaMancanti "${pacchettiSchermoVirtuale[@]}"
+exec scripts/demo.sh "$programma" "$strumento" "$archivio" build/demo

@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "counter/ui/grid_view.h"
+#include "counter/ui/style.h"
+#include "sale/flxvb.h"
+
+namespace {
+
+class GridView : public testing::Test {
+  protected:
+    GridView() {
+        applicaStile(*qApp);
+        for (int r = 1; r <= 40; ++r) {
+            righe.aggiungi();
+            righe.scrivi(r, Colonna::Descrizione, "Prodotto " + QString::number(r));
+        }
+        griglia.mostraColonne(0);
+        griglia.resize(900, 400);
+        griglia.show();
+    }
+    QRect cella(int riga) const {
+        return griglia.visualRect(righe.index(riga - 1, static_cast<int>(Colonna::Descrizione)));
+    }
+    void clic(int riga) { QTest::mouseClick(griglia.viewport(), Qt::LeftButton, {}, cella(riga).center()); }
+    QRgb colore(int riga) {
+        const QPoint punto(cella(riga).right() - 3, cella(riga).center().y());
+        return griglia.viewport()->grab().toImage().pixel(punto);
+    }
+
+    FlexVB righe;
+    GrigliaVendita griglia{righe, nullptr};
+    QSignalSpy cambiata{&griglia, &GrigliaVendita::rigaCambiata};
+    QSignalSpy premuta{&griglia, &GrigliaVendita::rigaPremuta};
+};
+
+TEST_F(GridView, AClickTellsTheNewRowAndThenTheClick) {
+    clic(3);
+    ASSERT_EQ(cambiata.size(), 1);
+    EXPECT_EQ(cambiata[0][0].toInt(), 3);
+    ASSERT_EQ(premuta.size(), 1);
+    EXPECT_EQ(premuta[0][0].toInt(), 3);
+}
+
+TEST_F(GridView, AClickOnTheCurrentRowIsAClickAlone) {
+    clic(3);
+    cambiata.clear();
+    clic(3);
+    EXPECT_EQ(cambiata.size(), 0);
+    EXPECT_EQ(premuta.size(), 2);
+}
+
+TEST_F(GridView, ARowMadeCurrentByARuleTellsNothing) {
+    righe.corrente(5);
+    righe.seleziona(5);
+    griglia.mostraRiga(5);
+    EXPECT_EQ(griglia.currentIndex().row(), 4);
+    EXPECT_EQ(cambiata.size(), 0);
+}
+
+TEST_F(GridView, ARowThatIsRemovedTellsNothing) {
+    clic(3);
+    righe.corrente(3);
+    cambiata.clear();
+    righe.togli(3);
+    EXPECT_EQ(cambiata.size(), 0);
+}
+
+TEST_F(GridView, TheFocusAloneChoosesNoRow) {
+    griglia.setFocus();
+    EXPECT_FALSE(griglia.currentIndex().isValid());
+    EXPECT_EQ(cambiata.size(), 0);
+}
+
+TEST_F(GridView, AHiddenRowIsNotShown) {
+    righe.nascondi(4, true);
+    EXPECT_TRUE(griglia.isRowHidden(3));
+    righe.nascondi(4, false);
+    EXPECT_FALSE(griglia.isRowHidden(3));
+}
+
+TEST_F(GridView, ARowOutOfSightBecomesTheTopOne) {
+    griglia.mostraRiga(20);
+    EXPECT_EQ(griglia.rowAt(1), 19);
+}
+
+TEST_F(GridView, ARowInSightDoesNotMoveTheGrid) {
+    griglia.mostraRiga(3);
+    EXPECT_EQ(griglia.rowAt(1), 0);
+}
+
+TEST_F(GridView, TheSelectedRowIsLightBlue) {
+    righe.corrente(2);
+    righe.seleziona(2);
+    EXPECT_EQ(colore(2), 0xFFC0C0FFu);
+    righe.seleziona(3);
+    EXPECT_NE(colore(2), 0xFFC0C0FFu);
+}
+
+TEST_F(GridView, OnlyTheShownColumnsHaveAWidth) {
+    for (int c = 0; c < numeroColonne; ++c) {
+        EXPECT_EQ(griglia.isColumnHidden(c), !FlexVB::mostrata(static_cast<Colonna>(c), 0)) << c;
+    }
+}
+
+TEST_F(GridView, TheVatColumnsWidthGoesToTheDescription) {
+    const int descrizione = griglia.columnWidth(static_cast<int>(Colonna::Descrizione));
+    const int iva = griglia.columnWidth(static_cast<int>(Colonna::Iva));
+    griglia.mostraColonne(1);
+    EXPECT_TRUE(griglia.isColumnHidden(static_cast<int>(Colonna::Iva)));
+    EXPECT_EQ(griglia.columnWidth(static_cast<int>(Colonna::Descrizione)), descrizione + iva);
+}
+
+TEST_F(GridView, PaintingStopsUntilTheOutermostCallGivesItBack) {
+    griglia.ridisegno(false);
+    griglia.ridisegno(false);
+    griglia.ridisegno(true);
+    EXPECT_FALSE(griglia.updatesEnabled());
+    griglia.ridisegno(true);
+    EXPECT_TRUE(griglia.updatesEnabled());
+}
+
+TEST_F(GridView, RowsAreTallEnoughForAFinger) {
+    EXPECT_GE(griglia.rowHeight(0), 30);
+}
+
+}  // namespace

@@ -1,0 +1,120 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "counter/ui/command_button.h"
+#include "counter_screen.h"
+#include "kit/ui/labels.h"
+
+namespace {
+
+constexpr int margineCasella = 12;  // frame, text margin and caret
+
+QString descritto(const QWidget& w) {
+    const QString testo = w.property("text").toString();
+    return QString("%1 '%2' %3x%4").arg(w.objectName(), testo).arg(w.width()).arg(w.height());
+}
+
+// Whether the whole of what the widget says is in sight.
+bool ciSta(const QWidget& w) {
+    if (auto* pulsante = qobject_cast<const PulsanteComando*>(&w)) {
+        return w.width() >= w.minimumSizeHint().width() && pulsante->heightForWidth(w.width()) <= w.height();
+    }
+    if (auto* casella = qobject_cast<const QLineEdit*>(&w)) {
+        return w.fontMetrics().horizontalAdvance(casella->text()) + margineCasella <= w.width();
+    }
+    if (auto* elisa = qobject_cast<const EtichettaElisa*>(&w)) {
+        return w.fontMetrics().horizontalAdvance(elisa->text()) <= w.contentsRect().width() &&
+               w.fontMetrics().height() <= w.height();
+    }
+    return w.minimumSizeHint().width() <= w.width() && w.minimumSizeHint().height() <= w.height();
+}
+
+bool parla(const QWidget* w) {
+    return qobject_cast<const QLabel*>(w) || qobject_cast<const QAbstractButton*>(w) ||
+           qobject_cast<const QLineEdit*>(w);
+}
+
+class Layout : public CounterScreen, public testing::WithParamInterface<QSize> {
+  protected:
+    Layout() {
+        apri(GetParam());
+        riempi();
+        QApplication::processEvents();
+    }
+
+    std::vector<QWidget*> inVista() const {
+        std::vector<QWidget*> visti;
+        for (QWidget* w : schermo().findChildren<QWidget*>()) {
+            if (w->isVisible() && parla(w)) visti.push_back(w);
+        }
+        return visti;
+    }
+    void salvaImmagine(const QString& nome) const {
+        QDir().mkpath("schermate");
+        const QSize misura = GetParam();
+        EXPECT_TRUE(finestra->grab().save(
+            QString("schermate/%1_%2x%3.png").arg(nome).arg(misura.width()).arg(misura.height())));
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(
+    Screens, Layout, testing::Values(QSize(1280, 760), QSize(1280, 800), QSize(1366, 740), QSize(1920, 1040)),
+    [](const auto& info) {
+        return std::to_string(info.param.width()) + "x" + std::to_string(info.param.height());
+    });
+
+TEST_P(Layout, TheScreenFits) {
+    EXPECT_LE(finestra->minimumSizeHint().width(), GetParam().width());
+    EXPECT_LE(finestra->minimumSizeHint().height(), GetParam().height());
+    salvaImmagine("vendita");
+}
+
+TEST_P(Layout, TheScreenFitsWithTheVatFields) {
+    schermo().mostraVistaIva();
+    QApplication::processEvents();
+    EXPECT_LE(finestra->minimumSizeHint().height(), GetParam().height());
+    salvaImmagine("iva");
+}
+
+TEST_P(Layout, NothingIsCut) {
+    schermo().mostraVistaIva();
+    QApplication::processEvents();
+    for (const QWidget* w : inVista()) {
+        EXPECT_TRUE(ciSta(*w)) << qPrintable(descritto(*w));
+    }
+}
+
+TEST_P(Layout, NothingOverlaps) {
+    const std::vector<QWidget*> visti = inVista();
+    for (size_t i = 0; i < visti.size(); ++i) {
+        for (size_t j = i + 1; j < visti.size(); ++j) {
+            if (visti[i]->parentWidget() != visti[j]->parentWidget()) continue;
+            EXPECT_FALSE(visti[i]->geometry().intersects(visti[j]->geometry()))
+                << qPrintable(descritto(*visti[i]) + " / " + descritto(*visti[j]));
+        }
+    }
+}
+
+TEST_P(Layout, NothingLeavesItsPanel) {
+    for (const QWidget* w : inVista()) {
+        EXPECT_TRUE(w->parentWidget()->rect().contains(w->geometry())) << qPrintable(descritto(*w));
+    }
+}
+
+TEST_P(Layout, WhatIsTouchedIsLargeEnoughForAFinger) {
+    for (const QWidget* w : inVista()) {
+        if (qobject_cast<const QLabel*>(w)) continue;
+        EXPECT_GE(w->height(), 44) << qPrintable(descritto(*w));
+        EXPECT_GE(w->width(), 44) << qPrintable(descritto(*w));
+    }
+}
+
+TEST_P(Layout, TheTotalIsReadFromTwoMetres) {
+    const auto& totale = widget<EtichettaAdattata>(vendita().lblMainDisplay);
+    EXPECT_GE(totale.punti(), 48);
+}
+
+}  // namespace

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <Qt>
+
+#include "counter/accounts.h"
+
+// A counter screen without a window: keys and scans go through the same rules as on the real one, and the
+// focus walks the fields as it does there.
+class ContoDiProva final : public Conto {
+  public:
+    ContoDiProva(int indice, OperatorPort& operatore);
+    ~ContoDiProva() override;
+
+    // ---- What the operator does
+    // One key with its character, pressed and released; Qt::Key_Return, Qt::Key_F5, ...
+    void tasto(int tasto, int modificatori = Qt::NoModifier);
+    // Characters, one key each.
+    void digita(const QString& testo);
+    void invio() { tasto(Qt::Key_Return); }
+    // Prefix, code, Enter, as a scanner sends them.
+    void scansiona(const QString& codice);
+    void clic(Campo& campo) { fuoco(campo); }
+    void clicRiga(int riga);
+    // The timer, if it runs, fires.
+    bool scade(Timer timer);
+
+    // ---- What the operator sees
+    Campo* fuocoSu() const { return campoAttivo(); }
+    bool timerAttivo(Timer timer) const { return mTimer.contains(timer); }
+    int intervallo(Timer timer) const { return mTimer.at(timer); }
+    bool ridisegnoAcceso() const { return mRidisegniFermi == 0; }
+    int mostrate = 0;  // how often the screen was shown
+    bool eliminato = false;
+    int rigaMostrata = 0;
+    // Which of the offered rows the operator takes, from 0; nothing: cancels. Each list uses one up.
+    std::vector<std::optional<int>> scelte;
+    QStringList elenchiMostrati;  // the column specifications
+
+    // ---- Conto and SchermoVendita
+    void mostra() override { ++mostrate; }
+    void elimina() override { eliminato = true; }
+    OperatorPort& operatore() override { return mOperatore; }
+    void fuoco(Campo& campo) override;
+    void ridisegno(bool acceso) override { mRidisegniFermi += acceso ? -1 : 1; }
+    void mostraRiga(int riga) override { rigaMostrata = riga; }
+    void avviaTimer(Timer timer, int millisecondi) override { mTimer[timer] = millisecondi; }
+    void fermaTimer(Timer timer) override { mTimer.erase(timer); }
+    bool selezionaElemento(Recordset& righe, const QString& colonne) override;
+    void mostraVistaIva() override { vistaIva = true; }
+    bool vistaIva = false;
+
+  private:
+    class CasellaDiProva;
+
+    void carattere(QChar c);
+
+    OperatorPort& mOperatore;
+    std::vector<std::unique_ptr<CasellaDiProva>> mCaselle;
+    std::map<Timer, int> mTimer;
+    int mRidisegniFermi = 0;
+};
