@@ -31,15 +31,12 @@ SingleInstance::SingleInstance(QString cartella) : mCartella(std::move(cartella)
     const QByteArray identita =
         (QCoreApplication::applicationFilePath() + '\n' + QDir(mCartella).absolutePath()).toUtf8();
     mChiave = "bottegon-" + QCryptographicHash::hash(identita, QCryptographicHash::Sha256).toHex().left(16);
+    mCanale = cartellaCanali() + '/' + mChiave;
 }
 
 SingleInstance::~SingleInstance() {
     mServer.close();
     if (mBlocco >= 0) ::close(mBlocco);
-}
-
-QString SingleInstance::canale() const {
-    return cartellaCanali() + '/' + mChiave;
 }
 
 // A lock that cannot be made at all does not keep the shop from selling.
@@ -53,7 +50,7 @@ bool SingleInstance::blocca() {
 
 void SingleInstance::ascolta() {
     // Left over from a first one that was killed; the lock says that nobody listens there.
-    QLocalServer::removeServer(canale());
+    QLocalServer::removeServer(mCanale);
     mServer.setSocketOptions(QLocalServer::UserAccessOption);
     QObject::connect(&mServer, &QLocalServer::newConnection, &mServer, [this] {
         while (QLocalSocket* chiamata = mServer.nextPendingConnection()) {
@@ -62,20 +59,18 @@ void SingleInstance::ascolta() {
             if (mAlRichiamo) mAlRichiamo();
         }
     });
-    mServer.listen(canale());
+    mServer.listen(mCanale);
 }
 
-// The connection itself is the call. The first one may be between its lock and its listening.
+// The connection itself is the call, and waits where the first one will find it. The first one may be between
+// its lock and its listening.
 void SingleInstance::chiama() {
     QElapsedTimer tempo;
     tempo.start();
     while (tempo.elapsed() < attesaMassima) {
         QLocalSocket socket;
-        socket.connectToServer(canale(), QIODevice::ReadOnly);
-        if (socket.waitForConnected(attesaMassima)) {
-            socket.waitForDisconnected(attesaMassima);
-            return;
-        }
+        socket.connectToServer(mCanale, QIODevice::ReadOnly);
+        if (socket.waitForConnected(attesaMassima)) return;
         QThread::msleep(pausaTentativi);
     }
 }

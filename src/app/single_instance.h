@@ -23,10 +23,10 @@ class SingleInstance {
     bool blocca();
     void ascolta();
     void chiama();
-    QString canale() const;
 
     QString mCartella;
     QString mChiave;  // of program and settings folder
+    QString mCanale;  // where the first one listens
     int mBlocco = -1;
     QLocalServer mServer;
     std::function<void()> mAlRichiamo;

@@ -17,6 +17,7 @@ const char* const testoConnessione = "Connessione al Server in corso...";
 constexpr int timeoutConnessione = 60;  // seconds
 
 void preparaServizi(OperatorPort& operatore) {
+    gFileAiuto = cartellaProgramma() + "/../Bottegon.chm";
     gNomeModulo = "bBottegonClientVB";
     gErr.imposta(cartellaScrivibile(), &operatore);
     gErr.impostaFineProcesso(&chiudiApplicazione);

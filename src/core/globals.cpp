@@ -15,6 +15,7 @@ QString gReportPath;
 QString gRptConnection;
 QString gDescrizioneConnessione;
 QString gSQLSep;
+QString gFileAiuto;
 QString gNomeModulo;
 
 int gIDCassa;
@@ -90,6 +91,7 @@ void ripristinaConnessione() {
         testo->clear();
     }
     gSQLSep = "¤";
+    gFileAiuto.clear();
     gNomeModulo = "bBottegonClientVB";
 }
 

@@ -23,6 +23,7 @@ extern QString gReportPath;              // in force
 extern QString gRptConnection;           // in force
 extern QString gDescrizioneConnessione;  // for display: target, ": ", server name
 extern QString gSQLSep;                  // the text delimiter of the neutral SQL
+extern QString gFileAiuto;               // the help file
 extern QString gNomeModulo;              // module name in error reports and database calls
 
 // ---- Desk and operator

@@ -1,9 +1,14 @@
 #include "counter/fields.h"
 
 #include "counter/accounts.h"
+#include "data/client_settings.h"
+#include "data/settings_store.h"
 #include "sale/customer.h"
 #include "sale/line_pricing.h"
 #include "sale/product_entry.h"
+#include "sale/returns.h"
+#include "sale/row_editor.h"
+#include "sale/vat_entry.h"
 
 namespace {
 
@@ -17,6 +22,7 @@ struct VoceRegola {
 // The fields that have a rule of their own when they are left.
 const VoceRegola regole[] = {
     {&Vendita::txtQta, txtQta_LostFocus},
+    {&Vendita::txtIVA, txtIVA_LostFocus},
     {&Vendita::txtPrezzoListino, txtPrezzoListino_LostFocus},
     {&Vendita::txtPrezzoListinoLordo, txtPrezzoListinoLordo_LostFocus},
     {&Vendita::txtPrezzoNetto, txtPrezzoNetto_LostFocus},
@@ -61,6 +67,18 @@ void fuocoPassa(Conto& conto, Campo* nuovo) {
 
 void terminaCampo(Conto& conto) {
     if (Campo* campo = conto.campoAttivo()) lasciaCampo(conto, *campo);
+}
+
+void spuntaCambiata(Conto& conto, Campo& spunta, int valore) {
+    Vendita& v = conto.vendita();
+    spunta.valore(valore);
+    if (&spunta == &v.chkReso) {
+        chkReso_Click(v);
+    } else if (&spunta == &v.chkCodiceProdotto) {
+        impostazioni().scrivi(applicazioneClient, "Options", "ChkLike_Prodotto", QString::number(valore));
+    } else if (v.flxVB.righe() > 1) {
+        setVenditaModificata(v);
+    }
 }
 
 std::vector<Campo*> ordineTab(Vendita& v) {

@@ -22,5 +22,8 @@ void fuocoPassa(Conto& conto, Campo* nuovo);
 // so again without a change does nothing.
 void terminaCampo(Conto& conto);
 
+// The operator set or cleared a tick box.
+void spuntaCambiata(Conto& conto, Campo& spunta, int valore);
+
 // The fields in the order that Tab and Enter walk them; hidden and disabled ones are passed over.
 std::vector<Campo*> ordineTab(Vendita& v);

@@ -7,6 +7,7 @@
 #include "counter/fields.h"
 #include "sale/grid.h"
 #include "sale/product_entry.h"
+#include "sale/returns.h"
 
 namespace {
 
@@ -96,10 +97,14 @@ bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
     // A cursor key that comes up ends its steps whatever else is held.
     if (tasto == Qt::Key_Up || tasto == Qt::Key_Down) return fermaPassi(conto);
     const int stato = modificatori & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    if (stato == Qt::ShiftModifier && tasto == Qt::Key_F6) {
+        setReso(v, 3);
+        return true;
+    }
     if (stato == Qt::ShiftModifier) return premi(conto, comandoConShift(tasto));
     if (stato != Qt::NoModifier) return false;
     if (tasto == Qt::Key_F4) {
-        v.chkCodiceProdotto.valore(v.chkCodiceProdotto.valore() == 1 ? 0 : 1);
+        spuntaCambiata(conto, v.chkCodiceProdotto, 1 - v.chkCodiceProdotto.valore());
         return true;
     }
     return premi(conto, comandoDelTasto(tasto));

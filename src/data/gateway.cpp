@@ -1,5 +1,7 @@
 #include "data/gateway.h"
 
+#include <algorithm>
+
 #include "core/errors.h"
 #include "data/connection_string.h"
 #include "data/prepare_sql.h"
@@ -21,6 +23,8 @@ const char* const testoIntegrita =
 const char* const testoIntegritaSpiegazione =
     "E' probabile che si sta tentando di eliminare un record che risulta vincolato ai dati di una o più "
     "tabelle.";
+
+const char* const testoTransazioneAnnullata = "La transazione è stata annullata dal server.";
 
 RunTimeError comeErrore(const ErroreServer& errore) {
     return RunTimeError(errore.codice, errore.descrizione, errore.origine);
@@ -64,6 +68,7 @@ bool cAdoSqlServer::Connect(const QString& sorgente, int timeout, int /*numero*/
         mConnessioni.push_back({std::move(nuova), driver->second.get()});
         return true;
     }
+    if (mOperatore != nullptr) mOperatore->avvisoAttesa({});
     if (!silenzioso) {
         segnalaErrore(comeErrore(mErrore), mNomeClasse, "Connect -> " + sorgente,
                       "sStrConnection=" + mascheraPassword(stringa));
@@ -77,14 +82,16 @@ void cAdoSqlServer::restituisci(Voce& voce) {
     voce.driver->restituisci(std::move(voce.connessione));
 }
 
+// An entry that a failure left stands above the connection of the caller that has now done: the newest
+// connection goes back, wherever its entry stands.
 void cAdoSqlServer::disconnect() {
     if (mConnessioni.empty() || mInTransazione) return;
-    restituisci(mConnessioni.back());
+    const auto aperta = [](const Voce& voce) { return voce.connessione != nullptr; };
+    const auto ultima = std::find_if(mConnessioni.rbegin(), mConnessioni.rend(), aperta);
+    if (ultima != mConnessioni.rend()) restituisci(*ultima);
     mConnessioni.pop_back();
-    mConn = nullptr;
-    for (const Voce& voce : mConnessioni) {
-        if (voce.connessione) mConn = voce.connessione.get();
-    }
+    const auto precedente = std::find_if(mConnessioni.rbegin(), mConnessioni.rend(), aperta);
+    mConn = precedente == mConnessioni.rend() ? nullptr : precedente->connessione.get();
 }
 
 bool cAdoSqlServer::apriSeServe() {
@@ -140,15 +147,22 @@ bool cAdoSqlServer::beginTrasaction(const QString& sorgente) {
     return true;
 }
 
+// A server that has given the transaction up would commit what comes now statement by statement.
+bool cAdoSqlServer::transazioneViva() {
+    if (mConn->inTransazione()) return true;
+    mErrore = {ErroreServer::Classe::Conflitto, 0, testoTransazioneAnnullata, mNomeClasse};
+    return false;
+}
+
 bool cAdoSqlServer::chiudiTransazione(bool conferma, const QString& sorgente) {
     if (!mInTransazione || mConn == nullptr) return false;
     bool riuscita = false;
-    if (conferma && !mTransazioneFallita && mConn->inTransazione()) {
-        riuscita = mConn->conferma();
-        if (!riuscita) {
-            mErrore = mConn->errore();
-            segnala("commitTrasaction", sorgente, {});
+    if (conferma && !mTransazioneFallita) {
+        if (transazioneViva()) {
+            riuscita = mConn->conferma();
+            if (!riuscita) mErrore = mConn->errore();
         }
+        if (!riuscita) segnala("commitTrasaction", sorgente, {});
     }
     if (!riuscita) {
         const bool annullata = mConn->annulla();
@@ -208,6 +222,10 @@ bool cAdoSqlServer::esegui(const QString& sql, Recordset* righe) {
     }
     if (mConn == nullptr) {
         mErrore = {ErroreServer::Classe::ConnessionePersa, 0, "Nessuna connessione aperta.", mNomeClasse};
+        return false;
+    }
+    if (mInTransazione && !transazioneViva()) {
+        mErrori.push_back(mErrore);
         return false;
     }
     const bool riuscita = mConn->esegui(sql, righe);

@@ -123,6 +123,7 @@ class cAdoSqlServer {
     void segnala(const QString& operazione, const QString& sorgente, const QString& dettagli);
     void segnalaIntegrita(bool conSpiegazione);
     bool chiudiTransazione(bool conferma, const QString& sorgente);
+    bool transazioneViva();
     QVariant primoValore(const QString& sql, const QString& sorgente);
     QString adatta(QString& sql);
     AttesaServer attesa() const;

@@ -78,7 +78,13 @@ bool soloBlanchi(const char* testo) {
 
 SqliteConnection::SqliteConnection(sqlite3* db, QString percorso) : mDb(db), mPercorso(std::move(percorso)) {}
 
+// The journal of a file that was moved away or replaced would be played onto the file that stands there
+// now: its commits go to their own file first.
 SqliteConnection::~SqliteConnection() {
+    mAttesa = {};
+    if (mInode != 0 && !ancoraValida()) {
+        sqlite3_wal_checkpoint_v2(mDb, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+    }
     sqlite3_close_v2(mDb);
 }
 
@@ -136,11 +142,26 @@ bool SqliteConnection::prepara(bool nuovo) {
     return true;
 }
 
+void SqliteConnection::spiegaApertura() {
+    switch (mErrore.codice & 0xff) {
+        case SQLITE_READONLY:
+            mErrore.descrizione = "L'archivio \"" + mPercorso + "\" è in sola lettura.";
+            return;
+        case SQLITE_NOTADB:
+        case SQLITE_CORRUPT:
+            mErrore.descrizione =
+                "Il file \"" + mPercorso + "\" non è un archivio o è danneggiato: " + mErrore.descrizione + ".";
+            return;
+        default:
+            mErrore.descrizione =
+                "L'archivio \"" + mPercorso + "\" non si può aprire: " + mErrore.descrizione + ".";
+    }
+}
+
 bool SqliteConnection::verificaArchivio() {
     Recordset marchio;
     if (!eseguiNativo("PRAGMA application_id", &marchio)) {
-        mErrore.descrizione =
-            "Il file \"" + mPercorso + "\" non è un archivio o è danneggiato: " + mErrore.descrizione + ".";
+        spiegaApertura();
         return false;
     }
     if (marchio.campo(0).toInt() != marchioArchivio) {

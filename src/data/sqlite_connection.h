@@ -48,6 +48,7 @@ class SqliteConnection final : public Connessione {
                                                       ErroreServer& errore);
     bool prepara(bool nuovo);
     bool verificaArchivio();
+    void spiegaApertura();
     bool percorri(sqlite3_stmt* istruzione, Recordset* righe);
     bool fallito(int codice);
     static int occupato(void* connessione, int tentativi);

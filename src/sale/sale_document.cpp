@@ -88,6 +88,7 @@ void pulisciCorpo(Vendita& v) {
     v.lblTOtQta.testo(zero);
     v.lblTotRighe.testo("0");
     v.pctSave.visibile(false);
+    v.pctPrint.testo({});
     v.pctPrint.visibile(v.documentoConStampa);
     svuotaGriglia(v);
     v.mRigaInserimento = -1;

@@ -1,11 +1,12 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -85,14 +86,25 @@ TEST_F(SingleInstanceTest, EveryLaterStartCallsAgain) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return richiami == 2; }, 2000));
 }
 
-TEST_F(SingleInstanceTest, AFirstOneThatDoesNotAnswerIsNotWaitedForForever) {
+TEST_F(SingleInstanceTest, AFirstOneThatIsBusyIsNotWaitedFor) {
     const AltroProcesso primo(cartella.path());
     ASSERT_TRUE(primo.primo());
+    SingleInstance seconda(cartella.path());
+    EXPECT_FALSE(seconda.prima(nessuno));
+}
+
+TEST_F(SingleInstanceTest, AFirstOneThatDoesNotListenIsNotWaitedForForever) {
+    { SingleInstance(cartella.path()).prima(nessuno); }
+    const QStringList blocchi = QDir(cartella.path()).entryList({"*.lock"}, QDir::Files | QDir::Hidden);
+    ASSERT_EQ(blocchi.size(), 1);
+    const int blocco = open(qPrintable(cartella.filePath(blocchi[0])), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(flock(blocco, LOCK_EX | LOCK_NB), 0);
     QElapsedTimer tempo;
     tempo.start();
     SingleInstance seconda(cartella.path());
     EXPECT_FALSE(seconda.prima(nessuno));
     EXPECT_LT(tempo.elapsed(), 3000);
+    close(blocco);
 }
 
 TEST_F(SingleInstanceTest, AKilledFirstOneIsTakenOver) {

@@ -32,7 +32,9 @@ frmMain& CounterScreen::schermo(int indice) const {
 }
 
 void CounterScreen::digita(const QString& testo) const {
-    QTest::keyClicks(QApplication::focusWidget(), testo);
+    for (const QChar c : testo) {
+        QTest::keyClicks(QApplication::focusWidget(), QString(c));
+    }
 }
 
 void CounterScreen::tasto(Qt::Key tasto, Qt::KeyboardModifiers modificatori) const {

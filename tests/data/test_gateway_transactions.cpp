@@ -209,9 +209,12 @@ TEST(Transactions, OneThatTheServerGaveUpCanOnlyRollBack) {
     ASSERT_TRUE(g.ado.beginTrasaction("prova"));
     g.inserisci("A");
     ASSERT_TRUE(nativa(g).eseguiNativo("ROLLBACK"));
-    EXPECT_FALSE(g.ado.commitTrasaction("prova"));
+    EXPECT_FALSE(g.ado.commitTrasaction("modulo.procedura"));
     EXPECT_FALSE(g.ado.inTransazione());
     EXPECT_EQ(g.valore(quanteProve), "0");
+    ASSERT_EQ(g.operatore.avvisi.size(), 1u);
+    EXPECT_EQ(g.operatore.avvisi.front().modulo, "cAdoSqlServer.commitTrasaction -> modulo.procedura");
+    EXPECT_EQ(g.operatore.avvisi.front().descrizione, "La transazione è stata annullata dal server.");
 }
 
 TEST(Transactions, NothingIsWrittenAfterTheServerGaveUp) {

@@ -76,10 +76,21 @@ TEST(SqliteArchive, DatabaseOfAnotherProgramIsRefusedAndLeftAlone) {
     EXPECT_EQ(contenuto(g.percorso("altro.mdb")), byte);
 }
 
-TEST(SqliteArchive, TruncatedFileIsSaid) {
+TEST(SqliteArchive, FileCutInItsHeaderIsRefusedAndLeftAlone) {
     GatewayDiProva g;
-    scrivi(g.percorso("corto.mdb"), contenuto(g.percorso()).left(60));
-    EXPECT_TRUE(erroreApertura(g.percorso("corto.mdb")).contains("danneggiato"));
+    const QByteArray byte = contenuto(g.percorso()).left(60);
+    scrivi(g.percorso("corto.mdb"), byte);
+    EXPECT_EQ(erroreApertura(g.percorso("corto.mdb")),
+              "Il file \"" + g.percorso("corto.mdb") + "\" non è un archivio di Bottegon.");
+    EXPECT_EQ(contenuto(g.percorso("corto.mdb")), byte);
+}
+
+TEST(SqliteArchive, FileCutAfterItsHeaderFailsTheStatement) {
+    GatewayDiProva g;
+    g.ado.chiudiConnessioniCalde();
+    scrivi(g.percorso(), contenuto(g.percorso()).left(5000));
+    EXPECT_FALSE(g.inserisci("A"));
+    EXPECT_EQ(g.operatore.avvisi.size(), 1u);
 }
 
 TEST(SqliteArchive, DamagedPageFailsTheStatementAndIsSaid) {
@@ -255,6 +266,22 @@ TEST(WarmConnections, ReplacedFileIsTheOneInUse) {
     EXPECT_TRUE(g.inserisci("nuovo"));
     EXPECT_EQ(g.valore("SELECT group_concat(CODICE) FROM Prova"), "nuovo");
     EXPECT_EQ(g.valore("PRAGMA integrity_check"), "ok");
+}
+
+TEST(WarmConnections, CommitsOfAFileThatWasMovedAwayStayWithIt) {
+    GatewayDiProva g;
+    g.inserisci("vecchio");
+    GatewayDiProva::creaArchivio(g.percorso("nuovo.mdb"));
+    ASSERT_TRUE(QFile::rename(g.percorso(), g.percorso("messo da parte.mdb")));
+    ASSERT_TRUE(QFile::rename(g.percorso("nuovo.mdb"), g.percorso()));
+    EXPECT_TRUE(g.inserisci("nuovo"));
+    ErroreServer errore;
+    const auto vecchia = SqliteConnection::apri(g.percorso("messo da parte.mdb"), errore);
+    ASSERT_TRUE(vecchia);
+    Recordset righe;
+    ASSERT_TRUE(vecchia->eseguiNativo("SELECT CODICE FROM Prova", &righe));
+    ASSERT_FALSE(righe.eof());
+    EXPECT_EQ(righe.campo(0).toString(), "vecchio");
 }
 
 TEST(WarmConnections, DeletedFileIsSaidAndNotMadeAgain) {

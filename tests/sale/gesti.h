@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/globals.h"
 #include "data/server_driver.h"
 #include "doubles/negozio.h"
 
@@ -33,7 +34,9 @@ inline void rendi(ContoDiProva& c, const QString& quantita) {
     c.tasto(Qt::Key_F6);
 }
 
-inline const QString& cella(const Vendita& v, int riga, Colonna colonna) { return v.flxVB.cella(riga, colonna); }
+inline const QString& cella(const Vendita& v, int riga, Colonna colonna) {
+    return v.flxVB.cella(riga, colonna);
+}
 
 // The codes of the live rows from the top.
 inline QStringList codiciVivi(const Vendita& v) {

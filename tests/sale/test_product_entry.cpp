@@ -5,7 +5,10 @@ namespace {
 
 struct ProductEntry : testing::Test {
     Negozio n;
-    int idA = n.prodotto({.codice = "A1", .listino1 = 10, .barcode = "8001", .descrizione = "Martello",
+    int idA = n.prodotto({.codice = "A1",
+                          .listino1 = 10,
+                          .barcode = "8001",
+                          .descrizione = "Martello",
                           .extraCodice = "EX-1"});
     int idB = n.prodotto({.codice = "B1", .listino1 = 20, .barcode = "8002"});
     ContoDiProva& c = n.apriConto();
@@ -376,9 +379,10 @@ TEST_F(ProductEntry, DateOfAnotherDayCanBeAccepted) {
     gVenditeGiorniDiversi = 1;
     gAvvisaVenditeGiorniDiversi = true;
     v.txtData.testoETag("15/03/2026");
-    n.operatore.attendiDomanda("Attenzione, la Data della Vendita corrente è diversa dalla Data attuale.\nSi desidera "
-                               "continuare?",
-                               OperatorPort::Risposta::Si);
+    n.operatore.attendiDomanda(
+        "Attenzione, la Data della Vendita corrente è diversa dalla Data attuale.\nSi desidera "
+        "continuare?",
+        OperatorPort::Risposta::Si);
     c.digita("A1");
     c.invio();
     EXPECT_EQ(v.flxVB.righe(), 2);
@@ -407,14 +411,17 @@ TEST_F(ProductEntry, OneScanCostsOneProductQuery) {
 struct ReplacedProduct : testing::Test {
     Negozio n;
     int idNuovo = n.prodotto({.codice = "NU", .listino1 = 30, .descrizione = "Nuovo"});
-    int idVecchio = n.prodotto({.codice = "VE", .listino1 = 10, .descrizione = "Vecchio", .idSostituito = idNuovo});
+    int idVecchio =
+        n.prodotto({.codice = "VE", .listino1 = 10, .descrizione = "Vecchio", .idSostituito = idNuovo});
     ContoDiProva& c = n.apriConto();
     Vendita& v = c.vendita();
-    const QString domanda = "Il prodotto [Vecchio] è stato sostituito.\nScegliere quello relativo [NU - Nuovo]?";
+    const QString domanda =
+        "Il prodotto [Vecchio] è stato sostituito.\nScegliere quello relativo [NU - Nuovo]?";
 };
 
 TEST_F(ReplacedProduct, YesTakesTheReplacement) {
-    n.operatore.attendiDomanda(domanda, OperatorPort::Risposta::Si, [&] { EXPECT_TRUE(c.ridisegnoAcceso()); });
+    n.operatore.attendiDomanda(domanda, OperatorPort::Risposta::Si,
+                               [&] { EXPECT_TRUE(c.ridisegnoAcceso()); });
     c.digita("VE");
     c.invio();
     EXPECT_EQ(codiciVivi(v), QStringList{"NU"});
@@ -433,8 +440,9 @@ TEST_F(ReplacedProduct, ReplacementThatWasReplacedAsksAgain) {
     const int idTerzo = n.prodotto({.codice = "TE", .descrizione = "Terzo"});
     n.sql(QString("UPDATE Prodotti SET FK_SOSTITUITO = %1 WHERE RID = %2").arg(idTerzo).arg(idNuovo));
     n.operatore.attendiDomanda(domanda, OperatorPort::Risposta::Si);
-    n.operatore.attendiDomanda("Il prodotto [Nuovo] è stato sostituito.\nScegliere quello relativo [TE - Terzo]?",
-                               OperatorPort::Risposta::Si);
+    n.operatore.attendiDomanda(
+        "Il prodotto [Nuovo] è stato sostituito.\nScegliere quello relativo [TE - Terzo]?",
+        OperatorPort::Risposta::Si);
     c.digita("VE");
     c.invio();
     EXPECT_EQ(codiciVivi(v), QStringList{"TE"});
@@ -510,8 +518,9 @@ TEST_F(MarginPanel, MarginIsOnTheCost) {
 
 TEST_F(MarginPanel, AverageOfTheLayersInTheDocumentsWarehouse) {
     n.sql("INSERT INTO Magazzini (RID, CODICE) VALUES (2,'ALT')");
-    n.sql(QString("INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES (%1,1,4,1),"
-                  "(%1,1,6,9),(%1,2,90,5)")
+    n.sql(QString(
+              "INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES (%1,1,4,1),"
+              "(%1,1,6,9),(%1,2,90,5)")
               .arg(id));
     EXPECT_EQ(entra().lblPrezzoCosto.testo(), "5,00");
 }

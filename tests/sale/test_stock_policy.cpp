@@ -7,7 +7,11 @@ struct StockPolicy : testing::Test {
     void SetUp() override { gSottoScorta = 1; }
     // The product "P" is entered by its code.
     Vendita& entra(double giacenza, bool gestita = true) {
-        n.prodotto({.codice = "P", .listino1 = 10, .barcode = "8001", .descrizione = "Pala", .giacenza = giacenza,
+        n.prodotto({.codice = "P",
+                    .listino1 = 10,
+                    .barcode = "8001",
+                    .descrizione = "Pala",
+                    .giacenza = giacenza,
                     .gestioneGiacenza = gestita});
         ContoDiProva& c = n.apriConto();
         c.digita("P");
@@ -109,9 +113,10 @@ TEST_F(StockPolicy, QuantityEqualToTheStockPasses) {
 TEST_F(StockPolicy, QuantityBeyondTheStockIsRefused) {
     gBloccaSottoScorta = true;
     Vendita& v = entra(3);
-    n.operatore.attendiMessaggio("Impossibile scaricare la quantità desiderata per il prodotto [Pala].\nLa scorta di "
-                                 "[3,00] è inferiore alla quantità [4,00] scelta!",
-                                 OperatorPort::Icona::Critica);
+    n.operatore.attendiMessaggio(
+        "Impossibile scaricare la quantità desiderata per il prodotto [Pala].\nLa scorta di "
+        "[3,00] è inferiore alla quantità [4,00] scelta!",
+        OperatorPort::Icona::Critica);
     scriviELascia(conto(), v.txtQta, "4");
     EXPECT_EQ(v.txtQta.testo(), "1,00");
     EXPECT_EQ(cella(v, 1, Colonna::Quantita), "1,00");
@@ -139,9 +144,10 @@ TEST_F(StockPolicy, RepeatScanBeyondTheStockIsRefused) {
     gBloccaSottoScorta = true;
     Vendita& v = entra(1);
     conto().tasto(Qt::Key_F6);
-    n.operatore.attendiMessaggio("Impossibile scaricare la quantità desiderata per il prodotto [Pala].\nLa scorta di "
-                                 "[1,00] è inferiore alla quantità [2,00] scelta!",
-                                 OperatorPort::Icona::Critica);
+    n.operatore.attendiMessaggio(
+        "Impossibile scaricare la quantità desiderata per il prodotto [Pala].\nLa scorta di "
+        "[1,00] è inferiore alla quantità [2,00] scelta!",
+        OperatorPort::Icona::Critica);
     conto().scansiona("8001");
     EXPECT_EQ(cella(v, 1, Colonna::Quantita), "1,00");
     EXPECT_EQ(v.txtQta.testo(), "1,00");
@@ -159,7 +165,9 @@ TEST_F(StockPolicy, StockOfTheChosenWarehouseCounts) {
     gIDMagazzino = 1;
     gBloccaSottoScorta = true;
     const int id = n.prodotto({.codice = "X", .listino1 = 10, .giacenza = 0, .gestioneGiacenza = true});
-    n.sql(QString("INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES (%1,1,4,5)").arg(id));
+    n.sql(QString(
+              "INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES (%1,1,4,5)")
+              .arg(id));
     ContoDiProva& c = conto();
     c.digita("X");
     c.invio();
@@ -213,9 +221,8 @@ TEST_F(BelowCost, NoToAListPriceLeavesRowAndEditorAsTheyWere) {
     EXPECT_EQ(v.txtPrezzoListino.testo(), "10,00");
 }
 
-TEST_F(BelowCost, NoToANetPriceLeavesTheRowAsItWas) {
+TEST_F(BelowCost, RowEndedAfterANoIsNotAskedForAgain) {
     Vendita& v = entra();
-    // Asked at the net price's own commit.
     n.operatore.attendiDomanda(domanda, OperatorPort::Risposta::No);
     scrivi(conto(), v.txtSconto1, "20");
     conto().tasto(Qt::Key_F6);

@@ -28,10 +28,14 @@ int parolaPiuLunga(const QString& testo, const QFontMetrics& misure) {
 
 }  // namespace
 
+void segnaInArrivo(QWidget& widget, const QString& cosa) {
+    widget.setProperty(proprietaPresto, true);
+    widget.setToolTip("In arrivo: " + cosa);
+}
+
 PulsanteComando::PulsanteComando(QWidget* padre) : QPushButton(padre) {
     // The fields keep the focus: a command acts on what is being typed in.
     setFocusPolicy(Qt::NoFocus);
-    setMinimumSize(altezzaTocco, altezzaTocco);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     connect(this, &QPushButton::clicked, this, [this] {
         if (!inArrivo()) emit premuto();
@@ -39,8 +43,7 @@ PulsanteComando::PulsanteComando(QWidget* padre) : QPushButton(padre) {
 }
 
 void PulsanteComando::presto(const QString& cosa) {
-    setProperty(proprietaPresto, true);
-    setToolTip("In arrivo: " + cosa);
+    segnaInArrivo(*this, cosa);
     setShortcut({});
 }
 

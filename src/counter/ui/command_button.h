@@ -2,6 +2,9 @@
 
 #include <QPushButton>
 
+// Marks a widget as still to come, in its look and in its tip; `cosa` is what it will do.
+void segnaInArrivo(QWidget& widget, const QString& cosa);
+
 // A button of the till. Its text is the whole caption, as "&NUOVA VND (F2)"; it is painted in two lines,
 // the words and below them the key. A button whose command is still to come says so in its tip and look,
 // and a press of it does nothing.

@@ -214,5 +214,5 @@ void frmMain::fuocoCambiato(QWidget* nuovo) {
 }
 
 void frmMain::spuntaPremuta(Campo& campo, bool premuta) {
-    campo.valore(premuta ? 1 : 0);
+    evento("Click", [&] { spuntaCambiata(*this, campo, premuta ? 1 : 0); });
 }

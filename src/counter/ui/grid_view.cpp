@@ -5,6 +5,8 @@
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
+#include "core/numbers.h"
+#include "core/value_helpers.h"
 #include "counter/ui/style.h"
 #include "sale/flxvb.h"
 
@@ -21,9 +23,19 @@ struct LarghezzaColonna {
 };
 // The description takes what is left, and the VAT's place too where that is not shown.
 constexpr LarghezzaColonna larghezze[] = {
-    {Colonna::Icona, 22},    {Colonna::Marca, 52}, {Colonna::Codice, 158},     {Colonna::Iva, 62},
+    {Colonna::Icona, 22},    {Colonna::Marca, 52}, {Colonna::Codice, 128},     {Colonna::Iva, 62},
     {Colonna::Quantita, 84}, {Colonna::Um, 50},    {Colonna::ScontoTesto, 84}, {Colonna::Importo, 100},
 };
+
+// "10,00+5,50+0,00" as "10+5,5": the discounts that there are, without zeros that say nothing.
+QString scontiMostrati(const QString& testo) {
+    QStringList mostrati;
+    for (const QString& sconto : testo.split('+')) {
+        const float valore = getValoreSingle(sconto);
+        if (valore != 0.0F) mostrati << testoNumero(valore);
+    }
+    return mostrati.join('+');
+}
 
 // Paints a cell as the row's state asks: selected, shaded, in a colour of its own.
 class PittoreCelle final : public QStyledItemDelegate {
@@ -41,7 +53,7 @@ class PittoreCelle final : public QStyledItemDelegate {
         pittore->setPen(QColor::fromRgb(colore < 0 ? tinte::testo : static_cast<QRgb>(colore)));
         const QRect spazio = opzioni.rect.adjusted(margineCella, 0, -margineCella, 0);
         const QString testo =
-            QFontMetrics(carattere).elidedText(indice.data().toString(), Qt::ElideRight, spazio.width());
+            QFontMetrics(carattere).elidedText(testoMostrato(indice), Qt::ElideRight, spazio.width());
         const bool destra = indice.data(FlexVB::RuoloAllineaDestra).toBool();
         pittore->drawText(spazio, (destra ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, testo);
         if (indice.column() == static_cast<int>(Colonna::Icona) &&
@@ -54,6 +66,11 @@ class PittoreCelle final : public QStyledItemDelegate {
     }
 
   private:
+    static QString testoMostrato(const QModelIndex& indice) {
+        const QString testo = indice.data().toString();
+        return indice.column() == static_cast<int>(Colonna::ScontoTesto) ? scontiMostrati(testo) : testo;
+    }
+
     static QRgb fondo(const QModelIndex& indice) {
         const bool selezionata = indice.data(FlexVB::RuoloSelezionata).toBool();
         if (selezionata && indice.column() >= static_cast<int>(Colonna::Marca)) return tinte::selezione;

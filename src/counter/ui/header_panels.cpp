@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int larghezzaConto = 92;
+constexpr int larghezzaConto = 82;
 constexpr int larghezzaImporto = 92;
 constexpr int larghezzaNumero = 78;
 
@@ -128,9 +128,9 @@ QWidget* barraConti(const Montaggio& m, QWidget* padre) {
     riga->addSpacing(spazio);
     aggiungiCoppia(*riga, "Conto", m.testo(m.v.lblConto, "Numero del conto", barra), barra);
     aggiungiCoppia(*riga, "Cassa", m.testo(m.v.lblCassa, "Numero della cassa", barra), barra);
-    riga->addWidget(m.spia(m.v.lblRegCassa, "● Registratore", ruoli::didascalia, barra));
+    riga->addWidget(m.spia(m.v.lblRegCassa, "● Reg. cassa", ruoli::didascalia, barra));
     riga->addStretch();
-    riga->addWidget(m.spia(m.v.pctPrint, "✓ Stampata", ruoli::didascalia, barra));
+    riga->addWidget(m.testo(m.v.pctPrint, "Stato di stampa", barra));
     riga->addWidget(m.testo(m.v.lblDataStampa, "Data di stampa", barra));
     riga->addWidget(m.spia(m.v.pctSave, "● Vendita non salvata", ruoli::avviso, barra));
     riga->addWidget(m.testo(m.v.lblVenditore, "Operatore", barra));

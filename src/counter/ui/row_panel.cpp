@@ -15,13 +15,6 @@ namespace {
 constexpr int larghezzaPrezzo = 108;
 constexpr int larghezzaSconto = 64;
 
-// Shows its field, but is not there to be ticked.
-void rendiInArrivo(QCheckBox& spunta, const QString& cosa) {
-    spunta.setAttribute(Qt::WA_TransparentForMouseEvents);
-    spunta.setProperty("presto", true);
-    spunta.setToolTip("In arrivo: " + cosa);
-}
-
 // Adds the widgets of one line of the editor.
 struct Riga {
     const Montaggio& m;
@@ -69,7 +62,7 @@ QHBoxLayout* rigaPrezzi(const Montaggio& m, QWidget* padre) {
     riga.disposizione->addStretch();
     // Both have a key of their own: the way of the Tab key is left to the fields.
     QCheckBox* reso = m.spunta(m.v.chkReso, "RESO", padre);
-    rendiInArrivo(*reso, "registra la riga come reso (Shift+F6)");
+    reso->setToolTip("Registra la riga come reso (Shift+F6)");
     QCheckBox* simili = m.spunta(m.v.chkCodiceProdotto, "SIMILI", padre);
     simili->setToolTip("Cerca anche i codici che contengono quello digitato (F4)");
     for (QCheckBox* spunta : {reso, simili}) {

@@ -114,6 +114,9 @@ void CampoEdit::keyPressEvent(QKeyEvent* evento) {
         filtrato(u'\r');
     } else if (tastoDiTesto(*evento)) {
         digita(evento->text());
+    } else if (evento->modifiers() & Qt::AltModifier) {
+        evento->ignore();  // a letter that reaches a button, or none
+        return;
     } else if (evento->key() != Qt::Key_Backspace || filtrato(u'\b')) {
         QLineEdit::keyPressEvent(evento);
         return;

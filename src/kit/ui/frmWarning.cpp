@@ -24,12 +24,12 @@ QPlainTextEdit* testoFisso(const QString& nome, const QString& titolo, int righe
 
 frmWarning::frmWarning(QWidget* genitore)
     : QDialog(genitore),
+      mCampi(new QFormLayout),
       lblNumero(etichetta({}, "lblNumero", this)),
       txtDescrizione(testoFisso("txtDescrizione", "Descrizione", 3, this)),
       txtModulo(testoFisso("txtModulo", "Modulo", 2, this)),
       lblOrigine(etichetta({}, "lblOrigine", this)),
-      mDettagli(new QWidget(this)),
-      txtAvanzate(testoFisso("txtAvanzate", "Avanzate", 6, mDettagli)),
+      txtAvanzate(testoFisso("txtAvanzate", "Avanzate", 6, this)),
       cmdOk(pulsanteGrande("OK", "cmdOk", this)),
       cmdAnnulla(pulsanteGrande("Esci da Bottegon", "cmdAnnulla", this)),
       cmdAvanzate(pulsanteGrande("Avanzate >>", "cmdAvanzate", this)) {
@@ -44,14 +44,6 @@ frmWarning::frmWarning(QWidget* genitore)
     connect(cmdAnnulla, &QPushButton::clicked, this, [this] { scegli(0); });
     connect(cmdAvanzate, &QPushButton::clicked, this, [this] { mostraDettagli(!mDettagliVisibili); });
     mostraDettagli(false);
-}
-
-QFormLayout* frmWarning::campi() {
-    auto* modulo = new QFormLayout;
-    modulo->addRow("Descrizione", txtDescrizione);
-    modulo->addRow("Modulo", txtModulo);
-    modulo->addRow("Origine", lblOrigine);
-    return modulo;
 }
 
 QWidget* frmWarning::comandi() {
@@ -76,13 +68,13 @@ void frmWarning::componi() {
     auto* testata = new QHBoxLayout;
     testata->addWidget(icona);
     testata->addWidget(lblNumero, 1);
-    auto* dettagli = new QFormLayout(mDettagli);
-    dettagli->setContentsMargins(0, 0, 0, 0);
-    dettagli->addRow("Avanzate", txtAvanzate);
+    mCampi->addRow("Descrizione", txtDescrizione);
+    mCampi->addRow("Modulo", txtModulo);
+    mCampi->addRow("Origine", lblOrigine);
+    mCampi->addRow("Avanzate", txtAvanzate);
     auto* colonna = new QVBoxLayout(this);
     colonna->addLayout(testata);
-    colonna->addLayout(campi());
-    colonna->addWidget(mDettagli);
+    colonna->addLayout(mCampi);
     colonna->addWidget(comandi());
     colonna->setSizeConstraint(QLayout::SetFixedSize);
     txtDescrizione->setMinimumWidth(520);
@@ -90,7 +82,7 @@ void frmWarning::componi() {
 
 void frmWarning::mostraDettagli(bool visibili) {
     mDettagliVisibili = visibili;
-    mDettagli->setVisible(visibili);
+    mCampi->setRowVisible(txtAvanzate, visibili);
     cmdAvanzate->setText(visibili ? "<< Ripristina" : "Avanzate >>");
 }
 

@@ -22,16 +22,15 @@ class frmWarning : public QDialog {
 
   private:
     void componi();
-    QFormLayout* campi();
     QWidget* comandi();
     void mostraDettagli(bool visibili);
     void scegli(int risultato);
 
+    QFormLayout* mCampi;
     QLabel* lblNumero;
     QPlainTextEdit* txtDescrizione;
     QPlainTextEdit* txtModulo;
     QLabel* lblOrigine;
-    QWidget* mDettagli;
     QPlainTextEdit* txtAvanzate;
     QPushButton* cmdOk;
     QPushButton* cmdAnnulla;

@@ -1,0 +1,62 @@
+#include "postings/books.h"
+
+#include "core/globals.h"
+#include "data/sqlite_connection.h"
+
+QStringList libri(const Negozio& negozio) {
+    ErroreServer errore;
+    const auto archivio = SqliteConnection::apri(negozio.percorso(), errore);
+    EXPECT_TRUE(archivio) << errore.descrizione.toStdString();
+    QStringList tutte;
+    Recordset tabelle;
+    EXPECT_TRUE(archivio->eseguiNativo("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name", &tabelle));
+    for (; !tabelle.eof(); tabelle.moveNext()) {
+        Recordset righe;
+        EXPECT_TRUE(archivio->eseguiNativo("SELECT * FROM \"" + tabelle.testo("name") + "\" ORDER BY 1", &righe));
+        for (; !righe.eof(); righe.moveNext()) {
+            QStringList celle;
+            for (int i = 0; i < righe.campi(); ++i) {
+                celle << righe.campo(i).toString();
+            }
+            tutte << tabelle.testo("name") + ": " + celle.join('|');
+        }
+    }
+    return tutte;
+}
+
+void vendi(ContoDiProva& conto, const QString& codice) {
+    conto.clic(conto.vendita().txtCodProdotto);
+    conto.scansiona(codice);
+}
+
+QStringList schermata(const Vendita& v) {
+    QStringList righe;
+    for (int r = 1; r <= v.flxVB.ultima(); ++r) {
+        QStringList celle;
+        for (int c = 0; c < numeroColonne; ++c) {
+            celle << v.flxVB.cella(r, static_cast<Colonna>(c));
+        }
+        righe << celle.join('|');
+    }
+    for (const Campo* campo : {&v.lblRID, &v.txtProg, &v.txtSottoProg, &v.txtData, &v.txtCodCliente, &v.lblTotConto,
+                               &v.lblMainDisplay, &v.lblUltimaVendita}) {
+        righe << campo->nome() + "=" + campo->testo();
+    }
+    righe << QString("chiavi=%1/%2/%3").arg(v.idPagamento).arg(v.idPrimaNota).arg(v.idPNPagamento);
+    righe << QString("modificata=%1 pctSave=%2").arg(v.venditaModificata).arg(v.pctSave.visibile());
+    return righe;
+}
+
+AllaIstruzione::AllaIstruzione(int numero, Fatto fatto) {
+    sondaIstruzioni() = [this, numero, fatto = std::move(fatto)](const QString& sql) -> std::optional<ErroreServer> {
+        if (++mViste == numero) {
+            accaduto = true;
+            istruzione = sql;
+            return fatto();
+        }
+        if (!accaduto && sql == "COMMIT") confermata = true;
+        return std::nullopt;
+    };
+}
+
+AllaIstruzione::~AllaIstruzione() { sondaIstruzioni() = {}; }

@@ -1,0 +1,174 @@
+#include "core/globals.h"
+#include "data/gateway.h"
+#include "postings/books.h"
+#include "postings/numbering.h"
+#include "sale/last_numbers.h"
+
+namespace {
+
+class Numbering : public testing::Test {
+  protected:
+    Numbering() { n.prodotto({.codice = "A", .listino1 = 10}); }
+    // A sale of one A, saved, and a new one begun.
+    void vendita(ContoDiProva& c) {
+        vendi(c, "A");
+        c.tasto(Qt::Key_F5);
+        c.tasto(Qt::Key_F2);
+    }
+    QString contatori() {
+        return n.valore("SELECT group_concat(FK_NUMERATORE || '/' || ANNO || '=' || NUMERO) FROM (SELECT * FROM "
+                        "Contatori ORDER BY ANNO)");
+    }
+    QString vendite() {
+        return n.valore("SELECT group_concat(PROGRESSIVO || '/' || EXTRAPROG) FROM (SELECT DISTINCT M.RID, PROGRESSIVO, "
+                        "EXTRAPROG FROM Movimenti M JOIN DettagliMovimento D ON D.FK_MOVIMENTO = M.RID ORDER BY M.RID, "
+                        "EXTRAPROG)");
+    }
+    Negozio n;
+};
+
+}  // namespace
+
+TEST_F(Numbering, FirstNumberOfAYearMakesItsCounter) {
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 1);
+    EXPECT_EQ(n.valore("SELECT FK_NUMERATORE || '|' || ANNO || '|' || NUMERO || '|' || NOTE FROM Contatori"), "3|2027|1|n/d");
+}
+
+TEST_F(Numbering, CounterGoesOnByOne) {
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 1);
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 2);
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 3);
+    EXPECT_EQ(contatori(), "3/2027=3");
+}
+
+TEST_F(Numbering, YearsAndCountersAreApart) {
+    getNewNumeratoreAnnuale(3, "2027");
+    getNewNumeratoreAnnuale(3, "2027");
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2028"), 1);
+    EXPECT_EQ(getNewNumeratoreAnnuale(4, "2027"), 1);
+}
+
+TEST_F(Numbering, NumberThatCannotBeReadIsZero) {
+    gNomeModulo = "bBottegonClientVB";
+    n.operatore.attendiAvviso("cAdoSqlServer.getNewRecordset -> bBottegonClientVB.getNewNumeratoreAnnuale");
+    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql.contains("FROM Contatori")) return ErroreServer{ErroreServer::Classe::Altro, 1, "guasto", "prova"};
+        return std::nullopt;
+    };
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 0);
+}
+
+TEST_F(Numbering, RolledBackNumberReturnsToTheCounter) {
+    getNewNumeratoreAnnuale(3, "2027");
+    ASSERT_TRUE(gAdo.beginTrasaction("prova"));
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 2);
+    gAdo.rollbackTrasaction("prova");
+    EXPECT_EQ(contatori(), "3/2027=1");
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 2);
+}
+
+TEST_F(Numbering, RolledBackFirstNumberLeavesNoCounter) {
+    ASSERT_TRUE(gAdo.beginTrasaction("prova"));
+    EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 1);
+    gAdo.rollbackTrasaction("prova");
+    EXPECT_EQ(n.conta("Contatori"), 0);
+}
+
+TEST_F(Numbering, SubNumberOfNoProgressiveIsOneWithoutAQuery) {
+    const Vendita& v = n.apriConto().vendita();
+    AllaIstruzione prima(1, [] { return std::optional<ErroreServer>(); });
+    EXPECT_EQ(getNewSottoProgressivo(v, 0), 1);
+    EXPECT_EQ(getNewSottoProgressivo(v, -1), 1);
+    EXPECT_FALSE(prima.accaduto);
+}
+
+TEST_F(Numbering, SubNumberOfAFreshHeaderIsOne) {
+    EXPECT_EQ(getNewSottoProgressivo(n.apriConto().vendita(), 77), 1);
+}
+
+TEST_F(Numbering, SubNumberFollowsTheHighest) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    vendita(c);
+    EXPECT_EQ(getNewSottoProgressivo(c.vendita(), 1), 3);
+}
+
+TEST_F(Numbering, SalesOfADayShareOneHeader) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    vendita(c);
+    vendita(c);
+    EXPECT_EQ(n.conta("Movimenti"), 1);
+    EXPECT_EQ(vendite(), "1/1,1/2,1/3");
+    EXPECT_EQ(contatori(), "1/2026=1");
+}
+
+TEST_F(Numbering, SharedHeaderTotalsAllItsSales) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    vendita(c);
+    vendita(c);
+    EXPECT_EQ(n.valore("SELECT ROUND(TOTIMPONIBILE,4) || '|' || ROUND(TOTIMPOSTA,4) || '|' || ROUND(TOTDOCUMENTO,4) FROM "
+                       "Movimenti"),
+              "30.0|6.6|36.6");
+}
+
+TEST_F(Numbering, NewSaleOfTheDayStandsUnderItsHeader) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    const Vendita& v = c.vendita();
+    EXPECT_EQ(v.txtProg.testo(), "0001");
+    EXPECT_EQ(v.txtSottoProg.testo(), "(Auto)");
+    EXPECT_EQ(v.lblRID.testo(), n.valore("SELECT RID FROM Movimenti"));
+    EXPECT_EQ(v.flxVB.righe(), 1);
+}
+
+TEST_F(Numbering, DayAfterHasAHeaderOfItsOwn) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    n.orologio.istante = n.orologio.istante.addDays(1);
+    c.tasto(Qt::Key_F2);
+    vendita(c);
+    EXPECT_EQ(vendite(), "1/1,2/1");
+}
+
+TEST_F(Numbering, NewYearStartsAtOne) {
+    n.orologio.istante = QDateTime(QDate(2026, 12, 31), QTime(23, 0));
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    n.orologio.istante = QDateTime(QDate(2027, 1, 1), QTime(0, 5));
+    c.tasto(Qt::Key_F2);
+    vendita(c);
+    EXPECT_EQ(contatori(), "1/2026=1,1/2027=1");
+    EXPECT_EQ(vendite(), "1/1,1/1");
+}
+
+TEST_F(Numbering, DesksDoNotShareAHeader) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    gIDCassa = 2;
+    c.tasto(Qt::Key_F2);
+    vendita(c);
+    EXPECT_EQ(vendite(), "1/1,2/1");
+}
+
+TEST_F(Numbering, PricesWithTaxGiveEverySaleItsNumber) {
+    n.sql("UPDATE TipoDocumenti SET USAPREZZIIVA = 1");
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    vendita(c);
+    EXPECT_EQ(vendite(), "1/1,2/1");
+    EXPECT_EQ(contatori(), "1/2026=2");
+}
+
+TEST_F(Numbering, SaleBegunBeforeMidnightKeepsItsDay) {
+    n.orologio.istante = QDateTime(QDate(2026, 3, 16), QTime(23, 59));
+    ContoDiProva& c = n.apriConto();
+    vendi(c, "A");
+    n.orologio.istante = QDateTime(QDate(2026, 3, 17), QTime(0, 1));
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.valore("SELECT DATA FROM Movimenti"), "2026-03-16 00:00:00");
+    c.tasto(Qt::Key_F2);
+    EXPECT_EQ(c.vendita().txtData.testo(), "17/03/2026");
+    EXPECT_EQ(c.vendita().txtProg.testo(), "(Auto)");
+}

@@ -1,0 +1,320 @@
+#include <csignal>
+
+#include <QFile>
+
+#include "archivio/verify_archive.h"
+#include "core/globals.h"
+#include "core/run_time_error.h"
+#include "data/gateway.h"
+#include "data/sqlite_connection.h"
+#include "postings/books.h"
+
+// A save that is disturbed at each of its statements in turn leaves all of the sale in the books or
+// nothing, and the screen says which.
+
+namespace {
+
+// More statements than a save of two rows and its display ever run.
+constexpr int troppe = 200;
+
+ErroreServer guastoDelServer() { return {ErroreServer::Classe::Altro, 4711, "guasto di prova", "prova"}; }
+
+// A shop where a sale of two rows, 12,20 and 16,50, stands ready to be saved.
+struct VenditaPronta {
+    VenditaPronta() {
+        gNomeModulo = "bBottegonClientVB";
+        n.prodotto({.codice = "A", .listino1 = 10});
+        n.prodotto({.codice = "B", .listino1 = 5.5, .idIva = 2});
+        n.apriConto();
+        for (const char* codice : {"A", "B"}) {
+            vendi(conto(), codice);
+        }
+        conto().clic(vendita().txtQta);
+        conto().digita("2");
+        conto().clic(vendita().txtCodProdotto);
+    }
+    ContoDiProva& conto() { return static_cast<ContoDiProva&>(*gConti[0]); }
+    Vendita& vendita() { return n.vendita(); }
+    int testate() { return n.conta("Movimenti"); }
+    int righe() { return n.conta("DettagliMovimento"); }
+    int ultimoNumero() { return n.valore("SELECT SUM(NUMERO) FROM Contatori").toInt(); }
+
+    Negozio n;
+};
+
+void attendiVenditaNeiLibri(VenditaPronta& s) {
+    EXPECT_EQ(s.testate(), 1);
+    EXPECT_EQ(s.righe(), 2);
+    EXPECT_EQ(s.ultimoNumero(), 1);
+    EXPECT_EQ(s.n.valore("SELECT ROUND(TOTDOCUMENTO,4) FROM Movimenti"), "24.3");
+    EXPECT_EQ(verificaArchivio(s.n.percorso()).errori, QStringList());
+}
+
+// Another F5; a screen that a failed display has left without rows says that there is nothing to save.
+void salvaAncora(VenditaPronta& s) {
+    if (s.vendita().flxVB.righe() < 2) {
+        s.n.operatore.attendiMessaggio(
+            "Attenzione! non vi è nessun elemento da salvare.\nAggiungere almeno un prodotto");
+    }
+    s.conto().tasto(Qt::Key_F5);
+}
+
+}  // namespace
+
+TEST(SaveFailures, AStatementThatFailsBeforeTheCommitLeavesBooksAndScreen) {
+    int prove = 0;
+    for (int numero = 1; numero < troppe; ++numero) {
+        VenditaPronta s;
+        const RegistroAvvisi avvisi;
+        const QStringList libriPrima = libri(s.n);
+        const QStringList schermoPrima = schermata(s.vendita());
+        AllaIstruzione guasto(numero, [] { return guastoDelServer(); });
+        s.conto().tasto(Qt::Key_F5);
+        sondaIstruzioni() = {};
+        if (guasto.confermata || !guasto.accaduto) break;
+        SCOPED_TRACE(guasto.istruzione.toStdString());
+        ++prove;
+        EXPECT_EQ(libri(s.n), libriPrima);
+        EXPECT_EQ(schermata(s.vendita()), schermoPrima);
+        EXPECT_EQ(avvisi.moduli.size(), 1);
+        EXPECT_FALSE(gAdo.inTransazione());
+        salvaAncora(s);
+        attendiVenditaNeiLibri(s);
+        if (testing::Test::HasFailure()) return;
+    }
+    // Begin, counter, header, two rows, three sums and totals, commit.
+    EXPECT_GE(prove, 10);
+}
+
+TEST(SaveFailures, AStatementThatFailsAfterTheCommitBooksNothingTwice) {
+    int prove = 0;
+    for (int numero = 1; numero < troppe; ++numero) {
+        VenditaPronta s;
+        const RegistroAvvisi avvisi;
+        AllaIstruzione guasto(numero, [] { return guastoDelServer(); });
+        s.conto().tasto(Qt::Key_F5);
+        sondaIstruzioni() = {};
+        if (!guasto.accaduto) break;
+        if (!guasto.confermata) continue;
+        SCOPED_TRACE(guasto.istruzione.toStdString());
+        ++prove;
+        attendiVenditaNeiLibri(s);
+        salvaAncora(s);
+        attendiVenditaNeiLibri(s);
+        if (testing::Test::HasFailure()) return;
+    }
+    EXPECT_GE(prove, 2);
+}
+
+TEST(SaveFailures, AStatementThatFailsOnASecondSaveLeavesTheFirst) {
+    int prove = 0;
+    for (int numero = 1; numero < troppe; ++numero) {
+        VenditaPronta s;
+        s.conto().tasto(Qt::Key_F5);
+        s.conto().clicRiga(1);
+        s.conto().clic(s.vendita().txtQta);
+        s.conto().digita("3");
+        s.conto().clic(s.vendita().txtCodProdotto);
+        const RegistroAvvisi avvisi;
+        const QStringList libriPrima = libri(s.n);
+        const QStringList schermoPrima = schermata(s.vendita());
+        AllaIstruzione guasto(numero, [] { return guastoDelServer(); });
+        s.conto().tasto(Qt::Key_F5);
+        sondaIstruzioni() = {};
+        if (guasto.confermata || !guasto.accaduto) break;
+        SCOPED_TRACE(guasto.istruzione.toStdString());
+        ++prove;
+        EXPECT_EQ(libri(s.n), libriPrima);
+        EXPECT_EQ(schermata(s.vendita()), schermoPrima);
+        s.conto().tasto(Qt::Key_F5);
+        EXPECT_EQ(s.n.valore("SELECT ROUND(TOTDOCUMENTO,4) FROM Movimenti"), "48.7");
+        EXPECT_EQ(s.righe(), 2);
+        if (testing::Test::HasFailure()) return;
+    }
+    EXPECT_GE(prove, 7);
+}
+
+TEST(SaveFailures, FailureIsToldAfterTheTransaction) {
+    VenditaPronta s;
+    bool dentro = true;
+    s.n.operatore.attendiAvviso("cAdoSqlServer.executeSQL -> bBottegonClientVB.salvaVendita");
+    sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql.startsWith("UPDATE Movimenti")) return guastoDelServer();
+        if (sql == "ROLLBACK") dentro = s.n.operatore.avvisi.empty();
+        return std::nullopt;
+    };
+    s.conto().tasto(Qt::Key_F5);
+    EXPECT_TRUE(dentro);
+    EXPECT_EQ(s.n.operatore.avvisi.size(), 1u);
+    EXPECT_EQ(s.n.operatore.clessidre, 0);
+}
+
+// ---- Run-time errors
+
+namespace {
+
+bool proprioDelSalvataggio(const QString& sql) { return sql != "COMMIT" && sql != "ROLLBACK" && !sql.startsWith("BEGIN"); }
+
+}  // namespace
+
+TEST(SaveRunTimeErrors, AtEveryStatementNothingIsBookedTwice) {
+    int prove = 0;
+    for (int numero = 1; numero < troppe; ++numero) {
+        VenditaPronta s;
+        const RegistroAvvisi avvisi;
+        AllaIstruzione guasto(numero, [&]() -> std::optional<ErroreServer> {
+            if (proprioDelSalvataggio(guasto.istruzione)) throw RunTimeError(RunTimeError::Overflow);
+            return std::nullopt;
+        });
+        s.conto().tasto(Qt::Key_F5);
+        sondaIstruzioni() = {};
+        if (!guasto.accaduto) break;
+        if (!proprioDelSalvataggio(guasto.istruzione)) continue;
+        SCOPED_TRACE(guasto.istruzione.toStdString());
+        ++prove;
+        EXPECT_GE(avvisi.moduli.size(), 1);
+        EXPECT_FALSE(gAdo.inTransazione());
+        EXPECT_LE(s.righe(), 2);
+        salvaAncora(s);
+        EXPECT_EQ(s.righe(), 2);
+        EXPECT_EQ(s.n.conta("DettagliMovimento", "CODPRODOTTO = 'A'"), 1);
+        if (testing::Test::HasFailure()) return;
+    }
+    EXPECT_GE(prove, 10);
+}
+
+TEST(SaveRunTimeErrors, InTheSaveItselfCommitsWhatWasWrittenAndShowsIt) {
+    VenditaPronta s;
+    s.n.operatore.attendiAvviso("bBottegonClientVB.salvaVendita");
+    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql.startsWith("UPDATE Movimenti")) throw RunTimeError(RunTimeError::Overflow);
+        return std::nullopt;
+    };
+    s.conto().tasto(Qt::Key_F5);
+    sondaIstruzioni() = {};
+    EXPECT_EQ(s.testate(), 1);
+    EXPECT_EQ(s.righe(), 2);
+    EXPECT_EQ(s.vendita().lblRID.testo(), s.n.valore("SELECT RID FROM Movimenti"));
+    EXPECT_EQ(s.vendita().flxVB.ultima(), 2);
+    EXPECT_EQ(s.vendita().flxVB.gestione(1), RigaInvariata);
+    EXPECT_EQ(s.n.operatore.clessidre, 0);
+}
+
+TEST(SaveRunTimeErrors, InTheSaveItselfIsToldBeforeTheCommit) {
+    VenditaPronta s;
+    const RegistroAvvisi avvisi;
+    bool dettoPrima = false;
+    sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql.startsWith("UPDATE Movimenti")) throw RunTimeError(RunTimeError::Overflow);
+        if (sql == "COMMIT") dettoPrima = avvisi.moduli == QStringList("bBottegonClientVB.salvaVendita");
+        return std::nullopt;
+    };
+    s.conto().tasto(Qt::Key_F5);
+    EXPECT_TRUE(dettoPrima);
+}
+
+TEST(SaveRunTimeErrors, InTheRowsRollBack) {
+    VenditaPronta s;
+    s.n.operatore.attendiAvviso("bBottegonClientVB.saveDettagli");
+    const QStringList prima = libri(s.n);
+    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql.startsWith("INSERT INTO DettagliMovimento")) throw RunTimeError(RunTimeError::Overflow);
+        return std::nullopt;
+    };
+    s.conto().tasto(Qt::Key_F5);
+    sondaIstruzioni() = {};
+    EXPECT_EQ(libri(s.n), prima);
+    EXPECT_EQ(s.vendita().flxVB.gestione(1), RigaNuova);
+}
+
+// ---- The process dies
+
+TEST(SaveKilled, AtEveryStatementTheSaleIsWhollyThereOrAbsent) {
+    int assenti = 0;
+    int presenti = 0;
+    for (int numero = 1; numero < troppe; ++numero) {
+        VenditaPronta s;
+        gAdo.chiudiConnessioniCalde();
+        const int esito = inUnFiglio([&] {
+            const AllaIstruzione fine(numero, []() -> std::optional<ErroreServer> {
+                raise(SIGKILL);
+                return std::nullopt;
+            });
+            s.conto().tasto(Qt::Key_F5);
+            return 0;
+        });
+        if (esito == 0) break;
+        ASSERT_EQ(esito, -SIGKILL);
+        SCOPED_TRACE(numero);
+        EXPECT_EQ(verificaArchivio(s.n.percorso()).errori, QStringList());
+        EXPECT_EQ(s.n.valore("PRAGMA integrity_check"), "ok");
+        EXPECT_EQ(s.testate() * 2, s.righe());
+        EXPECT_EQ(s.testate(), s.ultimoNumero());
+        (s.testate() == 1 ? presenti : assenti) += 1;
+        if (testing::Test::HasFailure()) return;
+    }
+    EXPECT_GE(assenti, 10);
+    EXPECT_GE(presenti, 1);
+}
+
+TEST(SaveKilled, TheNextStartSavesWithoutRepair) {
+    VenditaPronta s;
+    gAdo.chiudiConnessioniCalde();
+    ASSERT_EQ(inUnFiglio([&] {
+                  sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
+                      if (sql == "COMMIT") raise(SIGKILL);
+                      return std::nullopt;
+                  };
+                  s.conto().tasto(Qt::Key_F5);
+                  return 0;
+              }),
+              -SIGKILL);
+    s.conto().tasto(Qt::Key_F5);
+    attendiVenditaNeiLibri(s);
+}
+
+// ---- The archive itself
+
+namespace {
+
+// Limits the size of the archive on the warm connection that the next operation takes.
+void limitaPagine(const QString& quante) {
+    ASSERT_TRUE(gAdo.Connect("prova", 60, 0, false));
+    auto* connessione = dynamic_cast<SqliteConnection*>(gAdo.getActiveConnection());
+    Recordset pagine;
+    EXPECT_TRUE(connessione->eseguiNativo(quante, &pagine));
+    EXPECT_TRUE(connessione->eseguiNativo("PRAGMA max_page_count = " + pagine.campo(0).toString()));
+    gAdo.disconnect();
+}
+
+}  // namespace
+
+TEST(SaveFaults, FullDiskIsSaidAndTheNextSaveWorks) {
+    VenditaPronta s;
+    // The row needs more pages than the archive may grow by.
+    s.vendita().flxVB.scrivi(1, Colonna::Descrizione, QString(100000, 'x'));
+    const QStringList prima = libri(s.n);
+    {
+        const RegistroAvvisi avvisi;
+        limitaPagine("SELECT page_count FROM pragma_page_count");
+        s.conto().tasto(Qt::Key_F5);
+        EXPECT_EQ(avvisi.moduli, QStringList("cAdoSqlServer.getIDByInsert -> bBottegonClientVB.saveDettagli"));
+    }
+    EXPECT_EQ(libri(s.n), prima);
+    EXPECT_EQ(s.n.valore("PRAGMA integrity_check"), "ok");
+    limitaPagine("SELECT 1000000");
+    s.conto().tasto(Qt::Key_F5);
+    attendiVenditaNeiLibri(s);
+}
+
+TEST(SaveFaults, ArchiveThatIsGoneIsSaidAndTheSaleStays) {
+    VenditaPronta s;
+    const QStringList prima = schermata(s.vendita());
+    s.n.operatore.attendiAvviso("cAdoSqlServer.Connect -> N/D");
+    ASSERT_TRUE(QFile::rename(s.n.percorso(), s.n.percorso() + ".via"));
+    s.conto().tasto(Qt::Key_F5);
+    EXPECT_EQ(schermata(s.vendita()), prima);
+    ASSERT_TRUE(QFile::rename(s.n.percorso() + ".via", s.n.percorso()));
+    s.conto().tasto(Qt::Key_F5);
+    attendiVenditaNeiLibri(s);
+}
