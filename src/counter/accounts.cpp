@@ -75,24 +75,24 @@ void Conto::premiComando(int comando) {
 
 void Conto::premiOperatore() {}
 
-bool Conto::apriNuovoConto(const QString& codiceCliente) {
+Vendita* Conto::apriNuovoConto(const QString& codiceCliente) {
     const auto libero = std::find(gConti.begin(), gConti.end(), nullptr);
     if (libero == gConti.end()) {
         operatore().messaggio("Nessun conto disponibile!\nChiudere prima un conto e riprovare.",
                               OperatorPort::Icona::Critica);
-        return false;
+        return nullptr;
     }
     const int indice = static_cast<int>(libero - gConti.begin());
     cmdConto_Click(*this, indice);
     Conto* nuovo = posto(indice).get();
-    if (nuovo == nullptr) return false;
+    if (nuovo == nullptr) return nullptr;
     if (codiceCliente.isEmpty()) {
         vuotaCliente(nuovo->vendita());
     } else {
         nuovo->vendita().txtCodCliente.testo(codiceCliente);
         txtCodCliente_Invio(nuovo->vendita());
     }
-    return true;
+    return &nuovo->vendita();
 }
 
 void Conto::scarica() {

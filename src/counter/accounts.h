@@ -25,7 +25,7 @@ class Conto : public SchermoVendita {
 
     void premiComando(int comando) override;
     void premiOperatore() override;
-    bool apriNuovoConto(const QString& codiceCliente) override;
+    Vendita* apriNuovoConto(const QString& codiceCliente) override;
     void scarica() override;
 
   private:

@@ -35,7 +35,9 @@ void salva(Conto& conto) {
     Vendita& v = conto.vendita();
     if (!salvaVendita(v, false, -1)) return;
     v.lblUltimaVendita.testo(v.lblMainDisplay.testo());
-    showVendita(v, 0, valIntero(v.txtProg.testo()), valIntero(v.txtSottoProg.testo()), -1);
+    // Numbers start again every year: a sale saved after midnight is looked up in its own.
+    const int anno = QDate::fromString(v.txtData.testo(), "dd/MM/yyyy").year();
+    showVendita(v, 0, valIntero(v.txtProg.testo()), valIntero(v.txtSottoProg.testo()), anno);
     if (v.indice > 0) conto.scarica();
 }
 
@@ -52,7 +54,7 @@ void cmdComando_Click(Conto& conto, int indice) {
     if (indice < 0 || indice >= CampiVendita::numeroComandi) return;
     if (!v.cmdComando[static_cast<size_t>(indice)].abilitato()) return;
     protetto(moduloFrmMain, "cmdComando_Click", [&] {
-        terminaCampo(conto);
+        if (!terminaCampo(conto)) return;
         switch (indice) {
             case 0:
                 return nuovaVendita(conto);

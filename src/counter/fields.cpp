@@ -1,5 +1,8 @@
 #include "counter/fields.h"
 
+#include <algorithm>
+
+#include "core/errors.h"
 #include "counter/accounts.h"
 #include "data/client_settings.h"
 #include "data/settings_store.h"
@@ -33,15 +36,23 @@ const VoceRegola regole[] = {
     {&Vendita::txtSconto3, [](Vendita& v) { txtSconto_LostFocus(v, v.txtSconto3); }},
 };
 
-void lasciaCampo(Conto& conto, Campo& campo) {
+// False when the rule failed: that is an event of its own, and what comes after it may still run.
+bool lasciaCampo(Conto& conto, Campo& campo) {
     Vendita& v = conto.vendita();
-    if (CTextBox* casella = v.caselle.di(campo)) {
-        casella->validate();
-        casella->lostFocus();
-    }
-    for (const auto& [membro, regola] : regole) {
-        if (&(v.*membro) == &campo && !campo.bloccato()) regola(v);
-    }
+    const QByteArray nome = (campo.nome() + "_LostFocus").toUtf8();
+    return protetto(
+        moduloFrmMain, nome.constData(),
+        [&] {
+            if (CTextBox* casella = v.caselle.di(campo)) {
+                casella->lostFocus();
+                casella->validate();
+            }
+            const auto voce = std::find_if(std::begin(regole), std::end(regole),
+                                           [&](const VoceRegola& r) { return &(v.*r.campo) == &campo; });
+            if (voce != std::end(regole) && !campo.bloccato()) voce->regola(v);
+            return true;
+        },
+        false);
 }
 
 }  // namespace
@@ -65,8 +76,9 @@ void fuocoPassa(Conto& conto, Campo* nuovo) {
     if (CTextBox* casella = conto.vendita().caselle.di(*nuovo)) casella->gotFocus();
 }
 
-void terminaCampo(Conto& conto) {
-    if (Campo* campo = conto.campoAttivo()) lasciaCampo(conto, *campo);
+bool terminaCampo(Conto& conto) {
+    Campo* campo = conto.campoAttivo();
+    return campo == nullptr || lasciaCampo(conto, *campo);
 }
 
 void spuntaCambiata(Conto& conto, Campo& spunta, int valore) {

@@ -19,8 +19,8 @@ std::optional<QChar> tastoInCampo(Conto& conto, Campo& campo, QChar tasto);
 // may send the focus on; then the new one is taken.
 void fuocoPassa(Conto& conto, Campo* nuovo);
 // Ends the field that is being typed in, before a command or a scan acts: as if it had been left. Doing
-// so again without a change does nothing.
-void terminaCampo(Conto& conto);
+// so again without a change does nothing. False when its rule failed, which has been reported.
+bool terminaCampo(Conto& conto);
 
 // The operator set or cleared a tick box.
 void spuntaCambiata(Conto& conto, Campo& spunta, int valore);

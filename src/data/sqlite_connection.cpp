@@ -149,8 +149,8 @@ void SqliteConnection::spiegaApertura() {
             return;
         case SQLITE_NOTADB:
         case SQLITE_CORRUPT:
-            mErrore.descrizione =
-                "Il file \"" + mPercorso + "\" non è un archivio o è danneggiato: " + mErrore.descrizione + ".";
+            mErrore.descrizione = "Il file \"" + mPercorso +
+                                  "\" non è un archivio o è danneggiato: " + mErrore.descrizione + ".";
             return;
         default:
             mErrore.descrizione =

@@ -59,8 +59,12 @@ void CTextBox::txtForeColor(unsigned colore) {
 void CTextBox::gotFocus() {
     mCampo.colori(mColoreFuoco, mColoreTesto);
     if (mTextBoxCorrente == this) return;
-    if (mCasella != nullptr) mCasella->selezionaTutto();
+    selezionaTutto();
     mTextBoxCorrente = this;
+}
+
+void CTextBox::selezionaTutto() {
+    if (mCasella != nullptr) mCasella->selezionaTutto();
 }
 
 void CTextBox::lostFocus() {

@@ -57,6 +57,7 @@ class CTextBox {
     int textLen() const { return static_cast<int>(mCampo.testo().size()); }
     QString textContent() const { return mCampo.testo(); }
     void textContent(const QString& testo) { mCampo.testo(testo); }
+    void selezionaTutto();
     void setLastPositionChar();
     void setLostFocus();
 

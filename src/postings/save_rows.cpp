@@ -28,10 +28,11 @@ struct Salvataggio {
     int colli = 0;
 };
 
-// A kit's head carries no money of its own: its components do.
+// Money columns hold four decimals; the cells may show the tail of a product of two Singles. A kit's head
+// carries no money of its own: its components do.
 QString importo(const FlexVB& g, int r, Colonna colonna) {
     if (testaDistinta(g.cella(r, Colonna::Codice))) return "0";
-    return getSqlNumberOrZero(g.cella(r, colonna));
+    return getSqlNumber(g.currency(r, colonna));
 }
 
 QString taglioRiga(const FlexVB& g, int r) {

@@ -50,34 +50,6 @@ void mostraSconto(Vendita& v, int r, Colonna colonna, Campo& campo, Campo& ombra
     ombra.testo(campo.testo());
 }
 
-void mostraPrezzi(Vendita& v, int r) {
-    const FlexVB& g = v.flxVB;
-    const double iva = static_cast<double>(g.single(r, Colonna::Iva));
-    const Currency listino = g.currency(r, Colonna::PrezzoListino);
-    v.txtPrezzoListino.testo(g.cella(r, Colonna::PrezzoListino));
-    v.lblPrezzoListino.testo(g.cella(r, Colonna::PrezzoListino));
-    v.lblPrezzoListino.tag(g.cella(r, Colonna::BloccaPrezzo));
-    v.txtPrezzoListinoLordo.testoETag(formattaImporto(listino.toDouble() * (1 + iva / 100), 2));
-    v.lblPrezzoListinoLordo.testo(v.txtPrezzoListinoLordo.testo());
-    v.txtPrezzoNetto.testo(g.cella(r, Colonna::PrezzoNetto));
-    v.txtPrezzoNetto.tag(g.cella(r, Colonna::PrezzoNettoEsteso));
-    v.lblPrezzoNetto.testo(g.cella(r, Colonna::PrezzoNetto));
-    // The reference of the commit test: the net price that the row's discounts gave.
-    v.txtPrezzoListino.tag(g.cella(r, Colonna::PrezzoNetto));
-    mostraSconto(v, r, Colonna::Sconto1, v.txtSconto1, v.lblSconto1);
-    mostraSconto(v, r, Colonna::Sconto2, v.txtSconto2, v.lblSconto2);
-    mostraSconto(v, r, Colonna::Sconto3, v.txtSconto3, v.lblSconto3);
-    const double quantita = static_cast<double>(g.single(r, Colonna::Quantita));
-    const double importo = g.currency(r, Colonna::Importo).toDouble();
-    v.txtPrezzoFinito.testoETag(formattaImporto(quantita == 0.0 ? 0.0 : importo / quantita, 2));
-    v.TxtPrezzoRiga.testoETag(formattaImporto(importo, 2));
-    v.lblScNetto.testo(g.cella(r, Colonna::ScNetto));
-    v.lblTotPrezzoNetto.testo(g.cella(r, Colonna::TotPrNetto));
-    v.lblIvaProdotto.testo(g.cella(r, Colonna::IvaProd));
-    v.lblTotIVA.testo(g.cella(r, Colonna::TotIvaProd));
-    v.lblTotRiga.testo(g.cella(r, Colonna::Importo));
-}
-
 void mostraQuantita(Vendita& v, int r) {
     const float quantita = v.flxVB.single(r, Colonna::Quantita);
     v.txtQta.testoETag(formattaImporto(std::fabs(quantita), 2));
@@ -117,12 +89,40 @@ void selectGridRow(Vendita& v) {
     v.selezioneInCorso = false;
 }
 
+void mostraPrezziRiga(Vendita& v, int r) {
+    const FlexVB& g = v.flxVB;
+    const double iva = static_cast<double>(g.single(r, Colonna::Iva));
+    const Currency listino = g.currency(r, Colonna::PrezzoListino);
+    v.txtPrezzoListino.testo(g.cella(r, Colonna::PrezzoListino));
+    v.lblPrezzoListino.testo(g.cella(r, Colonna::PrezzoListino));
+    v.lblPrezzoListino.tag(g.cella(r, Colonna::BloccaPrezzo));
+    v.txtPrezzoListinoLordo.testoETag(formattaImporto(listino.toDouble() * (1 + iva / 100), 2));
+    v.lblPrezzoListinoLordo.testo(v.txtPrezzoListinoLordo.testo());
+    v.txtPrezzoNetto.testo(g.cella(r, Colonna::PrezzoNetto));
+    v.txtPrezzoNetto.tag(g.cella(r, Colonna::PrezzoNettoEsteso));
+    v.lblPrezzoNetto.testo(g.cella(r, Colonna::PrezzoNetto));
+    // The reference of the commit test: the net price that the row's discounts gave.
+    v.txtPrezzoListino.tag(g.cella(r, Colonna::PrezzoNetto));
+    mostraSconto(v, r, Colonna::Sconto1, v.txtSconto1, v.lblSconto1);
+    mostraSconto(v, r, Colonna::Sconto2, v.txtSconto2, v.lblSconto2);
+    mostraSconto(v, r, Colonna::Sconto3, v.txtSconto3, v.lblSconto3);
+    const double quantita = static_cast<double>(g.single(r, Colonna::Quantita));
+    const double importo = g.currency(r, Colonna::Importo).toDouble();
+    v.txtPrezzoFinito.testoETag(formattaImporto(quantita == 0.0 ? 0.0 : importo / quantita, 2));
+    v.TxtPrezzoRiga.testoETag(formattaImporto(importo, 2));
+    v.lblScNetto.testo(g.cella(r, Colonna::ScNetto));
+    v.lblTotPrezzoNetto.testo(g.cella(r, Colonna::TotPrNetto));
+    v.lblIvaProdotto.testo(g.cella(r, Colonna::IvaProd));
+    v.lblTotIVA.testo(g.cella(r, Colonna::TotIvaProd));
+    v.lblTotRiga.testo(g.cella(r, Colonna::Importo));
+}
+
 void mostraRigaSelezionata(Vendita& v) {
     const int r = v.flxVB.corrente();
     if (v.modificaConsentita) {
         pulisciCampiRiga(v, false);
         mostraProdotto(v, r);
-        mostraPrezzi(v, r);
+        mostraPrezziRiga(v, r);
         mostraQuantita(v, r);
         v.lblPos.testo(QString::number(r));
         v.schermo.fuoco(v.txtCodProdotto);

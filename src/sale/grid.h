@@ -15,6 +15,8 @@ void selFlexRow(Vendita& v, int riga);
 void selectGridRow(Vendita& v);
 // The current row's cells into the entry fields; reads cells only.
 void mostraRigaSelezionata(Vendita& v);
+// A row's prices and discounts into the entry fields, as they were accepted last.
+void mostraPrezziRiga(Vendita& v, int riga);
 // When and by whom a saved row was sold.
 void mostraOraRiga(Vendita& v, int riga);
 

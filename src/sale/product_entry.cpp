@@ -81,7 +81,7 @@ bool ammessoDallaScorta(Vendita& v, const Recordset& p, bool& reso) {
                                     "] è inferiore al limite consentito.\nSi desidera effettuare il reso?");
         if (!reso) {
             v.txtCodProdotto.tag("-1");
-            mTextBoxCorrente = nullptr;  // the next focus selects the whole text
+            v.caselle.codProdotto.selezionaTutto();
         }
         return reso;
     }
@@ -281,18 +281,20 @@ void entraCodice(Vendita& v) {
     v.lblCodProdotto.testo(v.txtCodProdotto.testo());
 }
 
+// The rest of a customer card is typed behind its mark.
+void iniziaTessera(Vendita& v) {
+    v.schermo.fuoco(v.txtCodCliente);
+    v.txtCodCliente.testo(gClienteChar);
+    v.caselle.codCliente.setLastPositionChar();
+}
+
 // A scanned card or badge begins with its own mark, right behind the scanner's prefix.
 bool tesseraOBadge(Vendita& v, QChar tasto) {
     if (!v.mDaLaser || !v.txtCodProdotto.testo().isEmpty()) return false;
     if (!gClienteChar.isEmpty() && tasto.toUpper() == gClienteChar[0].toUpper()) {
         v.mDaLaser = false;
-        if (v.txtCodCliente.bloccato() || v.indice == 0) {
-            v.schermo.apriNuovoConto(gClienteChar);
-        } else {
-            v.schermo.fuoco(v.txtCodCliente);
-            v.txtCodCliente.testo(gClienteChar);
-            v.caselle.codCliente.setLastPositionChar();
-        }
+        const bool altroConto = v.txtCodCliente.bloccato() || v.indice == 0;
+        if (Vendita* conto = altroConto ? v.schermo.apriNuovoConto({}) : &v) iniziaTessera(*conto);
         return true;
     }
     if (!gVenditoreChar.isEmpty() && tasto == gVenditoreChar[0]) {

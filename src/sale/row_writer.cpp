@@ -45,8 +45,10 @@ DatiRiga datiDallEditor(const Vendita& v, int rigaInserimento) {
     return d;
 }
 
-// The prices and discounts as they were before the change that the operator took back.
-void ripristinaPrezzi(Vendita& v) {
+// The prices and discounts as they were before the change that the operator took back: those of the row, or
+// of the product as it was read when it has no row yet.
+void ripristinaPrezzi(Vendita& v, int riga) {
+    if (riga > 0) return mostraPrezziRiga(v, riga);
     v.txtPrezzoListino.testo(v.lblPrezzoListino.testo());
     v.txtPrezzoListinoLordo.testo(v.lblPrezzoListinoLordo.testo());
     v.txtSconto1.testoETag(v.lblSconto1.testo());
@@ -60,7 +62,7 @@ bool accettaSottocosto(Vendita& v, const DatiRiga& d) {
     if (gSottoCosto == 0 || v.mSottocostoOk || d.prezzoNetto <= Currency()) return true;
     if (getValoreCurrency(v.lblPrezzoAcquisto.testo()) <= d.prezzoNetto) return true;
     v.mSottocostoOk = v.schermo.operatore().chiedeSi("Attenzione! Vendita sottocosto.\nContinuare?");
-    if (!v.mSottocostoOk) ripristinaPrezzi(v);
+    if (!v.mSottocostoOk) ripristinaPrezzi(v, d.posizione);
     return v.mSottocostoOk;
 }
 

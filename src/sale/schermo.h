@@ -5,6 +5,7 @@
 class Campo;
 class OperatorPort;
 class Recordset;
+struct Vendita;
 
 // What a sale needs of the screen it stands on: a window, or a script in its place.
 class SchermoVendita {
@@ -35,9 +36,9 @@ class SchermoVendita {
     // The commands of the screen and the other accounts, which stand a floor above the sale.
     virtual void premiComando(int comando) = 0;
     virtual void premiOperatore() = 0;
-    // Opens a further account for that customer code, or without a customer when it is empty; false when
+    // Opens a further account for that customer code, or without a customer when it is empty; nothing when
     // all are taken.
-    virtual bool apriNuovoConto(const QString& codiceCliente) = 0;
+    virtual Vendita* apriNuovoConto(const QString& codiceCliente) = 0;
     // Closes this screen; it dies when the outermost procedure has returned.
     virtual void scarica() = 0;
 };

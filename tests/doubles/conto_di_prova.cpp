@@ -116,6 +116,7 @@ bool ContoDiProva::scade(Timer timer) {
 
 bool ContoDiProva::selezionaElemento(Recordset& righe, const QString& colonne) {
     elenchiMostrati << colonne;
+    if (quandoOffre) quandoOffre(righe, colonne);
     if (scelte.empty()) return false;
     const std::optional<int> scelta = scelte.front();
     scelte.erase(scelte.begin());

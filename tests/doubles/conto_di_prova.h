@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -40,6 +41,8 @@ class ContoDiProva final : public Conto {
     // Which of the offered rows the operator takes, from 0; nothing: cancels. Each list uses one up.
     std::vector<std::optional<int>> scelte;
     QStringList elenchiMostrati;  // the column specifications
+    // Sees each list as it is offered.
+    std::function<void(Recordset& righe, const QString& colonne)> quandoOffre;
 
     // ---- Conto and SchermoVendita
     void mostra() override { ++mostrate; }

@@ -9,10 +9,12 @@ QStringList libri(const Negozio& negozio) {
     EXPECT_TRUE(archivio) << errore.descrizione.toStdString();
     QStringList tutte;
     Recordset tabelle;
-    EXPECT_TRUE(archivio->eseguiNativo("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name", &tabelle));
+    EXPECT_TRUE(archivio->eseguiNativo("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name",
+                                       &tabelle));
     for (; !tabelle.eof(); tabelle.moveNext()) {
         Recordset righe;
-        EXPECT_TRUE(archivio->eseguiNativo("SELECT * FROM \"" + tabelle.testo("name") + "\" ORDER BY 1", &righe));
+        EXPECT_TRUE(
+            archivio->eseguiNativo("SELECT * FROM \"" + tabelle.testo("name") + "\" ORDER BY 1", &righe));
         for (; !righe.eof(); righe.moveNext()) {
             QStringList celle;
             for (int i = 0; i < righe.campi(); ++i) {
@@ -24,9 +26,15 @@ QStringList libri(const Negozio& negozio) {
     return tutte;
 }
 
-void vendi(ContoDiProva& conto, const QString& codice) {
+void vendi(ContoDiProva& conto, const QString& codice, const QString& quantita) {
     conto.clic(conto.vendita().txtCodProdotto);
-    conto.scansiona(codice);
+    conto.digita(codice);
+    conto.invio();
+    if (!quantita.isEmpty()) {
+        conto.clic(conto.vendita().txtQta);
+        conto.digita(quantita);
+    }
+    conto.tasto(Qt::Key_F6);
 }
 
 QStringList schermata(const Vendita& v) {
@@ -38,8 +46,8 @@ QStringList schermata(const Vendita& v) {
         }
         righe << celle.join('|');
     }
-    for (const Campo* campo : {&v.lblRID, &v.txtProg, &v.txtSottoProg, &v.txtData, &v.txtCodCliente, &v.lblTotConto,
-                               &v.lblMainDisplay, &v.lblUltimaVendita}) {
+    for (const Campo* campo : {&v.lblRID, &v.txtProg, &v.txtSottoProg, &v.txtData, &v.txtCodCliente,
+                               &v.lblTotConto, &v.lblMainDisplay, &v.lblUltimaVendita}) {
         righe << campo->nome() + "=" + campo->testo();
     }
     righe << QString("chiavi=%1/%2/%3").arg(v.idPagamento).arg(v.idPrimaNota).arg(v.idPNPagamento);
@@ -48,7 +56,8 @@ QStringList schermata(const Vendita& v) {
 }
 
 AllaIstruzione::AllaIstruzione(int numero, Fatto fatto) {
-    sondaIstruzioni() = [this, numero, fatto = std::move(fatto)](const QString& sql) -> std::optional<ErroreServer> {
+    sondaIstruzioni() = [this, numero,
+                         fatto = std::move(fatto)](const QString& sql) -> std::optional<ErroreServer> {
         if (++mViste == numero) {
             accaduto = true;
             istruzione = sql;
@@ -59,4 +68,6 @@ AllaIstruzione::AllaIstruzione(int numero, Fatto fatto) {
     };
 }
 
-AllaIstruzione::~AllaIstruzione() { sondaIstruzioni() = {}; }
+AllaIstruzione::~AllaIstruzione() {
+    sondaIstruzioni() = {};
+}

@@ -12,8 +12,8 @@
 // The whole contents of a shop's archive: one line a row, "table: cells parted by |".
 QStringList libri(const Negozio& negozio);
 
-// One scan of a code in the product field.
-void vendi(ContoDiProva& conto, const QString& codice);
+// A product by its typed code, its quantity when it is not one, then a new row.
+void vendi(ContoDiProva& conto, const QString& codice, const QString& quantita = {});
 
 // What the operator sees of a sale: rows, numbers and totals, one line each.
 QStringList schermata(const Vendita& v);

@@ -16,13 +16,15 @@ class Numbering : public testing::Test {
         c.tasto(Qt::Key_F2);
     }
     QString contatori() {
-        return n.valore("SELECT group_concat(FK_NUMERATORE || '/' || ANNO || '=' || NUMERO) FROM (SELECT * FROM "
-                        "Contatori ORDER BY ANNO)");
+        return n.valore(
+            "SELECT group_concat(FK_NUMERATORE || '/' || ANNO || '=' || NUMERO) FROM (SELECT * FROM "
+            "Contatori ORDER BY ANNO)");
     }
     QString vendite() {
-        return n.valore("SELECT group_concat(PROGRESSIVO || '/' || EXTRAPROG) FROM (SELECT DISTINCT M.RID, PROGRESSIVO, "
-                        "EXTRAPROG FROM Movimenti M JOIN DettagliMovimento D ON D.FK_MOVIMENTO = M.RID ORDER BY M.RID, "
-                        "EXTRAPROG)");
+        return n.valore(
+            "SELECT group_concat(PROGRESSIVO || '/' || EXTRAPROG) FROM (SELECT DISTINCT M.RID, PROGRESSIVO, "
+            "EXTRAPROG FROM Movimenti M JOIN DettagliMovimento D ON D.FK_MOVIMENTO = M.RID ORDER BY M.RID, "
+            "EXTRAPROG)");
     }
     Negozio n;
 };
@@ -31,7 +33,8 @@ class Numbering : public testing::Test {
 
 TEST_F(Numbering, FirstNumberOfAYearMakesItsCounter) {
     EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 1);
-    EXPECT_EQ(n.valore("SELECT FK_NUMERATORE || '|' || ANNO || '|' || NUMERO || '|' || NOTE FROM Contatori"), "3|2027|1|n/d");
+    EXPECT_EQ(n.valore("SELECT FK_NUMERATORE || '|' || ANNO || '|' || NUMERO || '|' || NOTE FROM Contatori"),
+              "3|2027|1|n/d");
 }
 
 TEST_F(Numbering, CounterGoesOnByOne) {
@@ -52,7 +55,8 @@ TEST_F(Numbering, NumberThatCannotBeReadIsZero) {
     gNomeModulo = "bBottegonClientVB";
     n.operatore.attendiAvviso("cAdoSqlServer.getNewRecordset -> bBottegonClientVB.getNewNumeratoreAnnuale");
     sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
-        if (sql.contains("FROM Contatori")) return ErroreServer{ErroreServer::Classe::Altro, 1, "guasto", "prova"};
+        if (sql.contains("FROM Contatori"))
+            return ErroreServer{ErroreServer::Classe::Altro, 1, "guasto", "prova"};
         return std::nullopt;
     };
     EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 0);
@@ -108,7 +112,8 @@ TEST_F(Numbering, SharedHeaderTotalsAllItsSales) {
     vendita(c);
     vendita(c);
     vendita(c);
-    EXPECT_EQ(n.valore("SELECT ROUND(TOTIMPONIBILE,4) || '|' || ROUND(TOTIMPOSTA,4) || '|' || ROUND(TOTDOCUMENTO,4) FROM "
+    EXPECT_EQ(n.valore("SELECT ROUND(TOTIMPONIBILE,4) || '|' || ROUND(TOTIMPOSTA,4) || '|' || "
+                       "ROUND(TOTDOCUMENTO,4) FROM "
                        "Movimenti"),
               "30.0|6.6|36.6");
 }
@@ -167,7 +172,7 @@ TEST_F(Numbering, SaleBegunBeforeMidnightKeepsItsDay) {
     vendi(c, "A");
     n.orologio.istante = QDateTime(QDate(2026, 3, 17), QTime(0, 1));
     c.tasto(Qt::Key_F5);
-    EXPECT_EQ(n.valore("SELECT DATA FROM Movimenti"), "2026-03-16 00:00:00");
+    EXPECT_EQ(n.valore("SELECT DATA || '' FROM Movimenti"), "2026-03-16 00:00:00");
     c.tasto(Qt::Key_F2);
     EXPECT_EQ(c.vendita().txtData.testo(), "17/03/2026");
     EXPECT_EQ(c.vendita().txtProg.testo(), "(Auto)");

@@ -159,6 +159,11 @@ TEST_P(BadInput, NeitherBreaksTheScreenNorTouchesTheArchive) {
             }
             c.invio();
             c.clic(v.txtDescProdotto);
+            // A value out of range or a null character is refused; a server that stumbled would be worse.
+            for (const QString& errore : operatore.errori) {
+                EXPECT_TRUE(errore.startsWith("6 ") || errore.contains("carattere nullo"))
+                    << errore.toStdString();
+            }
             operatore.errori.clear();
             c.scansiona("8002");
             ASSERT_TRUE(codiciVivi(v).contains("BUONO")) << operatore.errori.join("\n").toStdString();
@@ -180,6 +185,36 @@ INSTANTIATE_TEST_SUITE_P(Fields, BadInput,
                                          CampoOstile{"txtPrezzoNetto", true}, CampoOstile{"txtSconto1", true},
                                          CampoOstile{"txtIVA", true}, CampoOstile{"txtData", false}),
                          [](const auto& info) { return std::string(info.param.nome); });
+
+// ---- A field whose value cannot be computed with
+
+struct ValueOutOfRange : testing::Test {
+    Negozio n;
+    int idP = n.prodotto({.codice = "P", .listino1 = 10, .barcode = "8001"});
+    int idB = n.prodotto({.codice = "B", .listino1 = 1, .barcode = "8002"});
+    ContoDiProva& c = n.apriConto();
+    Vendita& v = c.vendita();
+
+    void SetUp() override {
+        c.scansiona("8001");
+        scrivi(c, v.txtPrezzoListino, QString(30, '9'));
+        n.operatore.attendiAvviso("frmMain.txtPrezzoListino_LostFocus");
+    }
+};
+
+TEST_F(ValueOutOfRange, IsReportedAndTheNextScanGoesOn) {
+    c.scansiona("8002");
+    EXPECT_EQ(codiciVivi(v), (QStringList{"P", "B"}));
+    EXPECT_EQ(cella(v, 1, Colonna::Importo), "12,20");
+    EXPECT_EQ(v.lblMainDisplay.testo(), "13,42");
+}
+
+TEST_F(ValueOutOfRange, StopsTheSave) {
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.conta("Movimenti"), 0);
+    EXPECT_EQ(v.rid(), -1);
+    EXPECT_EQ(codiciVivi(v), QStringList{"P"});
+}
 
 // ---- A code is the text that it is
 

@@ -176,7 +176,10 @@ TEST_F(Customer, LaterPostingsCountUnlessTheLimitIsToday) {
 }
 
 struct CreditLimit : Customer {
-    void SetUp() override { n.prodotto({.codice = "P", .listino1 = 100, .idIva = 1}); }
+    void SetUp() override {
+        n.prodotto({.codice = "P", .listino1 = 100});
+        n.sql("UPDATE Anagrafiche SET SCONTO = 0");
+    }
     // The limit, and a sale of 122,00.
     void conFido(const char* fido, const char* controllo) {
         n.sql(

@@ -37,7 +37,7 @@ TEST_F(DocumentInfo, CounterSaleHasNoVatLayout) {
     EXPECT_FALSE(v.mUsaPrezziIva);
     EXPECT_FALSE(c.vistaIva);
     EXPECT_TRUE(v.generaPN);
-    EXPECT_FALSE(v.generaScad);
+    EXPECT_TRUE(v.generaScad);
     EXPECT_EQ(v.magazzinoOrigine, 1);
 }
 

@@ -1,3 +1,4 @@
+#include "counter/keys.h"
 #include "gesti.h"
 #include "sale/grid.h"
 
@@ -272,11 +273,13 @@ TEST_F(Grid, LookUpHappensOnce) {
     EXPECT_FALSE(c.timerAttivo(Timer::Griglia));
 }
 
-TEST_F(Grid, HeldKeyRunsTheTimer) {
+TEST_F(Grid, HeldKeyRunsTheTimerUntilItComesUp) {
     venditeDiTre();
-    v.direzioneTasti = 0;
-    c.tasto(Qt::Key_Up);
+    EXPECT_TRUE(Form_KeyDown(c, Qt::Key_Up, Qt::NoModifier));
     EXPECT_EQ(v.direzioneTasti, 1);
+    ASSERT_TRUE(c.timerAttivo(Timer::Tasti));
+    EXPECT_EQ(c.intervallo(Timer::Tasti), 100);
+    EXPECT_TRUE(Form_KeyUp(c, Qt::Key_Up, Qt::NoModifier));
     EXPECT_FALSE(c.timerAttivo(Timer::Tasti));
 }
 

@@ -42,11 +42,11 @@ TEST_F(PricingForward, NetPriceKeepsItsDecimalsInTheTag) {
 }
 
 TEST_F(PricingForward, LargeDiscountPassesThroughASingle) {
-    // 123456,78 x 0,6667 = 82308,635226; discount 41148,1448, as a Single 41148,14453125.
-    calcola("123.456,78", "22,00", "1,00", "33,33");
-    EXPECT_EQ(v.lblScNetto.testo(), "41.148,144800");
-    EXPECT_EQ(v.txtPrezzoNetto.tag(), "82308,6355");
-    EXPECT_EQ(v.txtPrezzoNetto.testo(), "82.308,64");
+    // 123456,79 x 0,6675 = 82407,407325; discount 41049,3827, as a Single 41049,3828125.
+    calcola("123.456,79", "22,00", "1,00", "33,25");
+    EXPECT_EQ(v.lblScNetto.testo(), "41.049,382700");
+    EXPECT_EQ(v.txtPrezzoNetto.tag(), "82407,4072");
+    EXPECT_EQ(v.txtPrezzoNetto.testo(), "82.407,41");
 }
 
 TEST_F(PricingForward, FinalPriceDoesNotPassThroughTheNetPrice) {
@@ -157,7 +157,7 @@ struct Esatto {
         const auto sconto = static_cast<qint64>(listino) * 100 - scontato;
         const double daSingle =
             static_cast<double>(static_cast<float>(static_cast<double>(sconto) / 10000.0));
-        return static_cast<qint64>(listino) * 100 - static_cast<qint64>(std::llround(daSingle * 10000.0));
+        return static_cast<qint64>(listino) * 100 - static_cast<qint64>(std::llrint(daSingle * 10000.0));
     }
     // In cents: list x (1 + vat) x factors.
     qint64 finito() const {
@@ -188,8 +188,13 @@ TEST_F(PricingForward, AgreesWithAnExactComputation) {
     int provati = 0;
     for (int i = 0; i < 2000; ++i) {
         const int aliquote[] = {0, 400, 500, 1000, 2200};
-        const Esatto e{tra(1, 999999),           tra(1, 20000),           aliquote[tra(0, 4)], tra(0, 9999),
-                       tra(0, 9999) * tra(0, 1), tra(0, 9999) * tra(0, 1)};
+        // Quarters are exact in a Single.
+        const Esatto e{.listino = tra(1, 999999),
+                       .qta = 25 * tra(1, 800),
+                       .iva = aliquote[tra(0, 4)],
+                       .s1 = 25 * tra(0, 399),
+                       .s2 = 25 * tra(0, 399) * tra(0, 1),
+                       .s3 = 25 * tra(0, 399) * tra(0, 1)};
         if (e.incerto()) continue;
         ++provati;
         const auto testo = [](__int128 valore) { return importo(static_cast<qint64>(valore)); };

@@ -358,7 +358,7 @@ TEST_F(ProductEntry, FreeRowTakesTheTypedDescription) {
 TEST_F(ProductEntry, ZeroQuantityIsRefusedAndAskedFor) {
     c.digita("A1");
     c.invio();
-    n.operatore.attendiMessaggio("Attenzione:\r - Campo [Quantità] Obbligatorio");
+    n.operatore.attendiMessaggio("Attenzione:\n - Campo [Quantità] Obbligatorio");
     scriviELascia(c, v.txtQta, "0");
     EXPECT_EQ(cella(v, 1, Colonna::Quantita), "1,00");
 }

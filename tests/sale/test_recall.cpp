@@ -178,7 +178,7 @@ TEST_F(Recall, RowsBehindADeletedOneAreToBeUpdated) {
 }
 
 TEST_F(Recall, DayGoesOnUnderTheHeaderOfToday) {
-    n.sql("UPDATE Movimenti SET DATA = '2026-03-16'");
+    n.sql("UPDATE Movimenti SET DATA = '2026-03-16 00:00:00'");
     c.tasto(Qt::Key_F2);
     EXPECT_EQ(v.rid(), 40);
     EXPECT_EQ(v.txtProg.testo(), "0012");

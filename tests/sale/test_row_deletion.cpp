@@ -58,14 +58,6 @@ TEST_F(RowDeletion, NoLeavesEverything) {
     EXPECT_EQ(v.lblMainDisplay.testo(), "36,60");
 }
 
-TEST_F(RowDeletion, EmptySaleHasNothingToDelete) {
-    Negozio altro;
-    ContoDiProva& vuoto = altro.apriConto();
-    vuoto.tasto(Qt::Key_F9);
-    EXPECT_EQ(vuoto.vendita().flxVB.righe(), 1);
-    EXPECT_FALSE(vuoto.vendita().venditaModificata);
-}
-
 TEST_F(RowDeletion, SaleOfDeletedRowsHasNothingToDelete) {
     cancella(1, "A");
     cancella(2, "B");
@@ -120,6 +112,14 @@ TEST_F(RowDeletion, ProductCanBeSoldAgain) {
     vendi(c, "B");
     EXPECT_EQ(codiciVivi(v), (QStringList{"A", "C", "B"}));
     EXPECT_EQ(v.lblMainDisplay.testo(), "36,60");
+}
+
+TEST(RowDeletionOfNothing, EmptySaleStaysAsItIs) {
+    Negozio n;
+    ContoDiProva& c = n.apriConto();
+    c.tasto(Qt::Key_F9);
+    EXPECT_EQ(c.vendita().flxVB.righe(), 1);
+    EXPECT_FALSE(c.vendita().venditaModificata);
 }
 
 }  // namespace
