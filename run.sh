@@ -12,6 +12,14 @@ archivio=$uscita/Bottegon.mdb  # one folder above the program: where a new desk 
 
 installaMancanti "${pacchettiCostruzione[@]}"
 costruisci release bottegon bottegon-archivio
+
+# The demonstration shop of an older program is put aside, not thrown away.
+if [[ -e $archivio && $("$strumento" verifica "$archivio" || true) == *"altra versione"* ]]; then
+    vecchio=$archivio.vecchio-$(date +%Y%m%d-%H%M%S)
+    for parte in "" -wal -shm; do
+        [ ! -e "$archivio$parte" ] || mv "$archivio$parte" "$vecchio$parte"
+    done
+fi
 [ -e "$archivio" ] || "$strumento" crea --demo "$archivio"
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then exec "$programma"; fi

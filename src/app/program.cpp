@@ -30,8 +30,8 @@ void segnaleTermine(int) {
     [[maybe_unused]] const ssize_t scritto = ::write(presaSegnali[0], &byte, sizeof byte);
 }
 
-// SIGTERM, SIGINT and SIGHUP ask to close, as the close box does.
-std::unique_ptr<QSocketNotifier> ascoltaSegnali(QWidget& finestra) {
+// Signals that ask to close, as the close box does. Several that come together are one request.
+std::unique_ptr<QSocketNotifier> ascoltaSegnali() {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, presaSegnali) != 0)
         return nullptr;
     for (const int segnale : {SIGTERM, SIGINT, SIGHUP}) {
@@ -41,21 +41,22 @@ std::unique_ptr<QSocketNotifier> ascoltaSegnali(QWidget& finestra) {
         ::sigaction(segnale, &azione, nullptr);
     }
     auto ascolto = std::make_unique<QSocketNotifier>(presaSegnali[1], QSocketNotifier::Read);
-    QObject::connect(ascolto.get(), &QSocketNotifier::activated, &finestra, [&finestra] {
-        char byte = 0;
-        // Before the first account is open the window's close ends nothing.
-        if (::read(presaSegnali[1], &byte, sizeof byte) > 0 && finestra.close()) chiudiApplicazione();
+    QObject::connect(ascolto.get(), &QSocketNotifier::activated, ascolto.get(), [] {
+        char byte[16];
+        while (::read(presaSegnali[1], byte, sizeof byte) > 0) {
+        }
+        if (chiudiTuttiIConti()) chiudiApplicazione();
     });
     return ascolto;
 }
 
 // Logging out asks as the close box does, and waits for the answer.
-void ascoltaFineSessione(QWidget& finestra) {
+void ascoltaFineSessione() {
     QObject::connect(
-        qGuiApp, &QGuiApplication::commitDataRequest, &finestra,
-        [&finestra](QSessionManager& sessione) {
+        qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp,
+        [](QSessionManager& sessione) {
             if (!sessione.allowsInteraction()) return;
-            if (!finestra.close()) sessione.cancel();
+            if (!chiudiTuttiIConti()) sessione.cancel();
             sessione.release();
         },
         Qt::DirectConnection);
@@ -75,8 +76,8 @@ int eseguiProgramma(int argc, char* argv[]) {
     SingleInstance istanza(SettingsOnDisk::cartellaUtente());
     impostaFabbricaConti([&](int indice) { return new frmMain(indice, finestra, operatore); });
     impostaChiudiApplicazione(&chiudiApplicazione);
-    const auto segnali = ascoltaSegnali(finestra);
-    ascoltaFineSessione(finestra);
+    const auto segnali = ascoltaSegnali();
+    ascoltaFineSessione();
 
     const PortiAvvio porti{
         .operatore = operatore,

@@ -5,8 +5,8 @@
 #include <QLocalServer>
 #include <QString>
 
-// One client for each user's settings. The first start holds a lock that the system itself drops when the
-// process dies, however it dies; a later one asks the first to come to the front, and ends.
+// One client for each program and settings folder. The first start holds a lock that the system itself drops
+// when the process dies, however it dies; a later one asks the first to come to the front, and ends.
 class SingleInstance {
   public:
     // `cartella` holds the settings, and the lock beside them.

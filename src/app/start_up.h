@@ -2,7 +2,6 @@
 
 #include <functional>
 
-#include <QDate>
 #include <QString>
 
 #include "core/operator_port.h"

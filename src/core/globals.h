@@ -57,7 +57,7 @@ extern int gStampaCopie;              // copies printed, at least 1
 extern QString gLaserChar;            // prefix that marks a scan
 extern QString gClienteChar;          // prefix that marks a customer code
 extern int gContoCassa;               // PianoConti
-extern int gTipoDocOverride;          // TipiDocumento; above 0 it replaces the option TipoDocVb
+extern int gTipoDocOverride;          // TipoDocumenti; above 0 it replaces the option TipoDocVb
 extern int gCausalePagOverride;       // Causali; above 0 it replaces the option CausalePagVb
 extern int gIDMagazzino;              // Magazzini; for the stock shown with gGiacenzaMagazzino
 extern int gGiacenzaMagazzino;        // show the stock of one warehouse
@@ -66,9 +66,9 @@ extern QString gAltriDocConversione;  // document codes, separated by commas, no
 // ---- Business rules shared by all desks: the table Opzioni
 
 extern int gTipoStampaDistinta;  // how kits are printed
-extern int gClientePredefinito;  // Anagrafe; customer of an empty sale
+extern int gClientePredefinito;  // Anagrafiche; customer of an empty sale
 extern int gCatPrezziNetti;      // discount category whose tables hold net prices
-extern int gTipoDocVb;           // TipiDocumento; document type of a counter sale
+extern int gTipoDocVb;           // TipoDocumenti; document type of a counter sale
 extern int gCausalePagVb;        // Causali; collection of a counter sale
 extern int gPagamentoVB;         // Pagamenti; payment of a counter sale
 extern int gContoClienti;        // PianoConti

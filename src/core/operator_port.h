@@ -9,7 +9,6 @@ class OperatorPort {
     enum class Icona { Nessuna, Informazione, Domanda, Esclamazione, Critica };
     enum class Pulsanti { SiNo, SiNoAnnulla };
     enum class Risposta { Si, No, Annulla };
-    enum class Direzione { Nessuna, Su, Giu };
 
     // What the warning dialogue shows of an unexpected error.
     struct Errore {

@@ -2,18 +2,22 @@
 
 #include <algorithm>
 
+#include <QScopedValueRollback>
+
 #include "core/errors.h"
 #include "core/globals.h"
 #include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "counter/captions.h"
 #include "counter/commands.h"
+#include "counter/fields.h"
 #include "counter/save_question.h"
 #include "data/client_settings.h"
 #include "data/settings_store.h"
 #include "sale/customer.h"
 #include "sale/document_info.h"
 #include "sale/grid.h"
+#include "sale/product_entry.h"
 #include "sale/recall.h"
 #include "sale/row_editor.h"
 #include "sale/sale_document.h"
@@ -76,6 +80,7 @@ void Conto::premiComando(int comando) {
 void Conto::premiOperatore() {}
 
 Vendita* Conto::apriNuovoConto(const QString& codiceCliente) {
+    if (!controlloDataMovimento(mVendita)) return nullptr;
     const auto libero = std::find(gConti.begin(), gConti.end(), nullptr);
     if (libero == gConti.end()) {
         operatore().messaggio("Nessun conto disponibile!\nChiudere prima un conto e riprovare.",
@@ -151,10 +156,19 @@ bool attivaConto(Conto& conto) {
 }
 
 bool chiudiTuttiIConti() {
-    while (Conto* conto = contoDavanti()) {
-        conto->mostra();
-        if (chiediSalvataggio(*conto)) return false;
-        conto->scarica();
-    }
-    return true;
+    // Asked again while the question about a sale is up: that one is not answered yet.
+    static bool inCorso = false;
+    if (inCorso) return false;
+    const QScopedValueRollback chiusura(inCorso, true);
+    return protetto(
+        moduloFrmMain, "Form_QueryUnload",
+        [] {
+            while (Conto* conto = contoDavanti()) {
+                conto->mostra();
+                if (!terminaCampo(*conto) || chiediSalvataggio(*conto)) return false;
+                conto->scarica();
+            }
+            return true;
+        },
+        false);
 }

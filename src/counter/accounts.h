@@ -60,5 +60,6 @@ void startMe(Conto& conto, int nuovoDocumento, int ridVendita, int idPagamento);
 // should give the focus to its first field.
 bool attivaConto(Conto& conto);
 
-// Offers to save every open sale and closes its account; true when all are closed.
+// Offers to save every open sale and closes its account; true when all are closed. Asked again meanwhile, it
+// answers false.
 bool chiudiTuttiIConti();

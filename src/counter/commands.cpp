@@ -1,5 +1,7 @@
 #include "counter/commands.h"
 
+#include <algorithm>
+
 #include "core/errors.h"
 #include "core/globals.h"
 #include "core/numbers.h"
@@ -24,7 +26,8 @@ void chiudi(Conto& conto) {
     if (!chiediSalvataggio(conto)) conto.scarica();
 }
 
-void nuovaRiga(Vendita& v) {
+void nuovaRiga(Conto& conto) {
+    Vendita& v = conto.vendita();
     chiudiRiga(v);
     pulisciCampiRiga(v, false);
     v.schermo.fuoco(v.txtCodProdotto);
@@ -47,28 +50,30 @@ Campo& prezzoFineRiga(Vendita& v) {
     return v.TxtPrezzoRiga.visibile() ? v.TxtPrezzoRiga : v.txtPrezzoNetto;
 }
 
+void cancellaRiga(Conto& conto) {
+    delRowToGrid(conto.vendita(), -1, true);
+}
+
+struct VoceComando {
+    int indice;
+    void (*azione)(Conto&);
+};
+
+// The commands that there are; a button without an entry here does nothing.
+const VoceComando comandi[] = {
+    {0, nuovaVendita}, {6, cancellaRiga}, {7, chiudi}, {9, salva}, {15, nuovaRiga},
+};
+
 }  // namespace
 
 void cmdComando_Click(Conto& conto, int indice) {
-    Vendita& v = conto.vendita();
     if (indice < 0 || indice >= CampiVendita::numeroComandi) return;
-    if (!v.cmdComando[static_cast<size_t>(indice)].abilitato()) return;
+    if (!conto.vendita().cmdComando[static_cast<size_t>(indice)].abilitato()) return;
+    const auto comando = std::find_if(std::begin(comandi), std::end(comandi),
+                                      [&](const VoceComando& voce) { return voce.indice == indice; });
+    if (comando == std::end(comandi)) return;
     protetto(moduloFrmMain, "cmdComando_Click", [&] {
-        if (!terminaCampo(conto)) return;
-        switch (indice) {
-            case 0:
-                return nuovaVendita(conto);
-            case 6:
-                return delRowToGrid(v, -1, true);
-            case 7:
-                return chiudi(conto);
-            case 9:
-                return salva(conto);
-            case 15:
-                return nuovaRiga(v);
-            default:
-                return;
-        }
+        if (terminaCampo(conto)) comando->azione(conto);
     });
 }
 

@@ -45,7 +45,7 @@ bool lasciaCampo(Conto& conto, Campo& campo) {
         [&] {
             if (CTextBox* casella = v.caselle.di(campo)) {
                 casella->lostFocus();
-                casella->validate();
+                if (!campo.bloccato()) casella->validate();
             }
             const auto voce = std::find_if(std::begin(regole), std::end(regole),
                                            [&](const VoceRegola& r) { return &(v.*r.campo) == &campo; });
@@ -61,7 +61,7 @@ std::optional<QChar> tastoInCampo(Conto& conto, Campo& campo, QChar tasto) {
     Vendita& v = conto.vendita();
     std::optional<QChar> passa = tasto;
     if (&campo == &v.txtCodProdotto) passa = txtCodProdotto_KeyPress(v, tasto);
-    if (&campo == &v.txtCodCliente && tasto == u'\r' && !campo.bloccato()) txtCodCliente_Invio(v);
+    if (&campo == &v.txtCodCliente && tasto == u'\r') txtCodCliente_Invio(v);
     if (!passa) return std::nullopt;
     CTextBox* casella = v.caselle.di(campo);
     return casella != nullptr ? casella->keyPress(*passa) : passa;

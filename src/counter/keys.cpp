@@ -57,16 +57,24 @@ bool premi(Conto& conto, int comando) {
 }
 
 bool fermaPassi(Conto& conto) {
-    Vendita& v = conto.vendita();
-    conto.fermaTimer(SchermoVendita::Timer::Tasti);
     // A tap shorter than the timer still moves one row.
-    if (!conto.passoFatto) TimerKeys_Timer(v);
-    conto.passoFatto = true;
-    v.direzioneTasti = 0;
+    if (!conto.passoFatto) TimerKeys_Timer(conto.vendita());
+    lasciaTasti(conto);
     return true;
 }
 
 }  // namespace
+
+void timerTasti(Conto& conto) {
+    conto.passoFatto = true;
+    TimerKeys_Timer(conto.vendita());
+}
+
+void lasciaTasti(Conto& conto) {
+    conto.fermaTimer(SchermoVendita::Timer::Tasti);
+    conto.passoFatto = true;
+    conto.vendita().direzioneTasti = 0;
+}
 
 bool Form_KeyDown(Conto& conto, int tasto, int modificatori) {
     Vendita& v = conto.vendita();

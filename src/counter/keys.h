@@ -10,5 +10,9 @@ class Conto;
 bool Form_KeyDown(Conto& conto, int tasto, int modificatori);
 // A character comes: true when it is consumed (the scanner's prefix).
 bool Form_KeyPress(Conto& conto, QChar carattere);
+// A held cursor key makes its next step.
+void timerTasti(Conto& conto);
+// Another window takes the keys: nothing is held any more.
+void lasciaTasti(Conto& conto);
 // A key comes up: the function keys press their commands. True when it is consumed.
 bool Form_KeyUp(Conto& conto, int tasto, int modificatori);

@@ -130,7 +130,8 @@ QString correggi(QString valore, const Impostazione& impostazione) {
     return valore;
 }
 
-void leggiNumero(const Impostazione& impostazione, const Numero& numero, const QString& testo) {
+// False when the number does not fit and the variable keeps what it had.
+bool leggiNumero(const Impostazione& impostazione, const Numero& numero, const QString& testo) {
     const QString descrizione = QString("L'impostazione \"%1\" (sezione \"%2\") non è valida: \"")
                                     .arg(impostazione.chiave, impostazione.sezione) +
                                 testo + "\".";
@@ -138,20 +139,22 @@ void leggiNumero(const Impostazione& impostazione, const Numero& numero, const Q
         const int valore = numero.conversione == Conversione::Stretta ? interoStretto(testo, numero.tipo)
                                                                       : valNelTipo(testo, numero.tipo);
         *numero.variabile = correggi(valore, impostazione.correzione);
+        return true;
     } catch (const RunTimeError& errore) {
         if (numero.conversione == Conversione::Stretta) throw RunTimeError(errore.numero(), descrizione);
         impostazioni().avverti(descrizione + " Resta " + QString::number(*numero.variabile) + ".");
+        return false;
     }
 }
 
-void leggi(const Impostazione& impostazione) {
+bool leggi(const Impostazione& impostazione) {
     const QString testo = impostazioni().leggi(impostazione.applicazione, impostazione.sezione,
                                                impostazione.chiave, impostazione.predefinito);
     if (const auto* numero = std::get_if<Numero>(&impostazione.variabile)) {
-        leggiNumero(impostazione, *numero, testo);
-    } else {
-        *std::get<QString*>(impostazione.variabile) = correggi(testo, impostazione);
+        return leggiNumero(impostazione, *numero, testo);
     }
+    *std::get<QString*>(impostazione.variabile) = correggi(testo, impostazione);
+    return true;
 }
 
 QString valoreInForza(const Impostazione& impostazione) {
@@ -160,10 +163,10 @@ QString valoreInForza(const Impostazione& impostazione) {
     return *std::get<QString*>(impostazione.variabile);
 }
 
-void riscrivi(const std::vector<Impostazione>& tutte) {
+void riscrivi(const std::vector<Impostazione>& lette) {
     std::vector<SettingsStore::Voce> voci = {{"", "ver", BOTTEGON_VERSION},
                                              {"", "path", cartellaProgramma()}};
-    for (const Impostazione& impostazione : tutte) {
+    for (const Impostazione& impostazione : lette) {
         if (impostazione.riscrittura == Riscrittura::No) continue;
         voci.push_back({impostazione.sezione, impostazione.chiave, valoreInForza(impostazione)});
     }
@@ -213,9 +216,10 @@ void leggiImpostazioniServer() {
 
 void leggiImpostazioniClient() {
     leggiImpostazioniServer();
-    const std::vector<Impostazione> tutte = impostazioniClient();
-    for (const Impostazione& impostazione : tutte) {
-        leggi(impostazione);
+    // What somebody mistyped stays in the file, to be mended by hand.
+    std::vector<Impostazione> lette;
+    for (const Impostazione& impostazione : impostazioniClient()) {
+        if (leggi(impostazione)) lette.push_back(impostazione);
     }
-    riscrivi(tutte);
+    riscrivi(lette);
 }

@@ -6,6 +6,7 @@
 #include "data/connection_string.h"
 #include "data/prepare_sql.h"
 #include "data/sqlite_driver.h"
+#include "data/stored_date.h"
 
 cAdoSqlServer gAdo;
 
@@ -341,7 +342,7 @@ int cAdoSqlServer::getIDByInsert(QString& sql, const QString& sorgente, const QS
                                  const QString& tabella) {
     QString sql2;
     const auto dettagli = [&] {
-        return QString("SQL1=%1\nServerTipo=%2\nSQL2=%3").arg(sql).arg(TipoServer).arg(sql2);
+        return QString("SQL1=%1\nServerTipo=%2\nSQL2=%3").arg(sql, QString::number(TipoServer), sql2);
     };
     if (sql.isEmpty()) {
         const RunTimeError errore(RunTimeError::ErroreApplicazione,
@@ -387,7 +388,7 @@ QDateTime cAdoSqlServer::getDataOraServer(const QString& sorgente) {
     const char* const sql = TipoServer == SqlServer ? "SELECT GetDate()" : "SELECT Now()";
     const QVariant valore = primoValore(sql, mNomeClasse + ".getDataOraServer -> " + sorgente);
     if (valore.typeId() == QMetaType::QDateTime) return valore.toDateTime();
-    return QDateTime::fromString(valore.toString(), "yyyy-MM-dd HH:mm:ss");
+    return dataOraArchivio(valore.toString());
 }
 
 QVariant cAdoSqlServer::getStoredResult(const QString& testo, const QString& sorgente) {

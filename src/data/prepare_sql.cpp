@@ -69,6 +69,7 @@ QString regolaFormat(const QString& sql) {
     const qsizetype p = cerca(testoMaiuscolo(sql), parolaFormat);
     if (p == 0) return sql;
     const qsizetype v = cerca(sql, ",", p + 5);
+    if (v == 0) throw RunTimeError(RunTimeError::Overflow);
     const qsizetype c = cerca(sql, ")", p + 5);
     const QString coda = taglia(sql, v, c - v + 1);
     const QString senzaCoda = sql.left(v - 1) + senza(da(sql, v), coda);

@@ -8,6 +8,10 @@
 // The shop's database, told once and without a server in mind. The DDL of each server is made from it.
 namespace schema {
 
+// Goes up by one with every change of the tables. An archive carries the one it was made with (SQLite's
+// user_version).
+constexpr int versione = 1;
+
 enum class Tipo {
     Chiave,   // surrogate key given by the server, never reused
     Intero,   // 32-bit whole number

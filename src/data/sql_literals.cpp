@@ -2,19 +2,35 @@
 #include "core/numbers.h"
 #include "data/gateway.h"
 #include "data/prepare_sql.h"
+#include "data/stored_date.h"
 
 // The literals of the neutral dialect: dates and numbers as each server reads them.
 
 namespace {
 
+// Texts of a screen: "d/M/yyyy", "d/M/yyyy h:mm", "d/M/yyyy h:mm:ss".
+QDateTime dataItaliana(const QString& testo) {
+    const QDate giorno = QDate::fromString(testo.section(' ', 0, 0), "d/M/yyyy");
+    if (!giorno.isValid()) return {};
+    if (!testo.contains(' ')) return giorno.startOfDay(Qt::UTC);
+    const QString ora = testo.section(' ', 1);
+    const QTime orario = QTime::fromString(ora, ora.count(':') == 1 ? "h:mm" : "h:mm:ss");
+    return orario.isValid() ? QDateTime(giorno, orario, Qt::UTC) : QDateTime();
+}
+
 QDateTime comeData(const QVariant& valore) {
-    if (valore.typeId() == QMetaType::QDate) return valore.toDate().startOfDay();
-    if (valore.typeId() == QMetaType::QTime) return QDateTime(QDate(1899, 12, 30), valore.toTime());
-    if (valore.typeId() == QMetaType::QString) {
-        const QDate data = QDate::fromString(valore.toString(), "d/M/yyyy");
-        if (data.isValid()) return data.startOfDay();
+    switch (valore.typeId()) {
+        case QMetaType::QDate:
+            return valore.toDate().startOfDay(Qt::UTC);
+        case QMetaType::QTime:
+            return QDateTime(QDate(1899, 12, 30), valore.toTime(), Qt::UTC);
+        case QMetaType::QString: {
+            const QDateTime scritta = dataItaliana(valore.toString());
+            return scritta.isValid() ? scritta : dataOraArchivio(valore.toString());
+        }
+        default:
+            return valore.toDateTime();
     }
-    return valore.toDateTime();
 }
 
 // The system's time separator can be a point.

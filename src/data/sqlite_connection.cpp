@@ -3,11 +3,12 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include <QDateTime>
 #include <QFileInfo>
 #include <QThread>
 
 #include "data/access_sql.h"
+#include "data/schema.h"
+#include "data/stored_date.h"
 
 SondaIstruzioni& sondaIstruzioni() {
     static SondaIstruzioni sonda;
@@ -17,8 +18,6 @@ SondaIstruzioni& sondaIstruzioni() {
 namespace {
 
 const char* const origineSqlite = "SQLite";
-// The stored form of a date column.
-const char* const formaData = "yyyy-MM-dd HH:mm:ss";
 
 ErroreServer::Classe classeDi(int codiceEsteso) {
     if (codiceEsteso == SQLITE_CONSTRAINT_FOREIGNKEY) return ErroreServer::Classe::Integrita;
@@ -48,7 +47,7 @@ QVariant valoreTesto(sqlite3_stmt* istruzione, int colonna, bool data) {
     const auto* byte = reinterpret_cast<const char*>(sqlite3_column_text(istruzione, colonna));
     const QString testo = QString::fromUtf8(byte, sqlite3_column_bytes(istruzione, colonna));
     if (!data) return testo;
-    const QDateTime valore = QDateTime::fromString(testo, formaData);
+    const QDateTime valore = dataOraArchivio(testo);
     return valore.isValid() ? QVariant(valore) : QVariant(testo);
 }
 
@@ -128,8 +127,7 @@ std::unique_ptr<SqliteConnection> SqliteConnection::apriFile(const QString& perc
 bool SqliteConnection::prepara(bool nuovo) {
     sqlite3_busy_handler(mDb, &SqliteConnection::occupato, this);
     registraFunzioniAccess(mDb);
-    if (nuovo && !eseguiNativo(QString("PRAGMA application_id = %1").arg(marchioArchivio))) return false;
-    if (!nuovo && !verificaArchivio()) return false;
+    if (nuovo ? !contrassegna() : !verificaArchivio()) return false;
     for (const char* pragma :
          {"PRAGMA journal_mode = WAL", "PRAGMA synchronous = FULL", "PRAGMA foreign_keys = ON"}) {
         if (!eseguiNativo(pragma)) return false;
@@ -158,14 +156,36 @@ void SqliteConnection::spiegaApertura() {
     }
 }
 
-bool SqliteConnection::verificaArchivio() {
-    Recordset marchio;
-    if (!eseguiNativo("PRAGMA application_id", &marchio)) {
+bool SqliteConnection::contrassegna() {
+    return eseguiNativo(QString("PRAGMA application_id = %1").arg(marchioArchivio)) &&
+           eseguiNativo(QString("PRAGMA user_version = %1").arg(schema::versione));
+}
+
+QString SqliteConnection::testoAltraVersione(const QString& percorso, int versione) {
+    return "L'archivio \"" + percorso + "\" è di un'altra versione (" + QString::number(versione) +
+           "), il programma ne usa una (" + QString::number(schema::versione) + ").";
+}
+
+bool SqliteConnection::leggiPragma(const char* nome, int& valore) {
+    Recordset righe;
+    if (!eseguiNativo(QString("PRAGMA ") + nome, &righe)) {
         spiegaApertura();
         return false;
     }
-    if (marchio.campo(0).toInt() != marchioArchivio) {
+    valore = righe.campo(0).toInt();
+    return true;
+}
+
+bool SqliteConnection::verificaArchivio() {
+    int marchio = 0;
+    int versione = 0;
+    if (!leggiPragma("application_id", marchio) || !leggiPragma("user_version", versione)) return false;
+    if (marchio != marchioArchivio) {
         mErrore = erroreDi(SQLITE_NOTADB, "Il file \"" + mPercorso + "\" non è un archivio di Bottegon.");
+        return false;
+    }
+    if (versione != schema::versione) {
+        mErrore = erroreDi(SQLITE_NOTADB, testoAltraVersione(mPercorso, versione));
         return false;
     }
     if (sqlite3_db_readonly(mDb, "main") == 1) {

@@ -19,8 +19,11 @@ class SqliteConnection final : public Connessione {
     // The mark of a file that is a shop's archive (SQLite's application_id).
     static constexpr int marchioArchivio = 0x426F7474;
 
-    // Opens an existing archive; a missing file, a folder, a read-only file, or a file that is no archive
-    // is an error, and is never created or overwritten.
+    // What is said of an archive with other tables than those of schema::versione.
+    static QString testoAltraVersione(const QString& percorso, int versione);
+
+    // Opens an existing archive; a missing file, a folder, a read-only file, a file that is no archive, or
+    // an archive of another version is an error, and is never created or overwritten.
     static std::unique_ptr<SqliteConnection> apri(const QString& percorso, ErroreServer& errore);
     // Makes a new, empty archive file. An existing one is an error.
     static std::unique_ptr<SqliteConnection> crea(const QString& percorso, ErroreServer& errore);
@@ -47,6 +50,8 @@ class SqliteConnection final : public Connessione {
     static std::unique_ptr<SqliteConnection> apriFile(const QString& percorso, bool nuovo,
                                                       ErroreServer& errore);
     bool prepara(bool nuovo);
+    bool contrassegna();
+    bool leggiPragma(const char* nome, int& valore);
     bool verificaArchivio();
     void spiegaApertura();
     bool percorri(sqlite3_stmt* istruzione, Recordset* righe);

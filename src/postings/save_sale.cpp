@@ -17,6 +17,11 @@ namespace {
 
 using Icona = OperatorPort::Icona;
 
+// The transaction's name in reports.
+QString transazione() {
+    return ".salvaVendita" + gNomeModulo;
+}
+
 QString sorgente() {
     return gNomeModulo + ".salvaVendita";
 }
@@ -132,7 +137,7 @@ void segnaSalvata(Vendita& v, const Documento& d) {
 // so that saving again books nothing twice.
 bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     gErr.notificaSubito(erroreInCorso(), gNomeModulo, "salvaVendita", {});
-    if (!gAdo.commitTrasaction(sorgente())) {
+    if (!gAdo.commitTrasaction(transazione())) {
         prima.ripristina(v);
     } else if (d.idMovimento > 0) {
         showVendita(v, d.idMovimento, -1, d.extraProg, -1);
@@ -140,9 +145,20 @@ bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalva
     return false;
 }
 
-bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento) {
-    const StatoPrimaDelSalvataggio prima(v);
-    if (!gAdo.beginTrasaction(".saveRecord" + gNomeModulo)) return false;
+// A row that was taken away before it was ever saved is nothing to save.
+bool haElementi(const FlexVB& g) {
+    for (int r = 1; r <= g.ultima(); ++r) {
+        if (g.viva(r) || g.chiave(r, Colonna::Rid) > 0) return true;
+    }
+    return false;
+}
+
+bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
+                        const StatoPrimaDelSalvataggio& prima) {
+    if (!gAdo.beginTrasaction(".saveRecord" + gNomeModulo)) {
+        prima.ripristina(v);
+        return false;
+    }
     const Clessidra clessidra(v.schermo.operatore());
     Documento d;
     try {
@@ -150,13 +166,13 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento) {
         d.tipo = conversione ? tipoDocumento : gTipoDocVb;
         if (!scriviNeiLibri(v, d)) {
             prima.ripristina(v);
-            gAdo.rollbackTrasaction(sorgente());
+            gAdo.rollbackTrasaction(transazione());
             return false;
         }
     } catch (const std::exception&) {
         return confermaDopoErrore(v, d, prima);
     }
-    if (!gAdo.commitTrasaction(sorgente())) {
+    if (!gAdo.commitTrasaction(transazione())) {
         prima.ripristina(v);
         return false;
     }
@@ -167,16 +183,19 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento) {
 }  // namespace
 
 bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
-    if (v.flxVB.righe() < 2) {
+    if (!haElementi(v.flxVB)) {
         v.schermo.operatore().messaggio(
             "Attenzione! non vi è nessun elemento da salvare.\nAggiungere almeno un prodotto",
             Icona::Informazione);
         return false;
     }
+    const StatoPrimaDelSalvataggio prima(v);
     if (!conversione && v.chkPagato.valore() == 1 && v.cliente() != gClientePredefinito)
         v.idPagamento = gPagamentoVB;
-    if (!controllaInserimento(v) || !controllaDataStampa(v)) return false;
-    return salvaInTransazione(v, conversione, tipoDocumento);
+    if (controllaInserimento(v) && controllaDataStampa(v))
+        return salvaInTransazione(v, conversione, tipoDocumento, prima);
+    prima.ripristina(v);
+    return false;
 }
 
 bool controllaInserimento(Vendita& v) {

@@ -7,16 +7,14 @@
 #include "core/value_helpers.h"
 #include "data/gateway.h"
 #include "data/prepare_sql.h"
+#include "sale/notice.h"
 #include "sale/recall.h"
 #include "sale/row_editor.h"
 #include "sale/vendita.h"
 
 namespace {
 
-constexpr int durataNonTrovato = 500;  // milliseconds
-constexpr int intervalloSpia = 500;    // milliseconds
-constexpr unsigned coloreAvvisoFondo = 0xFFD0D0;
-constexpr unsigned coloreAvvisoTesto = 0xB00000;
+constexpr int intervalloSpia = 500;  // milliseconds
 
 QString sorgente(const char* procedura) {
     return moduloFrmMain + QString(procedura);
@@ -24,13 +22,7 @@ QString sorgente(const char* procedura) {
 
 void clienteNonTrovato(Vendita& v) {
     v.lblDescCliente.testo("CLIENTE NON TROVATO!");
-    const auto fondo = v.txtCodCliente.coloreFondo();
-    const auto testo = v.txtCodCliente.coloreTesto();
-    v.txtCodCliente.colori(coloreAvvisoFondo, coloreAvvisoTesto);
-    v.lblDescCliente.colori(coloreAvvisoFondo, coloreAvvisoTesto);
-    v.schermo.operatore().pausa(durataNonTrovato);
-    v.txtCodCliente.colori(fondo, testo);
-    v.lblDescCliente.colori(std::nullopt, std::nullopt);
+    lampeggiaAvviso(v, {&v.txtCodCliente, &v.lblDescCliente});
     v.txtCodCliente.testo({});
     v.txtCodCliente.tag("-1");
     v.lblDescCliente.tag({});

@@ -78,5 +78,4 @@ void setViewMode(Vendita& v, bool usaIva) {
     if (!usaIva) return;
     v.pctIVA.visibile(true);
     v.cmdAddRow.visibile(true);
-    v.schermo.mostraVistaIva();
 }

@@ -97,16 +97,6 @@ int FlexVB::aggiungi(int posizione) {
     return posto;
 }
 
-void FlexVB::togli(int numero) {
-    riga(numero);
-    beginRemoveRows({}, numero - 1, numero - 1);
-    mRighe.erase(mRighe.begin() + (numero - 1));
-    if (mSelezionata == numero) mSelezionata = 0;
-    if (mSelezionata > numero) --mSelezionata;
-    if (mCorrente >= numero) --mCorrente;
-    endRemoveRows();
-}
-
 void FlexVB::svuota() {
     beginResetModel();
     mRighe.clear();

@@ -81,7 +81,6 @@ class FlexVB final : public QAbstractTableModel {
 
     // A new row of empty cells before `posizione`, or at the end when that is below 1; answers its place.
     int aggiungi(int posizione = -1);
-    void togli(int riga);
     void svuota();
 
     bool nascosta(int riga) const;

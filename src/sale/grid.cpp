@@ -1,5 +1,6 @@
 #include "sale/grid.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QDateTime>
@@ -8,6 +9,7 @@
 #include "core/globals.h"
 #include "core/operator_port.h"
 #include "core/value_helpers.h"
+#include "sale/alternatives.h"
 #include "sale/product_info.h"
 #include "sale/row_editor.h"
 #include "sale/vendita.h"
@@ -72,7 +74,9 @@ void formattaGriglia(Vendita& v) {
 }
 
 void svuotaGriglia(Vendita& v) {
+    v.ridisegnoGriglia = true;
     v.flxVB.svuota();
+    v.ridisegnoGriglia = false;
 }
 
 void selFlexRow(Vendita& v, int riga) {
@@ -120,13 +124,14 @@ void mostraPrezziRiga(Vendita& v, int r) {
 void mostraRigaSelezionata(Vendita& v) {
     const int r = v.flxVB.corrente();
     if (v.modificaConsentita) {
+        const Clessidra clessidra(v.schermo.operatore());
         pulisciCampiRiga(v, false);
         mostraProdotto(v, r);
         mostraPrezziRiga(v, r);
         mostraQuantita(v, r);
         v.lblPos.testo(QString::number(r));
         v.schermo.fuoco(v.txtCodProdotto);
-        v.schermo.avviaTimer(SchermoVendita::Timer::Griglia, gRitardoGriglia);
+        v.schermo.avviaTimer(SchermoVendita::Timer::Griglia, std::max(0, gRitardoGriglia));
         bloccaPrezzi(v);
     }
     mostraOraRiga(v, r);
@@ -156,6 +161,7 @@ void TimerGrid_Timer(Vendita& v) {
     v.schermo.fermaTimer(SchermoVendita::Timer::Griglia);
     const int prodotto = v.txtCodProdotto.chiave();
     if (prodotto < 1) return;
+    showAlternativi(v, prodotto);
     showInfrmazioniStatic(v, prodotto);
     showMargineProdotto(v, prodotto, getValoreCurrency(v.txtPrezzoNetto.testo()));
 }

@@ -224,7 +224,7 @@ void TxtPrezzoRiga_LostFocus(Vendita& v) {
 }
 
 void txtSconto_LostFocus(Vendita& v, Campo& sconto) {
-    if (sconto.testo() == sconto.tag()) return;
+    if (!valoreCambiato(sconto)) return;
     if (sconto.testo().trimmed().isEmpty()) sconto.testo("0,00");
     applicaScontiRiga(v);
     aggiornaRigaCorrente(v);

@@ -9,8 +9,10 @@
 #include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "data/gateway.h"
+#include "sale/alternatives.h"
 #include "sale/grid.h"
 #include "sale/line_pricing.h"
+#include "sale/notice.h"
 #include "sale/price_tables.h"
 #include "sale/product_info.h"
 #include "sale/product_query.h"
@@ -23,10 +25,6 @@ namespace {
 
 using Icona = OperatorPort::Icona;
 
-constexpr int durataNonTrovato = 500;  // milliseconds
-constexpr unsigned coloreAvvisoFondo = 0xFFD0D0;
-constexpr unsigned coloreAvvisoTesto = 0xB00000;
-
 const char* const colonneScelta = "Marca¤800¤CODMARCA|Codice¤1800¤CODICE|Descrizione¤4500¤PRODOTTO|";
 
 // What became of the policies on the found product.
@@ -35,15 +33,7 @@ enum class Esito { Avanti, Fermo, Sostituito };
 void mostraNonTrovato(Vendita& v) {
     v.txtCodProdotto.testo("ARTICOLO");
     v.txtDescProdotto.testo("NON TROVATO!");
-    const auto fondoCodice = v.txtCodProdotto.coloreFondo();
-    const auto testoCodice = v.txtCodProdotto.coloreTesto();
-    const auto fondoDescrizione = v.txtDescProdotto.coloreFondo();
-    const auto testoDescrizione = v.txtDescProdotto.coloreTesto();
-    v.txtCodProdotto.colori(coloreAvvisoFondo, coloreAvvisoTesto);
-    v.txtDescProdotto.colori(coloreAvvisoFondo, coloreAvvisoTesto);
-    v.schermo.operatore().pausa(durataNonTrovato);
-    v.txtCodProdotto.colori(fondoCodice, testoCodice);
-    v.txtDescProdotto.colori(fondoDescrizione, testoDescrizione);
+    lampeggiaAvviso(v, {&v.txtCodProdotto, &v.txtDescProdotto});
     pulisciCampiRiga(v, false);
 }
 
@@ -206,6 +196,7 @@ bool entraInGriglia(Vendita& v, int rigaInserimento, int& riga, bool& presente) 
     v.mRigaDaCodice = true;
     v.lblPos.testo(QString::number(riga));
     if (!presente) v.txtQta.testoETag(formattaImporto(std::fabs(v.flxVB.single(riga, Colonna::Quantita)), 2));
+    showAlternativi(v, v.txtCodProdotto.chiave());
     showMargineProdotto(v, v.txtCodProdotto.chiave(), getValoreCurrency(v.txtPrezzoNetto.testo()));
     return true;
 }
@@ -344,7 +335,7 @@ void iniziaScansione(Vendita& v) {
 }
 
 void txtQta_LostFocus(Vendita& v) {
-    if (v.txtQta.testo() == v.txtQta.tag()) return;
+    if (!valoreCambiato(v.txtQta)) return;
     const bool caricato = v.txtCodProdotto.chiave() > 0;
     if (caricato && getValoreSingle(v.txtQta.testo()) != 0.0F) {
         const float assoluta = std::fabs(getValoreSingle(v.txtQta.testo()));
@@ -362,22 +353,26 @@ void txtQta_LostFocus(Vendita& v) {
 
 void setArticoloGrid(Vendita& v, const QString& elenco) {
     const QStringList parti = elenco.split('|');
+    bool presente = false;
     {
         const RidisegnoFermo fermo(v.schermo);
         const Clessidra clessidra(v.schermo.operatore());
-        int riga = 0;
-        bool presente = false;
+        int ultima = 0;
         for (qsizetype i = 0; i + 1 < parti.size(); ++i) {
             pulisciCampiRiga(v, false);
             v.txtCodProdotto.tag(parti[i]);
-            getProdotto(v, v.txtCodProdotto.chiave(), {}, riga, false, presente);
+            int riga = 0;
+            bool suo = false;
+            if (getProdotto(v, v.txtCodProdotto.chiave(), {}, riga, false, suo)) ultima = riga;
+            presente = presente || suo;
         }
         if (parti.size() < 2) pulisciCampiRiga(v, false);
-        if (riga > 0) {
+        if (ultima > 0) {
             calcolaTotali(v, false);
-            selFlexRow(v, riga);
+            selFlexRow(v, ultima);
         }
     }
+    if (presente) avvisaPresente(v);
     v.schermo.fuoco(v.txtCodProdotto);
 }
 

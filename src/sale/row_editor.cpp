@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/globals.h"
+#include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "sale/vendita.h"
 
@@ -63,6 +64,7 @@ void pulisciCampiRiga(Vendita& v, bool mantieniCodice) {
     pulisciProdotto(v);
     pulisciQuantitaEPrezzi(v);
     setResoStatus(v, 0);
+    v.lswAlternativi.svuota();
     v.mRigaDaCodice = false;
     v.mSottocostoOk = false;
     v.mScontoFisso = false;
@@ -103,6 +105,14 @@ void impostaCampiPrezzo(Vendita& v) {
     v.txtPrezzoFinito.visibile(gPrezzoType == 1);
     v.TxtPrezzoRiga.visibile(gPrezzoType == 2);
     v.cmdConto[12].testo(didascalie[gPrezzoType]);
+}
+
+bool valoreCambiato(Campo& campo) {
+    if (campo.testo() == campo.tag()) return false;
+    const auto nuovo = seDouble(campo.testo());
+    if (!nuovo || nuovo != seDouble(campo.tag())) return true;
+    campo.testo(campo.tag());
+    return false;
 }
 
 void setVenditaModificata(Vendita& v) {

@@ -1,5 +1,6 @@
 #pragma once
 
+class Campo;
 struct Vendita;
 
 // The row editor: the fields above the grid.
@@ -15,6 +16,10 @@ void applicaModificaConsentita(Vendita& v);
 void bloccaPrezzi(Vendita& v);
 // Shows which price box ends a row, and which list price, as the workstation asks.
 void impostaCampiPrezzo(Vendita& v);
+
+// A number field holds another value than the one in its tag. The same number written with other decimals is
+// no change, and is put back as it was.
+bool valoreCambiato(Campo& campo);
 
 // There are unsaved changes from now on.
 void setVenditaModificata(Vendita& v);

@@ -30,8 +30,6 @@ class SchermoVendita {
     // The list over rows that the caller holds: true when one was chosen, which then is the current one.
     // `colonne`: title, width and field name parted by "¤", each column ended by "|".
     virtual bool selezionaElemento(Recordset& righe, const QString& colonne) = 0;
-    // Layout for prices with VAT.
-    virtual void mostraVistaIva() = 0;
 
     // The commands of the screen and the other accounts, which stand a floor above the sale.
     virtual void premiComando(int comando) = 0;

@@ -3,6 +3,13 @@
 #include "core/globals.h"
 #include "core/numbers.h"
 
+namespace {
+
+constexpr unsigned coloreCodice = 0xFFFFFF;
+constexpr unsigned coloreCodiceAttivo = 0xFFF6D6;
+
+}  // namespace
+
 CampiVendita::CampiVendita() {
     for (int i = 0; i < numeroComandi; ++i) {
         cmdComando.emplace_back(elenco, QByteArray("cmdComando_" + QByteArray::number(i)).constData());
@@ -31,14 +38,18 @@ CaselleVendita::CaselleVendita(CampiVendita& c)
       sconto3(c.txtSconto3) {
     data.txtType(CTextBox::Data);
     prog.txtType(CTextBox::Intero);
+    prog.sepMigliaia(false);
     prog.cancelTabStep(true);
     sottoProg.txtType(CTextBox::Intero);
+    sottoProg.sepMigliaia(false);
+    codProdotto.txtBGColor(coloreCodice);
+    codProdotto.txtGotFocusColor(coloreCodiceAttivo);
     codCliente.cancelTabStep(true);
     for (CTextBox* casella : {&qta, &prezzoListino, &prezzoListinoLordo, &prezzoNetto, &prezzoFinito,
                               &prezzoRiga, &sconto1, &sconto2, &sconto3}) {
         casella->txtType(CTextBox::Importo);
     }
-    // A box that shows as many decimals as the rules write never changes a price by being walked through.
+    // A price box shows as many decimals as the rules write: walking through it changes nothing.
     for (CTextBox* casella : {&qta, &prezzoListino, &prezzoNetto}) {
         casella->decimali(gDecimaliDopo);
     }
@@ -58,7 +69,12 @@ CTextBox* CaselleVendita::di(const Campo& campo) {
     return nullptr;
 }
 
-Vendita::Vendita(int indice, SchermoVendita& schermo) : schermo(schermo), indice(indice) {}
+Vendita::Vendita(int indice, SchermoVendita& schermo) : schermo(schermo), indice(indice) {
+    // The numbers are given by the save; nobody types them here.
+    for (Campo* numero : {&txtProg, &txtSottoProg, &txtNumDoc}) {
+        numero->bloccato(true);
+    }
+}
 
 int Vendita::rid() const {
     return valIntero(lblRID.testo());

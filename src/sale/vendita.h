@@ -7,6 +7,7 @@
 
 #include "kit/CTextBox.h"
 #include "kit/campo.h"
+#include "sale/alternatives.h"
 #include "sale/flxvb.h"
 #include "sale/schermo.h"
 
@@ -150,6 +151,7 @@ struct Vendita : CampiVendita, InfoDocumento {
     SchermoVendita& schermo;
     CaselleVendita caselle{*this};
     FlexVB flxVB;
+    ElencoAlternativi lswAlternativi;
 
     int indice;                   // the place among the open accounts, 0 to 3
     int idPagamento = -1;         // the payment in force, a Pagamenti row; -1 for the counter's own

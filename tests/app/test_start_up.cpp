@@ -9,6 +9,7 @@
 #include "core/program_folder.h"
 #include "data/gateway.h"
 #include "data/sqlite_connection.h"
+#include "doubles/child_process.h"
 #include "doubles/settings_in_memory.h"
 
 namespace {
@@ -126,6 +127,26 @@ TEST_F(StartUpTest, ErrorsOfTheRunningProgramGoToTheLogBesideIt) {
     avvia();
     segnalaErrore(RunTimeError(11), "prova", "passo");
     EXPECT_TRUE(QFile::exists(cartella.path() + "/Err.log"));
+}
+
+TEST_F(StartUpTest, LeavingAtAWarningInMidTransactionLeavesNothingOfItInTheArchive) {
+    usaArchivio(percorso);
+    operatore.prosegue = false;
+    EXPECT_EQ(inUnFiglio([this] {
+                  if (!avvia() || !gAdo.beginTrasaction("prova")) return 1;
+                  if (!gAdo.executeSQL(QString("INSERT INTO Opzioni VALUES ('Altra', '1')"), "prova"))
+                      return 2;
+                  if (gAdo.getValueBySQL("SELECT COUNT(*) FROM Opzioni", "prova") != 2) return 3;
+                  gErr.notificaSubito(RunTimeError(11), "prova", "passo", {});
+                  return 4;
+              }),
+              EXIT_SUCCESS);
+    ErroreServer errore;
+    const auto archivio = SqliteConnection::apri(percorso, errore);
+    ASSERT_TRUE(archivio) << errore.descrizione.toStdString();
+    Recordset righe;
+    ASSERT_TRUE(archivio->eseguiNativo("SELECT group_concat(NOME) FROM Opzioni", &righe));
+    EXPECT_EQ(righe.campo(0).toString(), "TipoDocVb");
 }
 
 TEST(WindowTitle, HoldsTheYearAndFourBlanksAtItsEnd) {

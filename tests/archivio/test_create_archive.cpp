@@ -80,10 +80,16 @@ TEST(CreateArchive, NothingElseIsLeftInTheFolder) {
     EXPECT_EQ(cartella.file(), (QStringList{"nuovo.db", "prova.db"}));
 }
 
-TEST(CreateArchive, RemainsOfAnInterruptedRunAreReplaced) {
+TEST(CreateArchive, FilesOfOthersBesideItStayAsTheyWere) {
     const ArchivioDiProva cartella;
-    scriviFile(cartella.percorso("a.db.nuovo"), "metà di un archivio");
-    EXPECT_TRUE(crea(cartella.percorso("a.db")).riuscito);
+    const QStringList altrui{".a.db.nuovo", "a.db.nuovo", "a.db.nuovo-wal"};
+    for (const QString& nome : altrui) {
+        scriviFile(cartella.percorso(nome), "di un altro");
+    }
+    ASSERT_TRUE(crea(cartella.percorso("a.db")).riuscito);
+    for (const QString& nome : altrui) {
+        EXPECT_EQ(contenuto(cartella.percorso(nome)), "di un altro") << nome.toStdString();
+    }
 }
 
 TEST(CreateArchive, FolderIsRefused) {

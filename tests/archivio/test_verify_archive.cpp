@@ -206,6 +206,14 @@ TEST(VerifyArchive, DatabaseOfAnotherProgramIsRefused) {
     EXPECT_TRUE(esito.errori.first().contains("non è un archivio di Bottegon"));
 }
 
+TEST(VerifyArchive, ArchiveOfAnotherVersionIsRefused) {
+    const ArchivioDiProva archivio;
+    ASSERT_EQ(archivio.esegui("PRAGMA user_version = 4711", false), SQLITE_OK);
+    const EsitoVerifica esito = verificaArchivio(archivio.percorso());
+    ASSERT_EQ(esito.errori.size(), 1);
+    EXPECT_TRUE(esito.errori.first().contains("è di un'altra versione (4711)"));
+}
+
 TEST(VerifyArchive, OverwrittenPageIsFound) {
     const ArchivioDiProva archivio;
     QByteArray byte = contenuto(archivio.percorso());

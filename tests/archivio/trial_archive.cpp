@@ -53,7 +53,7 @@ ArchivioDiProva::ArchivioDiProva() {
 }
 
 QStringList ArchivioDiProva::file() const {
-    return QDir(mCartella.path()).entryList(QDir::Files);
+    return QDir(mCartella.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
 int ArchivioDiProva::esegui(const QByteArray& sql, bool chiaviControllate) const {

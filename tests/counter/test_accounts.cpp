@@ -211,3 +211,34 @@ TEST_F(Accounts, LeavingWithNothingToSaveAsksNothing) {
     EXPECT_TRUE(chiudiTuttiIConti());
     EXPECT_TRUE(n.terminato);
 }
+
+TEST_F(Accounts, ClosingAllEndsTheFieldThatIsBeingTypedIn) {
+    ContoDiProva& c = contoConVendita();
+    c.clic(c.vendita().txtQta);
+    c.digita("5");
+    rispondeAlSalvataggio(Risposta::Si);
+    EXPECT_TRUE(chiudiTuttiIConti());
+    EXPECT_EQ(n.valore("SELECT QUANTITA FROM DettagliMovimento"), "5");
+}
+
+TEST_F(Accounts, ClosingAllAgainWhileTheQuestionIsUpIsNoAnswer) {
+    contoConVendita();
+    bool dentro = true;
+    n.operatore.attendiDomanda("Attenzione Salvare la vendita corrente?", Risposta::Annulla,
+                               [&] { dentro = chiudiTuttiIConti(); });
+    EXPECT_FALSE(chiudiTuttiIConti());
+    EXPECT_FALSE(dentro);
+    EXPECT_FALSE(n.terminato);
+}
+
+TEST_F(Accounts, NoNewAccountOnAnotherDayWhenTheShopForbidsIt) {
+    ContoDiProva& c = n.apriConto();
+    gVenditeGiorniDiversi = 1;
+    gBloccaVenditeGiorniDiversi = true;
+    n.orologio.istante = n.orologio.istante.addDays(1);
+    n.operatore.attendiMessaggio(
+        "Attenzione, la Data della Vendita corrente è diversa dalla Data attuale.\nImpossibile continuare!",
+        OperatorPort::Icona::Critica);
+    EXPECT_EQ(c.apriNuovoConto({}), nullptr);
+    EXPECT_EQ(gConti[1], nullptr);
+}

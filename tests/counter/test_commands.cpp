@@ -252,3 +252,47 @@ TEST_F(Commands, AccountButtonOpensAFreePlace) {
     ASSERT_TRUE(gConti[2]);
     EXPECT_EQ(n.vendita(2).txtCodCliente.tag(), "-1");
 }
+
+// ---- Commands that are still to come
+
+TEST_F(Commands, ACommandThatIsNotThereYetLeavesTheRowInTheEditor) {
+    ContoDiProva& c = contoConVendita();
+    c.clic(c.vendita().txtPrezzoNetto);
+    for (const int tasto : {Qt::Key_F8, Qt::Key_F11, Qt::Key_F12}) {
+        c.tasto(tasto);
+    }
+    EXPECT_EQ(c.vendita().txtCodProdotto.testo(), "A");
+    EXPECT_EQ(c.fuocoSu(), &c.vendita().txtPrezzoNetto);
+}
+
+// ---- Numbers
+
+TEST_F(Commands, ADocumentNumberAbove999StaysWhatItIs) {
+    n.sql("INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO, NOTE) VALUES (1, '2026', 1233, 'n/d')");
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    c.clic(c.vendita().txtProg);
+    c.clic(c.vendita().txtCodProdotto);
+    c.tasto(Qt::Key_F2);
+    c.scansiona("8001");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.valore("SELECT group_concat(PROGRESSIVO) FROM Movimenti"), "1234");
+}
+
+TEST_F(Commands, NobodyTypesADocumentNumber) {
+    ContoDiProva& c = contoConVendita();
+    c.clic(c.vendita().txtProg);
+    c.digita("77");
+    EXPECT_EQ(c.vendita().txtProg.testo(), "(Auto)");
+}
+
+TEST_F(Commands, WalkingThroughASavedSaleWithMoreDecimalsChangesNothing) {
+    gDecimaliDopo = 3;
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    c.clicRiga(1);
+    for (Campo* campo : {&c.vendita().txtQta, &c.vendita().txtSconto1, &c.vendita().txtSconto2}) {
+        c.clic(*campo);
+    }
+    EXPECT_FALSE(c.vendita().venditaModificata);
+}

@@ -144,3 +144,28 @@ TEST_F(Keys, F10ClosesOnlyItsOwnScreen) {
     EXPECT_FALSE(gConti[1]);
     EXPECT_TRUE(gConti[0]);
 }
+
+TEST_F(Keys, AHeldKeyStepsWithTheTimerAloneAndNotOnceMoreAtItsRelease) {
+    ContoDiProva& c = treRighe();
+    Form_KeyDown(c, Qt::Key_Down, Qt::NoModifier);
+    EXPECT_TRUE(c.scade(SchermoVendita::Timer::Tasti));
+    Form_KeyUp(c, Qt::Key_Down, Qt::NoModifier);
+    EXPECT_EQ(corrente(c), 2);
+}
+
+TEST_F(Keys, AKeyHeldWhileAnotherWindowComesUpStepsNoMore) {
+    ContoDiProva& c = treRighe();
+    Form_KeyDown(c, Qt::Key_Down, Qt::NoModifier);
+    lasciaTasti(c);
+    EXPECT_FALSE(c.timerAttivo(SchermoVendita::Timer::Tasti));
+    EXPECT_EQ(corrente(c), 1);
+}
+
+TEST_F(Keys, EnterInTheCustomerBoxOfASavedSaleOffersANewAccount) {
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    c.clic(c.vendita().txtCodCliente);
+    n.operatore.attendiDomanda("Il conto attuale è gia stato salvato.\nAprire un nuovo conto?", Risposta::Si);
+    c.invio();
+    EXPECT_NE(gConti[1], nullptr);
+}

@@ -7,6 +7,7 @@
 
 #include "counter/ui/command_button.h"
 #include "counter_screen.h"
+#include "sale/document_info.h"
 
 namespace {
 
@@ -98,7 +99,7 @@ TEST_F(Binding, OnlyThePriceBoxThatEndsARowIsShown) {
 
 TEST_F(Binding, TheVatFieldsComeWithTheViewForPricesWithVat) {
     ASSERT_FALSE(widget(vendita().txtIVA).isVisible());
-    schermo().mostraVistaIva();
+    setViewMode(vendita(), true);
     EXPECT_TRUE(widget(vendita().txtIVA).isVisible());
     EXPECT_TRUE(widget(vendita().cmdAddRow).isVisible());
 }

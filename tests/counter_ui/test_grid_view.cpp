@@ -61,14 +61,6 @@ TEST_F(GridView, ARowMadeCurrentByARuleTellsNothing) {
     EXPECT_EQ(cambiata.size(), 0);
 }
 
-TEST_F(GridView, ARowThatIsRemovedTellsNothing) {
-    clic(3);
-    righe.corrente(3);
-    cambiata.clear();
-    righe.togli(3);
-    EXPECT_EQ(cambiata.size(), 0);
-}
-
 TEST_F(GridView, TheFocusAloneChoosesNoRow) {
     griglia.setFocus();
     EXPECT_FALSE(griglia.currentIndex().isValid());

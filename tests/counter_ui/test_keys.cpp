@@ -65,6 +65,14 @@ TEST_F(Keys, AFunctionKeyPressesItsCommandWhenItComesUp) {
     EXPECT_EQ(vendita().txtCodProdotto.testo(), "");
 }
 
+TEST_F(Keys, ShiftLetGoBeforeTheFunctionKeyStillCounts) {
+    digita("VITE");
+    tasto(Qt::Key_Return);
+    QTest::keyPress(QApplication::focusWidget(), Qt::Key_F6, Qt::ShiftModifier);
+    QTest::keyRelease(QApplication::focusWidget(), Qt::Key_F6, Qt::NoModifier);
+    EXPECT_EQ(vendita().flxVB.cella(1, Colonna::Quantita), "-1,00");
+}
+
 TEST_F(Keys, AReleaseThatTheKeyboardRepeatsIsDropped) {
     digita("ABC");
     QTest::keyPress(QApplication::focusWidget(), Qt::Key_F6);

@@ -7,6 +7,7 @@
 #include "counter/ui/command_button.h"
 #include "counter_screen.h"
 #include "kit/ui/labels.h"
+#include "sale/document_info.h"
 
 namespace {
 
@@ -73,14 +74,14 @@ TEST_P(Layout, TheScreenFits) {
 }
 
 TEST_P(Layout, TheScreenFitsWithTheVatFields) {
-    schermo().mostraVistaIva();
+    setViewMode(vendita(), true);
     QApplication::processEvents();
     EXPECT_LE(finestra->minimumSizeHint().height(), GetParam().height());
     salvaImmagine("iva");
 }
 
 TEST_P(Layout, NothingIsCut) {
-    schermo().mostraVistaIva();
+    setViewMode(vendita(), true);
     QApplication::processEvents();
     for (const QWidget* w : inVista()) {
         EXPECT_TRUE(ciSta(*w)) << qPrintable(descritto(*w));

@@ -223,6 +223,20 @@ TEST_F(ClientSettingsTest, ANumberTooLargeIsSkippedAndTold) {
     EXPECT_EQ(store.prendiAvvisi().size(), 4);
 }
 
+TEST_F(ClientSettingsTest, ASkippedNumberKeepsItsTextInTheStore) {
+    client("ID", "99999");
+    client("Stampa", "1");
+    leggiImpostazioniClient();
+    EXPECT_EQ(scritto("ID"), "99999");
+    EXPECT_EQ(scritto("Stampa"), "1");
+}
+
+TEST_F(ClientSettingsTest, AGarbledSelectorKeepsItsTextInTheStore) {
+    client("PrezzoType", "netto");
+    EXPECT_EQ(numeroErrore([] { leggiImpostazioniClient(); }), 13);
+    EXPECT_EQ(scritto("PrezzoType"), "netto");
+}
+
 TEST_F(ClientSettingsTest, TheArchiveIsReachedThroughItsPath) {
     server("Path", "/dati/negozio;1.mdb");
     leggiImpostazioniServer();

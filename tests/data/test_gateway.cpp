@@ -162,7 +162,7 @@ TEST(Gateway, ValueOfNoRowIsNull) {
 
 TEST(Gateway, ServerTimeIsTheClocks) {
     GatewayDiProva g;
-    EXPECT_EQ(g.ado.getDataOraServer("prova"), QDateTime(QDate(2026, 3, 16), QTime(10, 30)));
+    EXPECT_EQ(g.ado.getDataOraServer("prova"), QDateTime(QDate(2026, 3, 16), QTime(10, 30), Qt::UTC));
 }
 
 TEST(Gateway, CommandTextLosesItsExec) {
@@ -246,6 +246,15 @@ TEST(GatewayReports, FailedInsert) {
     EXPECT_EQ(errore.modulo, "cAdoSqlServer.getIDByInsert -> modulo.procedura");
     EXPECT_EQ(errore.avanzate,
               "SQL1=INSERT INTO NonEsiste (A) VALUES (1)\nServerTipo=1\nSQL2=SELECT MAX(RID) FROM NonEsiste");
+}
+
+TEST(GatewayReports, PercentSignsOfAFailedInsertStayAsTheyAre) {
+    GatewayDiProva g;
+    g.ado.getIDByInsert(QString("INSERT INTO NonEsiste (A) VALUES ('%2 e %3')"), "modulo.procedura", "RID",
+                        "NonEsiste");
+    EXPECT_EQ(unicaSegnalazione(g).avanzate,
+              "SQL1=INSERT INTO NonEsiste (A) VALUES ('%2 e %3')\nServerTipo=1\n"
+              "SQL2=SELECT MAX(RID) FROM NonEsiste");
 }
 
 TEST(GatewayReports, EmptyInsertStatement) {

@@ -180,7 +180,7 @@ TEST(Transactions, TheNextOneStartsAfresh) {
 
 TEST(Transactions, FailedBeginIsReportedAndLeavesNothing) {
     GatewayDiProva g;
-    const Guasto guasto(1 + 4);  // a cold connection asks four things of the archive first
+    const Guasto guasto(1 + 5);  // a cold connection asks five things of the archive first
     EXPECT_FALSE(g.ado.beginTrasaction("modulo.procedura"));
     ASSERT_EQ(guasto.viste.last(), "BEGIN IMMEDIATE");
     EXPECT_FALSE(g.ado.inTransazione());

@@ -108,8 +108,8 @@ TEST(PreparaSQL, FormatWithTheSameTailTwiceLosesBothTails) {
     EXPECT_EQ(preparaSQL("SELECT FORMAT(A,'X'), FORMAT(B,'X') FROM T", MySql), "SELECT FA, B FROM T");
 }
 
-TEST(PreparaSQL, FormatWithoutCommaIsACallErrorOnMySqlOnly) {
-    EXPECT_EQ(numeroErrore("SELECT FORMAT(A) FROM T", MySql), RunTimeError::ChiamataNonValida);
+TEST(PreparaSQL, FormatWithoutCommaIsAnOverflowOnMySqlOnly) {
+    EXPECT_EQ(numeroErrore("SELECT FORMAT(A) FROM T", MySql), RunTimeError::Overflow);
     EXPECT_EQ(numeroErrore("SELECT FORMAT(A) FROM T", Access), 0);
 }
 

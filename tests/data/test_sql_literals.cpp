@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "data/gateway.h"
+#include "doubles/child_process.h"
 
 // Literals of the neutral dialect, for the three servers and for a type that does not exist.
 
@@ -56,6 +57,38 @@ TEST(SqlLiterals, TextThatIsNoDateIsNull) {
 TEST(SqlLiterals, ItalianDateTextIsDayFirst) {
     EXPECT_EQ(cAdoSqlServer().getSQLDate(QString("03/02/2026"), 1), "#02/03/2026#");
     EXPECT_EQ(cAdoSqlServer().getSQLDate(QString("29/02/2024"), 2), "¤2024-02-29¤");
+}
+
+TEST(SqlLiterals, ItalianDateTextMayCarryATime) {
+    const cAdoSqlServer ado;
+    EXPECT_EQ(ado.getSQLDateTime(QString("3/2/2026 4:05"), 1), "#02/03/2026 04:05:00#");
+    EXPECT_EQ(ado.getSQLDateTime(QString("03/02/2026 14:05:06"), 1), "#02/03/2026 14:05:06#");
+}
+
+TEST(SqlLiterals, ItalianDateTextWithAGarbledTimeIsNull) {
+    const cAdoSqlServer ado;
+    for (const char* testo : {"03/02/2026 ", "03/02/2026 25:00", "03/02/2026 4", "03/02/2026 4:05 h"}) {
+        EXPECT_EQ(ado.getSQLDateTime(QString(testo), 1), "Null") << testo;
+    }
+}
+
+TEST(SqlLiterals, StoredDateTextIsADate) {
+    const cAdoSqlServer ado;
+    EXPECT_EQ(ado.getSQLDateTime(QString("2026-02-03 04:05:06"), 1), "#02/03/2026 04:05:06#");
+    EXPECT_EQ(ado.getSQLDate(QString("2026-02-03"), 1), "#02/03/2026#");
+}
+
+TEST(SqlLiterals, MidnightThatTheClockSkippedIsStillWritten) {
+    EXPECT_EQ(inUnFiglio([] {
+                  // Summer time begins at midnight of the first Sunday of June.
+                  if (setenv("TZ", "CET-1CEST,M6.1.0/0", 1) != 0) return 98;
+                  tzset();
+                  const cAdoSqlServer ado;
+                  const QString atteso = "#06/01/1975 00:00:00#";
+                  if (ado.getSQLDateTime(QDate(1975, 6, 1), 1) != atteso) return 1;
+                  return ado.getSQLDateTime(QString("1/6/1975"), 1) == atteso ? 0 : 2;
+              }),
+              0);
 }
 
 TEST(SqlLiterals, NegativeTypeMeansTheOneInForce) {

@@ -1,6 +1,8 @@
 #include <sys/stat.h>
 
+#include "core/format.h"
 #include "data/gateway_archive.h"
+#include "data/schema.h"
 #include "data/sqlite_driver.h"
 #include "doubles/child_process.h"
 
@@ -74,6 +76,23 @@ TEST(SqliteArchive, DatabaseOfAnotherProgramIsRefusedAndLeftAlone) {
     EXPECT_EQ(erroreApertura(g.percorso("altro.mdb")),
               "Il file \"" + g.percorso("altro.mdb") + "\" non è un archivio di Bottegon.");
     EXPECT_EQ(contenuto(g.percorso("altro.mdb")), byte);
+}
+
+TEST(SqliteArchive, ArchiveOfAnotherVersionIsRefusedAndLeftAlone) {
+    GatewayDiProva g;
+    const QString percorso = g.percorso("domani.mdb");
+    ASSERT_TRUE(g.altraCassa()->eseguiNativo("PRAGMA user_version = 4711"));
+    ASSERT_TRUE(QFile::copy(g.percorso(), percorso));
+    const QByteArray byte = contenuto(percorso);
+    EXPECT_EQ(erroreApertura(percorso), "L'archivio \"" + percorso +
+                                            "\" è di un'altra versione (4711), il programma ne usa una (" +
+                                            QString::number(schema::versione) + ").");
+    EXPECT_EQ(contenuto(percorso), byte);
+}
+
+TEST(SqliteArchive, NewArchiveCarriesTheVersionOfItsTables) {
+    const GatewayDiProva g;
+    EXPECT_EQ(g.valore("PRAGMA user_version"), QString::number(schema::versione));
 }
 
 TEST(SqliteArchive, FileCutInItsHeaderIsRefusedAndLeftAlone) {
@@ -212,7 +231,24 @@ TEST(SqliteArchive, DateColumnsComeBackAsDates) {
     ASSERT_TRUE(g.ado.executeSQL(
         "INSERT INTO Prova (DATA) VALUES (" + g.ado.getSQLDate(QDate(2024, 2, 29)) + ")", "prova"));
     EXPECT_EQ(g.ado.getValueBySQL("SELECT DATA FROM Prova", "prova").toDateTime(),
-              QDateTime(QDate(2024, 2, 29), QTime(0, 0)));
+              QDateTime(QDate(2024, 2, 29), QTime(0, 0), Qt::UTC));
+}
+
+TEST(SqliteArchive, MidnightThatTheClockSkippedIsStillADate) {
+    const GatewayDiProva g;
+    ASSERT_TRUE(g.altraCassa()->eseguiNativo("INSERT INTO Prova (DATA) VALUES ('1975-06-01 00:00:00')"));
+    EXPECT_EQ(inUnFiglio([&] {
+                  // Summer time begins at midnight of the first Sunday of June.
+                  if (setenv("TZ", "CET-1CEST,M6.1.0/0", 1) != 0) return 98;
+                  tzset();
+                  const auto altra = g.altraCassa();
+                  Recordset righe;
+                  if (!altra->eseguiNativo("SELECT DATA FROM Prova", &righe)) return 97;
+                  const QVariant valore = righe.campo(0);
+                  if (valore.typeId() != QMetaType::QDateTime) return 1;
+                  return Format(valore.toDateTime(), u"DD/MM/YYYY Hh:Nn:Ss") == "01/06/1975 00:00:00" ? 0 : 2;
+              }),
+              0);
 }
 
 // ---- Warm connections

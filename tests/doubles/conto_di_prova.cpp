@@ -106,7 +106,7 @@ bool ContoDiProva::scade(Timer timer) {
             TimerGrid_Timer(vendita());
             break;
         case Timer::Tasti:
-            TimerKeys_Timer(vendita());
+            timerTasti(*this);
             break;
         default:
             break;

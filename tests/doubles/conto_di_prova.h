@@ -54,8 +54,6 @@ class ContoDiProva final : public Conto {
     void avviaTimer(Timer timer, int millisecondi) override { mTimer[timer] = millisecondi; }
     void fermaTimer(Timer timer) override { mTimer.erase(timer); }
     bool selezionaElemento(Recordset& righe, const QString& colonne) override;
-    void mostraVistaIva() override { vistaIva = true; }
-    bool vistaIva = false;
 
   private:
     class CasellaDiProva;

@@ -15,7 +15,6 @@ REGOLE = {
     "header_circles": house_rules.circoliHeader,
     "folder_circles": house_rules.circoliCartelle,
     "widgets": house_rules.widget,
-    "words": house_rules.parole,
     "lengths": house_rules.lunghezze,
 }
 

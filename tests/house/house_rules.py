@@ -6,17 +6,8 @@ from pathlib import Path, PurePosixPath
 
 # From the top: a folder of src/ includes only from those after it.
 PIANI = ("app", "counter", "backoffice", "printing", "postings", "sale", "register", "kit", "data", "core")
-RIGHE_MASSIME = 700
+RIGHE_MASSIME = 600
 SUFFISSI_MISURATI = (".cpp", ".h", ".py", ".sh", ".cmake")
-
-# A comment speaks of the shop and of the code, not of papers, tickets or somebody's machine.
-PAROLE_ESTRANEE = {
-    "a numbered part of a paper": re.compile(r"\bParts? \d+[.]\d+"),
-    "a paper": re.compile(r"\bspecification's\b|\b(?:the|this|our) spec(?:ification)?\b|\bspec[.]md\b", re.I),
-    "a ticket": re.compile(r"\b(?:issues?|ticket|PR|GH)[ -]*#?\d+\b", re.I),
-    "a path of one machine": re.compile(r"(?<![\w.}>])/(?:work|tmp|root)/"),
-    "a package registry": re.compile(r"\b(?:deb|ftp|security)[.]debian\b|\bpypi[.]|\bregistry[.]npmjs\b"),
-}
 
 
 def piano(percorso):
@@ -130,18 +121,6 @@ def widget(albero, nomi):
             cartella, _, nome = include.nome.rpartition("/")
             if not include.progetto and (cartella == "QtWidgets" or (not cartella and nome in nomi)):
                 yield f"{sorgente}: includes <{include.nome}>"
-
-
-def parole(albero):
-    """No file speaks of what is not part of this project."""
-    for percorso in albero.tutti():
-        if percorso == "LICENSE":
-            continue
-        for numero, riga in enumerate((albero.testo(percorso) or "").splitlines(), start=1):
-            for cosa, modello in PAROLE_ESTRANEE.items():
-                trovato = modello.search(riga)
-                if trovato:
-                    yield f"{percorso}:{numero}: {cosa}: {trovato.group()}"
 
 
 def lunghezze(albero):

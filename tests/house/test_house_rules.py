@@ -200,40 +200,6 @@ class Widgets(HouseTest):
         self.assertEqual(house_rules.intestazioniWidget(self.radice), {"QWidget", "QLabel"})
 
 
-class Words(HouseTest):
-    # Made of pieces, so that this file holds none of them.
-    ESTRANEE = (
-        "see Part" + " 3.1",
-        "as the " + "specification says",
-        "cf. spec" + ".md",
-        "fixes issue" + " #12",
-        "after PR" + "-7",
-        "kept in /" + "work/main",
-        'open("/' + 'tmp/x")',
-        "from deb" + ".debian.org",
-    )
-
-    def testCleanTreePasses(self):
-        self.assertEqual(self.violazioni(house_rules.parole), [])
-
-    def testEachForeignWordIsFound(self):
-        for testo in self.ESTRANEE:
-            with self.subTest(testo):
-                self.unaSola(house_rules.parole, file={"docs/a.md": f"\n{testo}\n"}, dice="docs/a.md:2:")
-
-    def testWordsOfTheTradePass(self):
-        testo = "Part of a sale 3.1 kg, parts 2, #12/31/2026#, $workdir/x, a/tmp/b, the search's columns\n"
-        self.assertEqual(self.violazioni(house_rules.parole, file={"docs/a.md": testo}), [])
-
-    def testProductsOfABuildDoNotCount(self):
-        file = {"build/log.txt": self.ESTRANEE[0]}
-        self.assertEqual(self.violazioni(house_rules.parole, file=file), [])
-
-    def testPictureIsNoText(self):
-        (self.radice / "picture.png").write_bytes(b"\x89PNG\xff\xfe")
-        self.assertEqual(self.violazioni(house_rules.parole), [])
-
-
 class Lengths(HouseTest):
     def testLongestSourcePasses(self):
         file = {"src/core/long.cpp": "\n" * (house_rules.RIGHE_MASSIME - 1)}
@@ -241,7 +207,7 @@ class Lengths(HouseTest):
 
     def testTooLongASourceIsFound(self):
         file = {"src/core/long.cpp": "\n" * house_rules.RIGHE_MASSIME}
-        self.unaSola(house_rules.lunghezze, file=file, dice="src/core/long.cpp: 700 lines")
+        self.unaSola(house_rules.lunghezze, file=file, dice="src/core/long.cpp: 600 lines")
 
 
 class CommandLine(HouseTest):

@@ -30,12 +30,12 @@ TEST_F(DocumentInfo, TypeAndCausalAreRead) {
     EXPECT_EQ(v.destinazione, 2);
     EXPECT_EQ(v.magazzinoOrigine, 1);
     EXPECT_EQ(v.magazzinoDestinazione, 1);
-    EXPECT_TRUE(c.vistaIva);
+    EXPECT_TRUE(c.vendita().pctIVA.visibile());
 }
 
 TEST_F(DocumentInfo, CounterSaleHasNoVatLayout) {
     EXPECT_FALSE(v.mUsaPrezziIva);
-    EXPECT_FALSE(c.vistaIva);
+    EXPECT_FALSE(c.vendita().pctIVA.visibile());
     EXPECT_TRUE(v.generaPN);
     EXPECT_TRUE(v.generaScad);
     EXPECT_EQ(v.magazzinoOrigine, 1);
@@ -50,7 +50,7 @@ TEST_F(DocumentInfo, MissingTypeChangesNothing) {
 TEST_F(DocumentInfo, VatLayoutStays) {
     setViewMode(v, true);
     setViewMode(v, false);
-    EXPECT_TRUE(c.vistaIva);
+    EXPECT_TRUE(c.vendita().pctIVA.visibile());
 }
 
 TEST_F(DocumentInfo, ReasonIsShownWithItsKey) {

@@ -266,6 +266,17 @@ TEST_F(Grid, LoadedRowIsLookedUpAfterTheDelay) {
     EXPECT_EQ(v.lblUbicazione.testo(), "SCAFA");
 }
 
+TEST_F(Grid, ANegativeDelayCountsAsNone) {
+    venditeDiTre();
+    gRitardoGriglia = -5;
+    c.clicRiga(1);
+    ASSERT_TRUE(c.timerAttivo(Timer::Griglia));
+    EXPECT_EQ(c.intervallo(Timer::Griglia), 0);
+    n.sql("UPDATE Prodotti SET UBICAZIONE = 'SCAF' || CODICE");
+    c.scade(Timer::Griglia);
+    EXPECT_EQ(v.lblUbicazione.testo(), "SCAFA");
+}
+
 TEST_F(Grid, LookUpHappensOnce) {
     venditeDiTre();
     c.clicRiga(1);

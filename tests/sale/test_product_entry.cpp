@@ -539,3 +539,11 @@ TEST_F(MarginPanel, PurchaseTablesServeWhenThereIsNoLayer) {
 }
 
 }  // namespace
+
+TEST(BatchEntry, AnUnknownLastKeyLeavesTheTotalsOfTheOthersRight) {
+    Negozio n;
+    const int a = n.prodotto({.codice = "A", .listino1 = 10});
+    ContoDiProva& c = n.apriConto();
+    setArticoloGrid(c.vendita(), QString::number(a) + "|999999|");
+    EXPECT_EQ(c.vendita().lblMainDisplay.testo(), "12,20");
+}

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include "archivio/default_options.h"
 #include "archivio/demo_shop.h"
@@ -19,23 +20,20 @@ namespace {
 // The files that SQLite keeps beside an archive in use.
 const char* const compagni[] = {"-wal", "-shm", "-journal"};
 
-void rimuovi(const QString& percorso) {
-    QFile::remove(percorso);
-    for (const char* compagno : compagni)
-        QFile::remove(percorso + compagno);
-}
-
-// The place where the archive is made; nothing is left in it when the making fails.
+// A new folder beside the target, where the archive is made; it goes with all that is in it.
 class Cantiere {
   public:
-    explicit Cantiere(const QString& percorso) : mPercorso(percorso + ".nuovo") { rimuovi(mPercorso); }
-    ~Cantiere() { rimuovi(mPercorso); }
-    const QString& percorso() const { return mPercorso; }
+    explicit Cantiere(const QFileInfo& destinazione)
+        : mCartella(destinazione.absolutePath() + "/." + destinazione.fileName() + ".nuovo-XXXXXX") {
+        if (!mCartella.isValid())
+            throw RunTimeError(RunTimeError::ErroreApplicazione, mCartella.errorString());
+    }
+    QString percorso() const { return mCartella.filePath("archivio"); }
 
     void consegna(const QString& destinazione) {
         for (const char* compagno : compagni)
             QFile::remove(destinazione + compagno);
-        const QByteArray da = QFile::encodeName(mPercorso);
+        const QByteArray da = QFile::encodeName(percorso());
         if (std::rename(da.constData(), QFile::encodeName(destinazione).constData()) != 0) {
             throw RunTimeError(RunTimeError::ErroreApplicazione,
                                "impossibile mettere l'archivio al suo posto: " + qt_error_string());
@@ -43,7 +41,7 @@ class Cantiere {
     }
 
   private:
-    QString mPercorso;
+    QTemporaryDir mCartella;
 };
 
 void pretendi(bool riuscito, const SqliteConnection& connessione) {
@@ -65,7 +63,7 @@ void riempi(SqliteConnection& connessione, const OpzioniCreazione& opzioni) {
 }
 
 void costruisci(const QString& percorso, const OpzioniCreazione& opzioni) {
-    Cantiere cantiere(percorso);
+    Cantiere cantiere{QFileInfo(percorso)};
     ErroreServer errore;
     std::unique_ptr<SqliteConnection> connessione = SqliteConnection::crea(cantiere.percorso(), errore);
     if (!connessione) throw RunTimeError(RunTimeError::ErroreApplicazione, errore.descrizione);

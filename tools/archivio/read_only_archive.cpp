@@ -54,19 +54,26 @@ ArchivioLetto::~ArchivioLetto() {
     sqlite3_close_v2(mDb);
 }
 
+qint64 ArchivioLetto::pragma(const char* nome, const QString& percorso) {
+    try {
+        Istruzione lettura(mDb, QString("PRAGMA ") + nome);
+        return lettura.passo() ? lettura.intero(0) : 0;
+    } catch (const RunTimeError& errore) {
+        rifiuta("il file \"" + percorso + "\" non è un archivio o è danneggiato: " + errore.descrizione());
+    }
+}
+
 void ArchivioLetto::apri(const QString& percorso) {
     const int opzioni = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_EXRESCODE;
     if (sqlite3_open_v2(indirizzo(percorso).constData(), &mDb, opzioni, nullptr) != SQLITE_OK) {
         rifiuta("il file \"" + percorso + "\" non si può aprire: " + QString::fromUtf8(sqlite3_errmsg(mDb)));
     }
     registraFunzioniAccess(mDb);
-    try {
-        Istruzione marchio(mDb, "PRAGMA application_id");
-        if (marchio.passo() && marchio.intero(0) == SqliteConnection::marchioArchivio) return;
-    } catch (const RunTimeError& errore) {
-        rifiuta("il file \"" + percorso + "\" non è un archivio o è danneggiato: " + errore.descrizione());
+    if (pragma("application_id", percorso) != SqliteConnection::marchioArchivio) {
+        rifiuta("il file \"" + percorso + "\" non è un archivio di Bottegon");
     }
-    rifiuta("il file \"" + percorso + "\" non è un archivio di Bottegon");
+    const int versione = static_cast<int>(pragma("user_version", percorso));
+    if (versione != schema::versione) rifiuta(SqliteConnection::testoAltraVersione(percorso, versione));
 }
 
 void ArchivioLetto::controllaTabelle() {

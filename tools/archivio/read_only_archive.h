@@ -16,6 +16,7 @@ class ArchivioLetto {
     sqlite3* db() const { return mDb; }
 
   private:
+    qint64 pragma(const char* nome, const QString& percorso);
     void apri(const QString& percorso);
     void controllaTabelle();
 

@@ -23,6 +23,7 @@ struct EventiSchermo {
     std::function<void()> operatore;
     std::function<void()> aggiungiRiga;
     std::function<void(Campo&, bool)> spunta;
+    std::function<void(int)> alternativo;
 };
 
 // Makes the widgets of a screen, each bound to its field in one call.

@@ -1,5 +1,6 @@
 #include "counter/ui/finestra_conti.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QStackedWidget>
@@ -35,6 +36,14 @@ frmMain* FinestraConti::davanti() const {
 }
 
 void FinestraConti::richiama() {
+    // Before the first account is open there may be a dialogue to answer, and no counter to show.
+    if (davanti() == nullptr) {
+        if (QWidget* dialogo = QApplication::activeModalWidget()) {
+            dialogo->raise();
+            dialogo->activateWindow();
+        }
+        return;
+    }
     showMaximized();
     raise();
     activateWindow();

@@ -14,6 +14,7 @@
 #include "data/gateway.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/frmSelectElement.h"
+#include "sale/alternatives.h"
 #include "sale/grid.h"
 #include "sale/row_editor.h"
 
@@ -112,6 +113,10 @@ EventiSchermo frmMain::eventi() {
         .operatore = [this] { evento("cmdOperatore_Click", [&] { premiOperatore(); }); },
         .aggiungiRiga = [this] { evento("cmdAddRow_Click", [&] { premiComando(comandoNuovaRiga); }); },
         .spunta = [this](Campo& campo, bool premuta) { spuntaPremuta(campo, premuta); },
+        .alternativo =
+            [this](int i) {
+                evento("lswAlternativi_DblClick", [&] { lswAlternativi_DblClick(vendita(), i); });
+            },
     };
 }
 
@@ -154,7 +159,7 @@ void frmMain::scaduto(Timer timer) {
             evento("TimerGrid_Timer", [&] { TimerGrid_Timer(v); });
             break;
         case Timer::Tasti:
-            evento("TimerKeys_Timer", [&] { TimerKeys_Timer(v); });
+            evento("TimerKeys_Timer", [&] { timerTasti(*this); });
             break;
         case Timer::Fido:
             v.pctFido.visibile(!v.pctFido.visibile());
@@ -179,9 +184,10 @@ bool frmMain::eventFilter(QObject* oggetto, QEvent* evento) {
 }
 
 bool frmMain::tastoGiu(const QKeyEvent& tasto) {
-    mTastiPremuti.insert(tasto.key());
+    const auto modificatori = static_cast<int>(tasto.modifiers());
+    if (!tasto.isAutoRepeat()) mTastiPremuti.insert(tasto.key(), modificatori);
     return evento("Form_KeyDown", [&] {
-        if (Form_KeyDown(*this, tasto.key(), static_cast<int>(tasto.modifiers()))) return true;
+        if (Form_KeyDown(*this, tasto.key(), modificatori)) return true;
         const QString testo = tasto.text();
         const bool comando = tasto.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
         return !comando && testo.size() == 1 && testo[0].isPrint() && Form_KeyPress(*this, testo[0]);
@@ -191,15 +197,19 @@ bool frmMain::tastoGiu(const QKeyEvent& tasto) {
 bool frmMain::tastoSu(const QKeyEvent& tasto) {
     if (tasto.isAutoRepeat()) return true;
     // Pressed in another window, as the Enter that closed a box: not meant for this one.
-    if (!mTastiPremuti.remove(tasto.key())) return false;
-    return evento("Form_KeyUp",
-                  [&] { return Form_KeyUp(*this, tasto.key(), static_cast<int>(tasto.modifiers())); });
+    const auto premuto = mTastiPremuti.constFind(tasto.key());
+    if (premuto == mTastiPremuti.constEnd()) return false;
+    const int modificatori = *premuto;
+    mTastiPremuti.erase(premuto);
+    return evento("Form_KeyUp", [&] { return Form_KeyUp(*this, tasto.key(), modificatori); });
 }
 
 void frmMain::changeEvent(QEvent* evento) {
     QWidget::changeEvent(evento);
     // A key that is held while another window comes up is released there.
-    if (evento->type() == QEvent::ActivationChange && !isActiveWindow()) mTastiPremuti.clear();
+    if (evento->type() != QEvent::ActivationChange || isActiveWindow()) return;
+    mTastiPremuti.clear();
+    lasciaTasti(*this);
 }
 
 // ---- Focus

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include <QSet>
+#include <QHash>
 #include <QTimer>
 #include <QWidget>
 
@@ -36,7 +36,6 @@ class frmMain final : public QWidget, public Conto {
     void avviaTimer(Timer timer, int millisecondi) override;
     void fermaTimer(Timer timer) override;
     bool selezionaElemento(Recordset& righe, const QString& colonne) override;
-    void mostraVistaIva() override;
 
   protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
@@ -66,7 +65,9 @@ class frmMain final : public QWidget, public Conto {
     QWidget* mContenuto = nullptr;
     GrigliaVendita* mGriglia = nullptr;
     std::array<QTimer, numeroTimer> mTimer;
-    QSet<int> mTastiPremuti;  // keys that went down on this screen and are not up yet
-    int mInCorso = 0;         // events whose rules are running, one inside the other
+    // Keys that went down on this screen and are not up yet, with Shift and Ctrl as they were then: a hand
+    // lets go of them in any order.
+    QHash<int, int> mTastiPremuti;
+    int mInCorso = 0;  // events whose rules are running, one inside the other
     bool mDaEliminare = false;
 };

@@ -77,8 +77,3 @@ void frmMain::impostaOrdineTab() {
     setTabOrder(prima, mGriglia);
     mGriglia->installEventFilter(this);
 }
-
-void frmMain::mostraVistaIva() {
-    vendita().pctIVA.visibile(true);
-    vendita().cmdAddRow.visibile(true);
-}

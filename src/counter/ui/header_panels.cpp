@@ -132,7 +132,9 @@ QWidget* barraConti(const Montaggio& m, QWidget* padre) {
     riga->addStretch();
     riga->addWidget(m.testo(m.v.pctPrint, "Stato di stampa", barra));
     riga->addWidget(m.testo(m.v.lblDataStampa, "Data di stampa", barra));
-    riga->addWidget(m.spia(m.v.pctSave, "● Vendita non salvata", ruoli::avviso, barra));
+    QLabel* nonSalvata = m.testo(m.v.pctSave, "Stato di salvataggio", barra);
+    nonSalvata->setProperty(ruoli::proprieta, ruoli::avviso);
+    riga->addWidget(nonSalvata);
     riga->addWidget(m.testo(m.v.lblVenditore, "Operatore", barra));
     PulsanteComando* operatore = m.pulsante(m.v.cmdOperatore, m.eventi().operatore, barra);
     operatore->presto("inserisce il codice dell'operatore");

@@ -1,7 +1,9 @@
 #include <QCheckBox>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLabel>
+#include <QTableView>
 
 #include "counter/ui/assembly.h"
 #include "counter/ui/command_button.h"
@@ -12,6 +14,8 @@
 #include "sale/vendita.h"
 
 namespace {
+
+constexpr int altezzaAlternativo = 30;
 
 constexpr int puntiTotaleMinimi = 30;
 constexpr int puntiTotale = 56;
@@ -63,6 +67,41 @@ QVBoxLayout* colonnaDi(QFrame* pannello) {
     return colonna;
 }
 
+// The products that can stand in for this one; out of sight when there are none.
+QWidget* elencoAlternativi(const Montaggio& m, QWidget* padre) {
+    auto* elenco = new QTableView(padre);
+    elenco->setObjectName("lswAlternativi");
+    elenco->setAccessibleName("Prodotti alternativi");
+    elenco->setToolTip("Doppio clic per vendere il prodotto alternativo");
+    ElencoAlternativi& voci = m.v.lswAlternativi;
+    elenco->setModel(&voci);
+    elenco->setFocusPolicy(Qt::NoFocus);
+    elenco->setSelectionBehavior(QAbstractItemView::SelectRows);
+    elenco->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    elenco->setShowGrid(false);
+    // It takes the room that is left, and asks for none.
+    elenco->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+    elenco->setFrameShape(QFrame::NoFrame);
+    elenco->verticalHeader()->hide();
+    elenco->verticalHeader()->setDefaultSectionSize(altezzaAlternativo);
+    elenco->horizontalHeader()->hide();
+    elenco->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    auto* gruppo = new QWidget(padre);
+    auto* riga = new QHBoxLayout(gruppo);
+    riga->setContentsMargins(0, 0, 0, 0);
+    riga->addWidget(nuovaDidascalia("Alternativi", ruoli::didascalia, gruppo), 0, Qt::AlignTop);
+    riga->addWidget(elenco, 1);
+    gruppo->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
+    gruppo->hide();
+    const auto mostra = [gruppo, &voci] { gruppo->setVisible(voci.rowCount() > 0); };
+    QObject::connect(&voci, &QAbstractItemModel::modelReset, gruppo, mostra);
+    QObject::connect(&voci, &QAbstractItemModel::rowsInserted, gruppo, mostra);
+    QObject::connect(
+        elenco, &QTableView::doubleClicked, elenco,
+        [premuto = m.eventi().alternativo](const QModelIndex& indice) { premuto(indice.row()); });
+    return gruppo;
+}
+
 }  // namespace
 
 QWidget* pannelloDisplay(const Montaggio& m, QWidget* padre) {
@@ -108,7 +147,8 @@ QWidget* pannelloProdotto(const Montaggio& m, QWidget* padre) {
     tabella.voce("Marg. €", m.v.lblMargineEuro, "Margine in euro");
     tabella.voce("Marg. %", m.v.lblMarginePerc, "Margine per cento");
     colonna->addLayout(tabella.griglia());
-    colonna->addStretch();
+    colonna->addWidget(elencoAlternativi(m, pannello), 1);
+    colonna->addStretch(0);
     return pannello;
 }
 

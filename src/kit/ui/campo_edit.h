@@ -6,9 +6,7 @@
 #include <QLineEdit>
 
 #include "kit/CTextBox.h"
-
-// The side of a touch target, in pixels: what a finger hits without looking twice.
-constexpr int altezzaTocco = 44;
+#include "kit/ui/touch_widgets.h"
 
 // The box of a field. Text, lock, enabling, visibility and colours follow the Campo; what is typed goes
 // back to it. Each character first passes the screen's rules, one by one; pasted text does not, and loses
