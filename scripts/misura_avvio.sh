@@ -20,6 +20,7 @@ schermo=$!
 until [ -s "$cartellaSessione/display" ]; do sleep 0.05; done
 DISPLAY=:$(cat "$cartellaSessione/display")
 export DISPLAY
+until xdotool getmouselocation >/dev/null 2>&1; do sleep 0.05; done
 
 millisecondi() { echo $(($(date +%s%N) / 1000000)); }
 mediana() { sort -n | sed -n "$(((prove + 1) / 2))p"; }
@@ -28,7 +29,9 @@ for ((i = 0; i <= prove; ++i)); do
     inizio=$(millisecondi)
     env -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb build/release/bin/bottegon >/dev/null 2>&1 &
     programma=$!
-    until xdotool search --onlyvisible --name 'Client di vendita al banco' >/dev/null 2>&1; do :; done
+    until xdotool search --onlyvisible --name 'Client di vendita al banco' >/dev/null 2>&1; do
+        kill -0 "$programma" || exit 1
+    done
     fine=$(millisecondi)
     memoria=$(awk '/^VmRSS/ { print $2 }' "/proc/$programma/status")
     kill "$programma"
