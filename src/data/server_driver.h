@@ -17,6 +17,7 @@ struct ErroreServer {
         Conflitto,  // deadlock, or a turn waited for in vain
         SolaLettura,
         DiscoPieno,
+        EsitoIgnoto,  // the answer to a commit was lost: done or not, only a look at the rows can tell
         Altro,
     };
     Classe classe = Classe::Nessuno;
@@ -35,6 +36,8 @@ class Connessione {
 
     // Runs one statement already adapted by prepareSQL. `righe`, when given, takes the rows of a query.
     virtual bool esegui(const QString& sql, Recordset* righe) = 0;
+    // As esegui, for text already in the server's own words.
+    virtual bool eseguiNativo(const QString& sql, Recordset* righe) = 0;
     virtual int righeModificate() const = 0;
 
     // A desk's turn to write: waits until every other turn has ended, or answers false after the limit.

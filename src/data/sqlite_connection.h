@@ -30,8 +30,8 @@ class SqliteConnection final : public Connessione {
     ~SqliteConnection() override;
 
     bool esegui(const QString& sql, Recordset* righe) override;
-    // As esegui, for text already in SQLite's own words.
-    bool eseguiNativo(const QString& sql, Recordset* righe = nullptr);
+    bool eseguiNativo(const QString& sql, Recordset* righe) override;
+    bool eseguiNativo(const QString& sql) { return eseguiNativo(sql, nullptr); }
     int righeModificate() const override;
     bool inizia() override { return eseguiNativo("BEGIN IMMEDIATE"); }
     bool conferma() override { return eseguiNativo("COMMIT"); }
