@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 
 #include <QDate>
 #include <QString>
@@ -10,6 +11,7 @@
 #include "sale/alternatives.h"
 #include "sale/flxvb.h"
 #include "sale/schermo.h"
+#include "sale/uncertain_save.h"
 
 // The named fields of a counter screen.
 struct CampiVendita {
@@ -180,6 +182,9 @@ struct Vendita : CampiVendita, InfoDocumento {
     bool preferitiInPrimoPiano = false;
     bool modificaConsentita = true;
     bool inChiusura = false;
+
+    // The last save, while it is not known whether it is in the books.
+    std::optional<SalvataggioIncerto> salvataggioIncerto;
 
     // The customer's key; -1 when there is none.
     int cliente() const { return txtCodCliente.chiave(); }

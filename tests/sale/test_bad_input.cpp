@@ -1,35 +1,8 @@
-#include <map>
-
 #include "core/errors.h"
 #include "data/gateway.h"
-#include "data/sqlite_connection.h"
 #include "gesti.h"
 
 namespace {
-
-// Every row of every table as text, by table.
-std::map<QString, QStringList> fotografia(const QString& percorso) {
-    ErroreServer errore;
-    const auto connessione = SqliteConnection::apri(percorso, errore);
-    std::map<QString, QStringList> archivio;
-    Recordset tabelle;
-    EXPECT_TRUE(connessione->eseguiNativo("SELECT name FROM sqlite_master WHERE type = 'table'", &tabelle));
-    for (; !tabelle.eof(); tabelle.moveNext()) {
-        const QString nome = tabelle.campo(0).toString();
-        Recordset righe;
-        EXPECT_TRUE(connessione->eseguiNativo("SELECT * FROM \"" + nome + "\"", &righe))
-            << nome.toStdString();
-        QStringList& testi = archivio[nome];
-        for (; !righe.eof(); righe.moveNext()) {
-            QStringList celle;
-            for (int colonna = 0; colonna < righe.campi(); ++colonna) {
-                celle << righe.campo(colonna).toString();
-            }
-            testi << celle.join('\x1f');
-        }
-    }
-    return archivio;
-}
 
 QStringList testiOstili() {
     QStringList testi = {
@@ -140,7 +113,7 @@ TEST_P(BadInput, NeitherBreaksTheScreenNorTouchesTheArchive) {
     OperatorePaziente operatore;
     gErr.impostaOperatore(&operatore);
     gAdo.impostaOperatore(&operatore);
-    const auto prima = fotografia(n.percorso());
+    const auto prima = libri(n);
     for (const QString& testo : testiOstili()) {
         for (const bool incolla : {false, true}) {
             if (!incolla && testo.size() > 1000) continue;
@@ -159,9 +132,11 @@ TEST_P(BadInput, NeitherBreaksTheScreenNorTouchesTheArchive) {
             }
             c.invio();
             c.clic(v.txtDescProdotto);
-            // A value out of range or a null character is refused; a server that stumbled would be worse.
+            // A value out of range, a null character and half a character are refused; a server that
+            // stumbled would be worse.
             for (const QString& errore : operatore.errori) {
-                EXPECT_TRUE(errore.startsWith("6 ") || errore.contains("carattere nullo"))
+                EXPECT_TRUE(errore.startsWith("6 ") || errore.contains("carattere nullo") ||
+                            errore.contains("mezzo carattere"))
                     << errore.toStdString();
             }
             operatore.errori.clear();
@@ -172,7 +147,7 @@ TEST_P(BadInput, NeitherBreaksTheScreenNorTouchesTheArchive) {
             EXPECT_FALSE(v.selezioneInCorso);
         }
     }
-    EXPECT_EQ(fotografia(n.percorso()), prima);
+    EXPECT_EQ(libri(n), prima);
     gErr.impostaOperatore(&n.operatore);
     gAdo.impostaOperatore(&n.operatore);
 }
