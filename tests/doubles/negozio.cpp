@@ -65,6 +65,7 @@ Negozio::Negozio() : orologio(QDateTime(QDate(2026, 3, 16), QTime(10, 30))) {
     inserisciTabelle();
     impostaFabbricaConti([this](int indice) {
         mConti.push_back(std::make_unique<ContoDiProva>(indice, operatore));
+        if (allaProssimaApertura) std::exchange(allaProssimaApertura, {})(*mConti.back());
         return mConti.back().get();
     });
     impostaChiudiApplicazione([this] { terminato = true; });
