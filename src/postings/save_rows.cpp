@@ -66,6 +66,11 @@ std::vector<std::pair<QString, QString>> valoriRiga(const FlexVB& g, int r, cons
     };
 }
 
+// A kit that is a component of another belongs to that one's head, and so do its own components.
+bool nuovaTesta(const FlexVB& g, int r) {
+    return testaDistinta(g.cella(r, Colonna::Codice)) && g.cella(r, Colonna::IdDistintaBase).isEmpty();
+}
+
 bool inserisciRiga(const FlexVB& g, int r, Salvataggio& s) {
     QStringList colonne;
     QStringList valori;
@@ -82,7 +87,7 @@ bool inserisciRiga(const FlexVB& g, int r, Salvataggio& s) {
                                            "Now()) ",
                                        sorgente(), "RID", "DettagliMovimento");
     if (rid < 1) return false;
-    if (testaDistinta(g.cella(r, Colonna::Codice))) s.ultimaTesta = rid;
+    if (nuovaTesta(g, r)) s.ultimaTesta = rid;
     if (g.cella(r, Colonna::IdDistintaBase).isEmpty()) return true;
     return gAdo.executeSQL("UPDATE DettagliMovimento SET IK_DETTAGLIOMOVIMENTO = " +
                                QString::number(s.ultimaTesta) + " WHERE RID = " + QString::number(rid),
@@ -109,6 +114,8 @@ bool cancellaRiga(const FlexVB& g, int r) {
 bool salvaRiga(const FlexVB& g, int r, Salvataggio& s) {
     const int stato = g.gestione(r);
     if (stato != RigaCancellata) ++s.pos;
+    // A component added to a kit that was saved before joins its head.
+    if (nuovaTesta(g, r) && g.chiave(r, Colonna::Rid) > 0) s.ultimaTesta = g.chiave(r, Colonna::Rid);
     switch (stato) {
         case RigaNuova:
             return inserisciRiga(g, r, s);

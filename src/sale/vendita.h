@@ -10,6 +10,7 @@
 #include "kit/campo.h"
 #include "sale/alternatives.h"
 #include "sale/flxvb.h"
+#include "sale/row_sums.h"
 #include "sale/schermo.h"
 #include "sale/uncertain_save.h"
 
@@ -153,6 +154,7 @@ struct Vendita : CampiVendita, InfoDocumento {
     SchermoVendita& schermo;
     CaselleVendita caselle{*this};
     FlexVB flxVB;
+    SommeRighe sommeRighe;
     ElencoAlternativi lswAlternativi;
 
     int indice;                   // the place among the open accounts, 0 to 3

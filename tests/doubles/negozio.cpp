@@ -45,6 +45,7 @@ Negozio::Negozio()
     gVenditoreChar = "V";
     impostaFabbricaConti([this](int indice) {
         mConti.push_back(std::make_unique<ContoDiProva>(indice, operatore));
+        if (allaProssimaApertura) std::exchange(allaProssimaApertura, {})(*mConti.back());
         return mConti.back().get();
     });
     impostaChiudiApplicazione([this] { terminato = true; });

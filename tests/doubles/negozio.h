@@ -85,6 +85,8 @@ class Negozio {
     OrologioDiProva orologio;
     SettingsInMemory impostazioni;
     bool terminato = false;  // the last account was closed
+    // Sees the screen of the account that opens next, before anything happens on it.
+    std::function<void(ContoDiProva&)> allaProssimaApertura;
 
   private:
     QTemporaryDir mCartella;
