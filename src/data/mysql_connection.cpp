@@ -24,7 +24,8 @@ constexpr int nomeMassimo = 64;
 const char* const sessione =
     "SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_BACKSLASH_ESCAPES,NO_ZERO_DATE,NO_ZERO_IN_DATE,"
     "ERROR_FOR_DIVISION_BY_ZERO,NO_ENGINE_SUBSTITUTION', SESSION innodb_lock_wait_timeout = 1, "
-    "SESSION autocommit = 1, SESSION time_zone = @@GLOBAL.time_zone, SESSION sql_select_limit = DEFAULT, "
+    "SESSION collation_connection = 'utf8mb4_unicode_520_ci', SESSION autocommit = 1, SESSION time_zone = "
+    "@@GLOBAL.time_zone, SESSION sql_select_limit = DEFAULT, "
     "SESSION group_concat_max_len = 1048576";
 
 MYSQL* maniglia(const QSqlDatabase& database) {

@@ -77,6 +77,7 @@ SqliteConnection::SqliteConnection(sqlite3* db, QString percorso) : mDb(db), mPe
 // now: its commits go to their own file first.
 SqliteConnection::~SqliteConnection() {
     mAttesa = {};
+    mPronte.svuota();
     if (mInode != 0 && !ancoraValida()) {
         sqlite3_wal_checkpoint_v2(mDb, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
     }
@@ -215,6 +216,17 @@ bool SqliteConnection::eseguiNativo(const QString& sql, Recordset* righe) {
     }
     if (!inviabile(sql, origineSqlite, mErrore)) return false;
     const QByteArray testo = sql.toUtf8();
+    if (const auto parametrica = togliLetterali(testo)) {
+        if (sqlite3_stmt* pronta = mPronte.prendi(mDb, *parametrica)) {
+            const std::unique_ptr<sqlite3_stmt, void (*)(sqlite3_stmt*)> riposta(pronta,
+                                                                                 &IstruzioniPronte::riponi);
+            return percorri(pronta, righe);
+        }
+    }
+    return eseguiUnaVolta(testo, righe);
+}
+
+bool SqliteConnection::eseguiUnaVolta(const QByteArray& testo, Recordset* righe) {
     sqlite3_stmt* istruzione = nullptr;
     const char* resto = nullptr;
     const int esito =

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "data/server_driver.h"
+#include "data/sqlite_statements.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -61,11 +62,13 @@ class SqliteConnection final : public Connessione {
     bool leggiPragma(const char* nome, int& valore);
     bool verificaArchivio();
     void spiegaApertura();
+    bool eseguiUnaVolta(const QByteArray& testo, Recordset* righe);
     bool percorri(sqlite3_stmt* istruzione, Recordset* righe);
     bool fallito(int codice);
     static int occupato(void* connessione, int tentativi);
 
     sqlite3* mDb;
+    IstruzioniPronte mPronte;
     QString mPercorso;
     quint64 mDispositivo = 0;
     quint64 mInode = 0;

@@ -92,7 +92,39 @@ class BancaDati {
     Stato mNuova;
 };
 
-// Gives out the connections of the real driver with the test's time of day.
+// A connection whose server has the test's time of day when a statement asks for it.
+class ConnessioneConOrologio final : public Connessione {
+  public:
+    explicit ConnessioneConOrologio(std::unique_ptr<Connessione> vera) : vera(std::move(vera)) {}
+
+    bool esegui(const QString& sql, Recordset* righe) override {
+        if (sql.contains("Now()", Qt::CaseInsensitive) || sql.contains("CURRENT_DATE()")) regola();
+        return vera->esegui(sql, righe);
+    }
+    bool eseguiNativo(const QString& sql, Recordset* righe) override {
+        return vera->eseguiNativo(sql, righe);
+    }
+    int righeModificate() const override { return vera->righeModificate(); }
+    bool inizia() override { return vera->inizia(); }
+    bool conferma() override { return vera->conferma(); }
+    bool annulla() override { return vera->annulla(); }
+    bool inTransazione() const override { return vera->inTransazione(); }
+    const ErroreServer& errore() const override { return vera->errore(); }
+
+    std::unique_ptr<Connessione> vera;
+
+  private:
+    // The tests do not count this statement.
+    void regola() {
+        const QDateTime adesso = orologio().adesso();
+        const SondaIstruzioni sonda = std::exchange(sondaIstruzioni(), {});
+        vera->eseguiNativo(QString("SET time_zone = '+00:00', timestamp = %1")
+                               .arg(QDateTime(adesso.date(), adesso.time(), Qt::UTC).toSecsSinceEpoch()),
+                           nullptr);
+        sondaIstruzioni() = sonda;
+    }
+};
+
 class DriverConOrologio final : public ServerDriver {
   public:
     explicit DriverConOrologio(std::unique_ptr<ServerDriver> vero) : mVero(std::move(vero)) {}
@@ -100,26 +132,15 @@ class DriverConOrologio final : public ServerDriver {
     std::unique_ptr<Connessione> apri(const QString& stringaConnessione, int secondi,
                                       const AttesaServer& attesa, ErroreServer& errore) override {
         auto connessione = mVero->apri(stringaConnessione, secondi, attesa, errore);
-        if (connessione) regola(*connessione);
-        return connessione;
+        if (!connessione) return nullptr;
+        return std::make_unique<ConnessioneConOrologio>(std::move(connessione));
     }
     void restituisci(std::unique_ptr<Connessione> connessione) override {
-        mVero->restituisci(std::move(connessione));
+        mVero->restituisci(std::move(dynamic_cast<ConnessioneConOrologio&>(*connessione).vera));
     }
     void chiudi() override { mVero->chiudi(); }
 
   private:
-    // The tests do not count this statement.
-    static void regola(Connessione& connessione) {
-        const QDateTime adesso = orologio().adesso();
-        const SondaIstruzioni sonda = std::exchange(sondaIstruzioni(), {});
-        connessione.eseguiNativo(
-            QString("SET time_zone = '+00:00', timestamp = %1")
-                .arg(QDateTime(adesso.date(), adesso.time(), Qt::UTC).toSecsSinceEpoch()),
-            nullptr);
-        sondaIstruzioni() = sonda;
-    }
-
     std::unique_ptr<ServerDriver> mVero;
 };
 
@@ -136,7 +157,8 @@ int ArchivioMySql::tipoServer() const {
 }
 
 QString ArchivioMySql::stringaConnessione() const {
-    return qEnvironmentVariable("BOTTEGON_PROVA_MYSQL") + "Database=" + BancaDati::delProcesso().nome() + ";";
+    return "Server=localhost;Socket=" + qEnvironmentVariable("BOTTEGON_PROVA_MYSQL_SOCKET") +
+           ";Uid=prova;Pwd=prova;Database=" + BancaDati::delProcesso().nome() + ";";
 }
 
 std::unique_ptr<ServerDriver> ArchivioMySql::driver() const {

@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include "core/globals.h"
 #include "data/gateway.h"
 #include "data/sqlite_connection.h"
 #include "postings/books.h"

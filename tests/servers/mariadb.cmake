@@ -10,6 +10,6 @@ set_tests_properties(mariadb.stop PROPERTIES FIXTURES_CLEANUP mariadb TIMEOUT 60
 # bottegon_mariadb_test(NAME COMMAND...): the whole program in one process, the shop's books on the server.
 function(bottegon_mariadb_test name)
     add_test(NAME mariadb.${name} COMMAND ${mariadb_script} run ${mariadb_state} ${ARGN})
-    set_tests_properties(mariadb.${name} PROPERTIES FIXTURES_REQUIRED mariadb TIMEOUT 300 ENVIRONMENT
+    set_tests_properties(mariadb.${name} PROPERTIES FIXTURES_REQUIRED mariadb TIMEOUT 1200 ENVIRONMENT
         "BOTTEGON_PROVA_SERVER=mysql;BOTTEGON_PROVA_MARIADB=${mariadb_script};QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/globals.h"
+#include "data/gateway.h"
 #include "data/prepare_sql.h"
 #include "data/schema.h"
 #include "doubles/cliente_mariadb.h"
@@ -127,6 +128,14 @@ TEST_F(MySqlSchema, CodesAreFoundInAnyCase) {
     n.prodotto({.codice = "Vite", .listino1 = 1});
     EXPECT_EQ(n.conta("Prodotti", "CODICE = 'VITE'"), 1);
     EXPECT_EQ(n.conta("Prodotti", "CODICE LIKE 'vi%'"), 1);
+}
+
+TEST_F(MySqlSchema, ANumberJoinedToACodeIsSearched) {
+    EXPECT_EQ(gAdo.getValueBySQL("SELECT COUNT(*) FROM Iva WHERE CONCAT(CAST(RID AS CHAR), '/', CODICE) LIKE "
+                                 "'%3/0%'",
+                                 "prova")
+                  .toInt(),
+              1);
 }
 
 TEST_F(MySqlSchema, AmountsKeepFourDecimalsExactly) {

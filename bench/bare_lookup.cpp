@@ -1,0 +1,77 @@
+#include "bare_lookup.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <mysql.h>
+#include <sqlite3.h>
+
+#include "data/connection_string.h"
+#include "data/sqlite_connection.h"
+
+namespace {
+
+[[noreturn]] void rinuncia(const char* motivo) {
+    std::fprintf(stderr, "%s\n", motivo);
+    std::exit(1);
+}
+
+class SqliteNudo final : public ClienteNudo {
+  public:
+    explicit SqliteNudo(const QString& archivio) {
+        ErroreServer errore;
+        mConnessione = SqliteConnection::apri(archivio, errore);
+        if (!mConnessione) rinuncia(qPrintable(errore.descrizione));
+    }
+
+    int leggi(const QByteArray& sql) override {
+        sqlite3_stmt* istruzione = nullptr;
+        if (sqlite3_prepare_v2(mConnessione->nativa(), sql.constData(), static_cast<int>(sql.size()),
+                               &istruzione, nullptr) != SQLITE_OK)
+            rinuncia(sqlite3_errmsg(mConnessione->nativa()));
+        int celle = 0;
+        while (sqlite3_step(istruzione) == SQLITE_ROW) {
+            for (int i = 0; i < sqlite3_column_count(istruzione); ++i, ++celle)
+                sqlite3_column_text(istruzione, i);
+        }
+        sqlite3_finalize(istruzione);
+        return celle;
+    }
+
+  private:
+    std::unique_ptr<SqliteConnection> mConnessione;
+};
+
+class MySqlNudo final : public ClienteNudo {
+  public:
+    explicit MySqlNudo(const QString& stringaConnessione) : mServer(mysql_init(nullptr), &mysql_close) {
+        QString errore;
+        const auto dati = leggiStringaConnessione(stringaConnessione, MySql, errore);
+        if (!dati) rinuncia(qPrintable(errore));
+        mysql_options(mServer.get(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
+        if (mysql_real_connect(mServer.get(), dati->server.toUtf8(), dati->utente.toUtf8(),
+                               dati->password.toUtf8(), dati->database.toUtf8(),
+                               static_cast<unsigned>(dati->porta), nullptr, 0) == nullptr)
+            rinuncia(mysql_error(mServer.get()));
+    }
+
+    int leggi(const QByteArray& sql) override {
+        if (mysql_real_query(mServer.get(), sql.constData(), static_cast<unsigned long>(sql.size())) != 0)
+            rinuncia(mysql_error(mServer.get()));
+        MYSQL_RES* risultato = mysql_store_result(mServer.get());
+        int celle = 0;
+        while (mysql_fetch_row(risultato) != nullptr)
+            celle += static_cast<int>(mysql_num_fields(risultato));
+        mysql_free_result(risultato);
+        return celle;
+    }
+
+  private:
+    std::unique_ptr<MYSQL, void (*)(MYSQL*)> mServer;
+};
+
+}  // namespace
+
+std::unique_ptr<ClienteNudo> nuovoClienteNudo(const QString& stringaConnessione, const QString& archivio) {
+    if (stringaConnessione.isEmpty()) return std::make_unique<SqliteNudo>(archivio);
+    return std::make_unique<MySqlNudo>(stringaConnessione);
+}

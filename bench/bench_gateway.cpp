@@ -1,0 +1,47 @@
+#include <benchmark/benchmark.h>
+
+#include "bare_lookup.h"
+#include "core/globals.h"
+#include "data/gateway.h"
+#include "doubles/negozio.h"
+
+// A row by its key through the gateway, and straight on the client library: what the gateway adds. On the
+// server that BOTTEGON_PROVA_SERVER names.
+
+namespace {
+
+constexpr int prodotti = 200;
+
+void riempi(Negozio& n) {
+    for (int i = 1; i <= prodotti; ++i)
+        n.prodotto({.codice = "P" + QString::number(i), .listino1 = i * 1.25});
+}
+
+QString perChiave(int i) {
+    return "SELECT CODICE, DESCRIZIONE, LISTINO1 FROM Prodotti WHERE RID = " +
+           QString::number(i % prodotti + 1);
+}
+
+}  // namespace
+
+static void chiaveAttraversoIlGateway(benchmark::State& stato) {
+    Negozio n;
+    riempi(n);
+    int i = 0;
+    for (auto _ : stato) {
+        const Lettura lettura(perChiave(++i), "bench");
+        benchmark::DoNotOptimize(lettura->importo("LISTINO1"));
+    }
+}
+BENCHMARK(chiaveAttraversoIlGateway)->UseRealTime()->Repetitions(5)->ReportAggregatesOnly();
+
+static void chiaveNuda(benchmark::State& stato) {
+    Negozio n;
+    riempi(n);
+    const auto nudo = nuovoClienteNudo(archivioSuFile() ? QString() : gStrConnessione,
+                                       archivioSuFile() ? n.percorso() : QString());
+    int i = 0;
+    for (auto _ : stato)
+        benchmark::DoNotOptimize(nudo->leggi(perChiave(++i).toUtf8()));
+}
+BENCHMARK(chiaveNuda)->UseRealTime()->Repetitions(5)->ReportAggregatesOnly();
