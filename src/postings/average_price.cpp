@@ -32,9 +32,9 @@ QString finestra(int rigaEsclusa) {
     const QString mesi = QString::number(gMesiPrezzoMedio);
     const QString senza = rigaEsclusa > 0 ? "dm.RID <> " + QString::number(rigaEsclusa) + " AND " : QString();
     const QString sep = gAdo.getSQLSeparator();
-    return "•A•HAVING m.Data >= DateAdd(" + sep + "m" + sep + ",-" + mesi + ",Date()) AND " + senza +
-           "•/A••M•WHERE m.Data >= DATE_ADD(CURRENT_DATE(), INTERVAL -" + mesi + " MONTH) AND " + senza +
-           "•/M•";
+    return "•A•HAVING m.Data >= DateAdd(" + sep + "m" + sep + ",-" + mesi +
+           ",Date()) AND •/A••M•WHERE m.Data >= DATE_ADD(CURRENT_DATE(), INTERVAL -" + mesi +
+           " MONTH) AND •/M•" + senza;
 }
 
 // Quantity and value of the loads in the window.
