@@ -10,7 +10,7 @@ programma=$uscita/bin/bottegon
 strumento=$uscita/bin/bottegon-archivio
 archivio=$uscita/Bottegon.mdb  # one folder above the program: where a new desk looks for it
 
-installaMancanti "${pacchettiCostruzione[@]}"
+installaMancanti "${pacchettiCostruzione[@]}" "${pacchettiEsecuzione[@]}"
 costruisci release bottegon bottegon-archivio
 
 # The demonstration shop of an older program is put aside, not thrown away.

@@ -12,6 +12,9 @@
 
 namespace {
 
+const char* const vendibile =
+    "DISABILITATO = 0 AND FK_SOSTITUITO IS NULL AND LISTINO1 > 0 AND CODICE GLOB '[A-Z]*'";
+
 class OperatoreAssente final : public OperatorPort {
   public:
     using OperatorPort::messaggio;
@@ -24,13 +27,40 @@ class OperatoreAssente final : public OperatorPort {
     void avvisoAttesa(const QString&) override {}
 };
 
-QStringList leggiBarcode(const QString& archivio) {
-    ErroreServer errore;
-    const auto connessione = SqliteConnection::apri(archivio, errore);
+void eseguiTutte(SqliteConnection& connessione, const QStringList& istruzioni) {
+    for (const QString& sql : istruzioni) {
+        if (!connessione.eseguiNativo(sql)) qFatal("%s", qPrintable(connessione.errore().descrizione));
+    }
+}
+
+// Copies of the products that sell without a question, with codes and barcodes of their own, each with one
+// cost layer.
+void ingrandisci(SqliteConnection& connessione, int prodotti) {
+    const QString colonne =
+        "DESCRIZIONE, DISABILITATO, FK_MARCA, FK_CATEGORIA, FK_IVA, FK_UNITAMISURA, FK_CATSCOVEN, "
+        "FK_CATSCOACQ, "
+        "LISTINO1, LISTINO2, LISTINO3, LISTINO4, SCONTO, PREZZOACQUISTO, GIACENZA, SETGIACENZA, PLISTINO";
+    eseguiTutte(
+        connessione,
+        {"CREATE TEMP TABLE Ultimo AS SELECT MAX(RID) AS RID, COUNT(*) AS QUANTI FROM Prodotti",
+         QString(
+             "WITH RECURSIVE N(I) AS (SELECT 1 UNION ALL SELECT I + 1 FROM N WHERE I < 1000) "
+             "INSERT INTO Prodotti (CODICE, BARCODE, %1) SELECT CODICE || '.' || I, BARCODE || I, %1 FROM "
+             "Prodotti, N WHERE %2 AND RID <= (SELECT RID FROM Ultimo) LIMIT max(0, %3 - (SELECT QUANTI FROM "
+             "Ultimo))")
+             .arg(colonne, vendibile)
+             .arg(prodotti),
+         "INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) SELECT RID, (SELECT "
+         "MIN(RID) FROM Magazzini), 1, 100 FROM Prodotti WHERE RID > (SELECT RID FROM Ultimo)"});
+}
+
+// In an order that jumps about the catalogue, as what customers bring to the till does.
+QStringList leggiBarcode(SqliteConnection& connessione) {
     Recordset righe;
-    connessione->eseguiNativo(
-        "SELECT BARCODE FROM Prodotti WHERE DISABILITATO = 0 AND FK_SOSTITUITO IS NULL AND LISTINO1 > 0 "
-        "AND CODICE GLOB '[A-Z]*' ORDER BY RID LIMIT 500",
+    connessione.eseguiNativo(
+        QString("SELECT BARCODE FROM Prodotti WHERE %1 ORDER BY RID * 7919 % 100003 LIMIT "
+                "2000")
+            .arg(vendibile),
         &righe);
     QStringList elenco;
     for (; !righe.eof(); righe.moveNext()) {
@@ -41,11 +71,16 @@ QStringList leggiBarcode(const QString& archivio) {
 
 }  // namespace
 
-TillDimostrativa::TillDimostrativa() : mOperatore(std::make_unique<OperatoreAssente>()) {
+TillDimostrativa::TillDimostrativa(int prodotti) : mOperatore(std::make_unique<OperatoreAssente>()) {
     QString esito;
     QTextStream uscita(&esito);
     if (!creaArchivio(archivio(), {.demo = true}, uscita)) qFatal("%s", qPrintable(esito));
-    mBarcode = leggiBarcode(archivio());
+    {
+        ErroreServer errore;
+        const auto connessione = SqliteConnection::apri(archivio(), errore);
+        if (prodotti > 0) ingrandisci(*connessione, prodotti);
+        mBarcode = leggiBarcode(*connessione);
+    }
     ripristinaGlobali();
     gStrConnessione = "Data Source=" + archivio();
     gAdo.TipoServer = Access;

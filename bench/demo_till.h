@@ -7,13 +7,15 @@
 // A till on a fresh demo shop, without a window, for the benchmarks. Questions are answered No.
 class TillDimostrativa {
   public:
-    TillDimostrativa();
+    // With `prodotti` above those of the demo shop the catalogue grows to as many, by copies.
+    explicit TillDimostrativa(int prodotti = 0);
     ~TillDimostrativa();
     TillDimostrativa(const TillDimostrativa&) = delete;
     TillDimostrativa& operator=(const TillDimostrativa&) = delete;
 
     ContoDiProva& conto() { return *mConto; }
-    // The barcode of the i-th product of the demo shop that sells without a question, from 0.
+    // The barcode of the i-th product of the demo shop that sells without a question, from 0, over the
+    // whole catalogue.
     QString barcode(int i) const { return mBarcode[static_cast<qsizetype>(i) % mBarcode.size()]; }
     QString archivio() const { return mCartella.filePath("banco.mdb"); }
 

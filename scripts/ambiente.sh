@@ -4,9 +4,12 @@
 processi=$(nproc)
 
 # Debian 12 packages by what needs them.
-pacchettiCostruzione=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev libgtest-dev libgmock-dev
-    fonts-dejavu-core)
-pacchettiProva=(python3 clang-format)
+pacchettiCostruzione=(g++ cmake ninja-build ccache pkgconf qt6-base-dev libsqlite3-dev libmariadb-dev
+    unixodbc-dev libgtest-dev libgmock-dev fonts-dejavu-core)
+# The drivers of the servers, which are loaded when a connection is opened.
+pacchettiEsecuzione=(libqt6sql6-mysql libqt6sql6-odbc tdsodbc)
+pacchettiProva=("${pacchettiEsecuzione[@]}" python3 clang-format mariadb-server-core mariadb-client-core
+    odbc-mariadb libsqliteodbc python3-sqlglot mdbtools)
 pacchettiSchermoVirtuale=(xvfb openbox xdotool imagemagick)
 
 comeAmministratore() {

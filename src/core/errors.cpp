@@ -63,6 +63,13 @@ void cError::notificaSubito(const RunTimeError& errore, const QString& modulo, c
     segnala(comeSegnalazione(errore, modulo, procedura, avanzate), false);
 }
 
+void cError::annotaErrore(const RunTimeError& errore, const QString& modulo, const QString& procedura,
+                          const QString& avanzate) {
+    const Errore segnalazione = comeSegnalazione(errore, modulo, procedura, avanzate);
+    if (mEvtErrore) return mEvtErrore(segnalazione);
+    registra(segnalazione);
+}
+
 void cError::segnala(Errore errore, bool trattieni) {
     if (mEvtErrore) return mEvtErrore(errore);
     if (!registra(errore)) {

@@ -34,6 +34,10 @@ class cError {
     void notificaSubito(const RunTimeError& errore, const QString& modulo, const QString& procedura,
                         const QString& avanzate);
 
+    // Logs only: the caller knows better what to say.
+    void annotaErrore(const RunTimeError& errore, const QString& modulo, const QString& procedura,
+                      const QString& avanzate);
+
     // Dialogues are held while a desk has its turn to write: what is to be said is said after it.
     void trattieniDialoghi() { mTrattenuti = true; }
     void rilasciaDialoghi();

@@ -58,6 +58,21 @@ void Form_Load(Conto& conto) {
     impostaCampiPrezzo(v);
     const QString like = impostazioni().leggi(applicazioneClient, "Options", "ChkLike_Prodotto", "0");
     v.chkCodiceProdotto.valore(Val(like) != 0.0 ? 1 : 0);
+    conto.raffica.attiva =
+        Val(impostazioni().leggi(applicazioneClient, "Client", "ScansioniSenzaPrefisso", "1")) != 0.0;
+}
+
+// The lowest place without an account; -1 when all are taken.
+int primoLibero() {
+    const auto libero = std::find(gConti.begin(), gConti.end(), nullptr);
+    return libero == gConti.end() ? -1 : static_cast<int>(libero - gConti.begin());
+}
+
+Conto& nuovoConto(int indice) {
+    ContoAperto& conto = posto(indice);
+    conto.reset(fabbricaConti(indice));
+    Form_Load(*conto);
+    return *conto;
 }
 
 Conto* contoDavanti() {
@@ -81,13 +96,12 @@ void Conto::premiOperatore() {}
 
 Vendita* Conto::apriNuovoConto(const QString& codiceCliente) {
     if (!controlloDataMovimento(mVendita)) return nullptr;
-    const auto libero = std::find(gConti.begin(), gConti.end(), nullptr);
-    if (libero == gConti.end()) {
+    const int indice = primoLibero();
+    if (indice < 0) {
         operatore().messaggio("Nessun conto disponibile!\nChiudere prima un conto e riprovare.",
                               OperatorPort::Icona::Critica);
         return nullptr;
     }
-    const int indice = static_cast<int>(libero - gConti.begin());
     cmdConto_Click(*this, indice);
     Conto* nuovo = posto(indice).get();
     if (nuovo == nullptr) return nullptr;
@@ -121,10 +135,14 @@ void getConto(int indice, bool aperturaDaConto) {
         conto->mostra();
         return;
     }
-    conto.reset(fabbricaConti(indice));
-    Form_Load(*conto);
-    startMe(*conto, -1, 0, 0);
+    startMe(nuovoConto(indice), -1, 0, 0);
     if (conto && aperturaDaConto) vuotaCliente(conto->vendita());
+}
+
+bool apriContoConVendita(int ridVendita) {
+    const int indice = primoLibero();
+    if (indice >= 0) startMe(nuovoConto(indice), 0, ridVendita, 0);
+    return indice >= 0;
 }
 
 void startMe(Conto& conto, int nuovo, int ridVendita, int idPagamento) {

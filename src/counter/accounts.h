@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "counter/key_burst.h"
 #include "sale/schermo.h"
 #include "sale/vendita.h"
 
@@ -18,6 +19,8 @@ class Conto : public SchermoVendita {
     void campoAttivo(Campo* campo) { mCampoAttivo = campo; }
     // Whether a held cursor key has stepped since it went down.
     bool passoFatto = false;
+    // Keys that come as fast as a scanner's.
+    RafficaTasti raffica;
     // Shows the screen, in front of the others.
     virtual void mostra() = 0;
     // The screen's end: the object goes as soon as no procedure of its own is running.
@@ -51,6 +54,9 @@ void impostaChiudiApplicazione(std::function<void()> chiudi);
 // Opens the account or shows it. With `aperturaDaConto` a new one starts without a customer. An index out
 // of 0 to 3: RunTimeError 9.
 void getConto(int indice, bool aperturaDaConto);
+
+// Shows a saved sale in the first free account; false when there is none.
+bool apriContoConVendita(int ridVendita);
 
 // The entry of a screen: brings a new one up. `nuovoDocumento` negative starts an empty sale; `ridVendita`
 // and `idPagamento` above 0 show that sale and take that payment.

@@ -8,11 +8,13 @@
 #include "counter/accounts.h"
 #include "counter/fields.h"
 #include "counter/save_question.h"
+#include "counter/searches.h"
 #include "postings/save_sale.h"
 #include "sale/line_pricing.h"
 #include "sale/recall.h"
 #include "sale/row_editor.h"
 #include "sale/row_writer.h"
+#include "sale/sale_discount.h"
 #include "sale/sale_document.h"
 
 namespace {
@@ -54,6 +56,19 @@ void cancellaRiga(Conto& conto) {
     delRowToGrid(conto.vendita(), -1, true);
 }
 
+void scontoImmediato(Conto& conto) {
+    getScontoImmediato(conto.vendita());
+}
+
+void nuovoConto(Conto& conto) {
+    openNewContoForCliente(conto, true);
+}
+
+// The fields buttons that open a search act on what was typed before.
+void cerca(Conto& conto, void (*ricerca)(Conto&)) {
+    if (terminaCampo(conto)) ricerca(conto);
+}
+
 struct VoceComando {
     int indice;
     void (*azione)(Conto&);
@@ -61,7 +76,10 @@ struct VoceComando {
 
 // The commands that there are; a button without an entry here does nothing.
 const VoceComando comandi[] = {
-    {0, nuovaVendita}, {6, cancellaRiga}, {7, chiudi}, {9, salva}, {15, nuovaRiga},
+    {0, nuovaVendita}, {5, nuovoConto},
+    {6, cancellaRiga}, {7, chiudi},
+    {9, salva},        {12, visualizzaDocDaStampare},
+    {15, nuovaRiga},   {16, scontoImmediato},
 };
 
 }  // namespace
@@ -91,6 +109,10 @@ void cmdConto_Click(Conto& conto, int indice) {
                 return getConto(indice, true);
             case 4:
                 return conto.fuoco(v.txtData);
+            case contoCliente:
+                return cerca(conto, cercaCliente);
+            case contoProdotto:
+                return cerca(conto, cercaProdotto);
             case 8:
                 return conto.fuoco(v.txtQta);
             case 9:
@@ -99,6 +121,8 @@ void cmdConto_Click(Conto& conto, int indice) {
                 return conto.fuoco(v.txtSconto1);
             case 12:
                 return conto.fuoco(prezzoFineRiga(v));
+            case 13:
+                return cerca(conto, cercaIva);
             default:
                 return;
         }

@@ -43,13 +43,15 @@ bool lasciaCampo(Conto& conto, Campo& campo) {
     return protetto(
         moduloFrmMain, nome.constData(),
         [&] {
+            if (conto.raffica.di(&campo)) conto.raffica.ripristina();
             if (CTextBox* casella = v.caselle.di(campo)) {
                 casella->lostFocus();
                 if (!campo.bloccato()) casella->validate();
             }
             const auto voce = std::find_if(std::begin(regole), std::end(regole),
                                            [&](const VoceRegola& r) { return &(v.*r.campo) == &campo; });
-            if (voce != std::end(regole) && !campo.bloccato()) voce->regola(v);
+            // Of a locked box too: leaving the price at the end of a row ends the row, whoever may change it.
+            if (voce != std::end(regole)) voce->regola(v);
             return true;
         },
         false);
@@ -78,7 +80,12 @@ void fuocoPassa(Conto& conto, Campo* nuovo) {
 
 bool terminaCampo(Conto& conto) {
     Campo* campo = conto.campoAttivo();
-    return campo == nullptr || lasciaCampo(conto, *campo);
+    if (campo == nullptr) return true;
+    const bool riuscito = lasciaCampo(conto, *campo);
+    // Where nothing moved the focus on, it is still the field in use, and looks so.
+    CTextBox* casella = conto.vendita().caselle.di(*campo);
+    if (casella != nullptr && conto.campoAttivo() == campo) casella->gotFocus();
+    return riuscito;
 }
 
 void spuntaCambiata(Conto& conto, Campo& spunta, int valore) {

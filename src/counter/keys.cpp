@@ -4,6 +4,7 @@
 
 #include "core/globals.h"
 #include "counter/accounts.h"
+#include "counter/commands.h"
 #include "counter/fields.h"
 #include "sale/grid.h"
 #include "sale/product_entry.h"
@@ -56,6 +57,14 @@ bool premi(Conto& conto, int comando) {
     return true;
 }
 
+// The search that fills the field being typed in.
+bool cercaPerIlCampo(Conto& conto) {
+    const Vendita& v = conto.vendita();
+    if (conto.campoAttivo() == &v.txtCodCliente) cmdConto_Click(conto, contoCliente);
+    if (conto.campoAttivo() == &v.txtCodProdotto) cmdConto_Click(conto, contoProdotto);
+    return true;
+}
+
 bool fermaPassi(Conto& conto) {
     // A tap shorter than the timer still moves one row.
     if (!conto.passoFatto) TimerKeys_Timer(conto.vendita());
@@ -91,8 +100,9 @@ bool Form_KeyDown(Conto& conto, int tasto, int modificatori) {
     return true;
 }
 
-bool Form_KeyPress(Conto& conto, QChar carattere) {
-    if (gLaserChar.isEmpty() || carattere != gLaserChar[0]) return false;
+bool Form_KeyPress(Conto& conto, QChar carattere, qint64 istante) {
+    if (gLaserChar.isEmpty() || carattere != gLaserChar[0]) return tastoDiRaffica(conto, carattere, istante);
+    TimerRaffica_Timer(conto);
     terminaCampo(conto);
     iniziaScansione(conto.vendita());
     return true;
@@ -115,5 +125,6 @@ bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
         spuntaCambiata(conto, v.chkCodiceProdotto, 1 - v.chkCodiceProdotto.valore());
         return true;
     }
+    if (tasto == Qt::Key_F3) return cercaPerIlCampo(conto);
     return premi(conto, comandoDelTasto(tasto));
 }

@@ -8,8 +8,9 @@ class Conto;
 
 // A key goes down: true when it is consumed.
 bool Form_KeyDown(Conto& conto, int tasto, int modificatori);
-// A character comes: true when it is consumed (the scanner's prefix).
-bool Form_KeyPress(Conto& conto, QChar carattere);
+// A character comes, or Enter '\r' or Tab '\t': true when it is consumed (the scanner's prefix, and the end
+// of a scan without one). `istante`: milliseconds of any clock; below 0 a hand's, however fast.
+bool Form_KeyPress(Conto& conto, QChar carattere, qint64 istante = -1);
 // A held cursor key makes its next step.
 void timerTasti(Conto& conto);
 // Another window takes the keys: nothing is held any more.

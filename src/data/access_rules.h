@@ -6,7 +6,7 @@
 
 #include "data/access_tokens.h"
 
-// The rules that turn Access SQL into SQLite's, each over the tokens of one statement. They leave their
+// The rules that turn Access SQL into a server's, each over the tokens of one statement. They leave their
 // changes here; the statement is written once, at the end.
 namespace dialetto {
 
@@ -17,6 +17,10 @@ class Modifiche {
 
     void sostituisci(const Token& token, QString testo) {
         mModifiche.push_back({token.inizio, Sostituzione, token.testo.size(), std::move(testo)});
+    }
+    // From the first token to the end of the last one, with all that stands between them.
+    void sostituisci(const Token& primo, const Token& ultimo, QString testo) {
+        mModifiche.push_back({primo.inizio, Sostituzione, ultimo.fine() - primo.inizio, std::move(testo)});
     }
     void primaDi(const Token& token, QString testo) {
         mModifiche.push_back({token.inizio, Inizio, 0, std::move(testo)});
@@ -40,6 +44,8 @@ class Modifiche {
 
 // TOP becomes LIMIT at the end of its own SELECT; a HAVING that filters rows becomes a WHERE.
 void regoleSelect(const std::vector<Token>& token, Modifiche& modifiche);
+// The HAVING of regoleSelect alone, for a server that knows TOP.
+void regolaHaving(const std::vector<Token>& token, Modifiche& modifiche);
 // Chains of "&" become CONCAT, ISNULL of one argument becomes IS NULL.
 void regoleEspressioni(const std::vector<Token>& token, Modifiche& modifiche);
 // A LIKE with a known beginning also gets the range of that beginning, so that an index serves it.

@@ -16,8 +16,8 @@ struct Ramo {
 
 class RegoleSelect {
   public:
-    RegoleSelect(const std::vector<Token>& token, Modifiche& modifiche)
-        : mToken(token), mModifiche(modifiche) {}
+    RegoleSelect(const std::vector<Token>& token, Modifiche& modifiche, bool conTop)
+        : mToken(token), mModifiche(modifiche), mConTop(conTop) {}
 
     void applica() {
         mRami.emplace_back();
@@ -137,7 +137,7 @@ class RegoleSelect {
     // A LIMIT belongs to a whole union, so a SELECT of one with its own TOP becomes a table.
     void chiudiTop(int i) {
         Ramo& ramo = mRami.back();
-        if (ramo.top < 0) return;
+        if (ramo.top < 0 || !mConTop) return;
         const Token& numero = tokenA(ramo.top + 1);
         const QString limite = " LIMIT " + numero.testo.toString();
         mModifiche.sostituisci(tokenA(ramo.top), {});
@@ -149,13 +149,18 @@ class RegoleSelect {
 
     const std::vector<Token>& mToken;
     Modifiche& mModifiche;
+    const bool mConTop;
     std::vector<Ramo> mRami;
 };
 
 }  // namespace
 
 void regoleSelect(const std::vector<Token>& token, Modifiche& modifiche) {
-    RegoleSelect(token, modifiche).applica();
+    RegoleSelect(token, modifiche, true).applica();
+}
+
+void regolaHaving(const std::vector<Token>& token, Modifiche& modifiche) {
+    RegoleSelect(token, modifiche, false).applica();
 }
 
 }  // namespace dialetto

@@ -5,7 +5,7 @@
 #include "core/errors.h"
 #include "data/connection_string.h"
 #include "data/prepare_sql.h"
-#include "data/sqlite_driver.h"
+#include "data/server_drivers.h"
 #include "data/stored_date.h"
 
 cAdoSqlServer gAdo;
@@ -34,7 +34,8 @@ RunTimeError comeErrore(const ErroreServer& errore) {
 }  // namespace
 
 cAdoSqlServer::cAdoSqlServer() {
-    impostaDriver(Access, std::make_unique<SqliteDriver>());
+    for (const int tipo : {SqlServer, Access, MySql})
+        impostaDriver(tipo, nuovoDriver(tipo));
 }
 
 cAdoSqlServer::~cAdoSqlServer() = default;
@@ -158,12 +159,13 @@ bool cAdoSqlServer::transazioneViva() {
 bool cAdoSqlServer::chiudiTransazione(bool conferma, const QString& sorgente) {
     if (!mInTransazione || mConn == nullptr) return false;
     bool riuscita = false;
+    mCommitIgnoto = false;
     if (conferma && !mTransazioneFallita) {
         if (transazioneViva()) {
             riuscita = mConn->conferma();
             if (!riuscita) mErrore = mConn->errore();
         }
-        if (!riuscita) segnala("commitTrasaction", sorgente, {});
+        if (!riuscita) segnalaCommit(sorgente);
     }
     if (!riuscita) {
         const bool annullata = mConn->annulla();
@@ -175,6 +177,15 @@ bool cAdoSqlServer::chiudiTransazione(bool conferma, const QString& sorgente) {
     disconnect();
     gErr.rilasciaDialoghi();
     return riuscita;
+}
+
+void cAdoSqlServer::segnalaCommit(const QString& sorgente) {
+    mCommitIgnoto = mErrore.classe == ErroreServer::Classe::EsitoIgnoto;
+    if (mCommitIgnoto) {
+        gErr.annotaErrore(comeErrore(mErrore), mNomeClasse, "commitTrasaction -> " + sorgente, {});
+    } else {
+        segnala("commitTrasaction", sorgente, {});
+    }
 }
 
 bool cAdoSqlServer::commitTrasaction(const QString& sorgente) {

@@ -50,6 +50,9 @@ class cAdoSqlServer {
     bool beginTrasaction(const QString& sorgente);
     bool rollbackTrasaction(const QString& sorgente);
     bool commitTrasaction(const QString& sorgente);
+    // After a commitTrasaction that failed: its answer was lost, and only a look at the rows on a new
+    // connection tells whether they are there. It was logged; what to say is left to the caller.
+    bool commitDiEsitoIgnoto() const { return mCommitIgnoto; }
     bool inTransazione() const { return mInTransazione; }
 
     QString getStrConnection() const { return mStrConnection; }
@@ -122,6 +125,7 @@ class cAdoSqlServer {
     bool fallita();
     void segnala(const QString& operazione, const QString& sorgente, const QString& dettagli);
     void segnalaIntegrita(bool conSpiegazione);
+    void segnalaCommit(const QString& sorgente);
     bool chiudiTransazione(bool conferma, const QString& sorgente);
     bool transazioneViva();
     QVariant primoValore(const QString& sql, const QString& sorgente);
@@ -137,6 +141,7 @@ class cAdoSqlServer {
     QString mAppName;
     bool mInTransazione = false;
     bool mTransazioneFallita = false;
+    bool mCommitIgnoto = false;
 
     ErroreServer mErrore;  // of the last operation
     std::function<QString()> mStringa;

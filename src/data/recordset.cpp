@@ -1,5 +1,6 @@
 #include "data/recordset.h"
 
+#include "core/numbers.h"
 #include "core/run_time_error.h"
 
 Recordset::Recordset(QStringList colonne, std::vector<QVariant> celle)
@@ -17,4 +18,13 @@ const QVariant& Recordset::campo(int posizione) const {
         throw RunTimeError(RunTimeError::CampoInesistente, "Nessun record corrente o campo inesistente");
     }
     return mCelle[static_cast<size_t>(mRiga) * static_cast<size_t>(campi()) + static_cast<size_t>(posizione)];
+}
+
+Currency Recordset::importo(const QString& nome) const {
+    const QVariant& valore = campo(nome);
+    if (valore.typeId() == QMetaType::QString) {
+        const auto esatto = seCurrency(valore.toString().replace('.', ','));
+        if (esatto) return *esatto;
+    }
+    return Currency::daDouble(valore.toDouble());
 }

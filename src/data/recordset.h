@@ -9,8 +9,8 @@
 #include "core/currency.h"
 
 // The rows of a query, all held by the client, with a current row. Fields are addressed by name without
-// regard to case, or by position from 0. A Null is a null QVariant; numbers are qlonglong or double, texts
-// QString, date columns QDateTime.
+// regard to case, or by position from 0. A Null is a null QVariant; numbers are qlonglong or double, or their
+// text where a double would lose digits; texts QString, date columns QDateTime.
 class Recordset {
   public:
     Recordset() = default;
@@ -37,7 +37,8 @@ class Recordset {
     bool vero(const QString& nome) const { return campo(nome).toDouble() != 0.0; }
     double reale(const QString& nome) const { return campo(nome).toDouble(); }
     float single(const QString& nome) const { return static_cast<float>(campo(nome).toDouble()); }
-    Currency importo(const QString& nome) const { return Currency::daDouble(campo(nome).toDouble()); }
+    // Exact from a text of digits; a number with more digits than a double has comes as one.
+    Currency importo(const QString& nome) const;
 
   private:
     QStringList mColonne;

@@ -50,5 +50,8 @@ const std::vector<Tabella>& tabelle();
 
 // The statements that make an empty database, in order. `tipoServer` as in prepare_sql.h.
 QStringList ddl(int tipoServer);
+// Those of them that make the tables, and those that make the indexes; all but the mark of archive_version.h.
+QStringList ddlTabelle(int tipoServer);
+QStringList ddlIndici(int tipoServer);
 
 }  // namespace schema

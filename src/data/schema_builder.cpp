@@ -13,10 +13,13 @@ Colonna semplice(const QString& nome, Tipo tipo, const QString& predefinito = {}
     return c;
 }
 
+// The longest name that MySQL takes.
+constexpr int nomeMassimo = 64;
+
 Indice indiceSu(const Tabella& tabella, const QStringList& colonne) {
     QString parti = colonne.join('_');
     parti.remove('(').remove(')');
-    return {"IX_" + tabella.nome + "_" + parti, colonne, false};
+    return {("IX_" + tabella.nome + "_" + parti).left(nomeMassimo), colonne, false};
 }
 
 bool guidaUnIndice(const Tabella& tabella, const QString& colonna) {

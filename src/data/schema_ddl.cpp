@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "data/archive_version.h"
 #include "data/prepare_sql.h"
 #include "data/schema.h"
 
@@ -43,7 +44,7 @@ const Dialetto& dialetto(int tipoServer) {
                                 "LONGTEXT",
                                 "DATETIME",
                                 "TIME",
-                                " ENGINE=InnoDB DEFAULT CHARACTER SET utf8mb4",
+                                " ENGINE=InnoDB DEFAULT CHARACTER SET utf8mb4 COLLATE utf8mb4_unicode_520_ci",
                                 false};
     return tipoServer == SqlServer ? sqlServer : tipoServer == MySql ? mySql : sqlite;
 }
@@ -103,15 +104,25 @@ QString creaIndice(const Tabella& t, const Indice& i, const Dialetto& d) {
 
 }  // namespace
 
-QStringList ddl(int tipoServer) {
-    const Dialetto& d = dialetto(tipoServer);
+QStringList ddlTabelle(int tipoServer) {
+    QStringList istruzioni;
+    for (const Tabella& t : tabelle())
+        istruzioni << creaTabella(t, dialetto(tipoServer));
+    return istruzioni;
+}
+
+QStringList ddlIndici(int tipoServer) {
     QStringList istruzioni;
     for (const Tabella& t : tabelle()) {
-        istruzioni << creaTabella(t, d);
         for (const Indice& i : t.indici)
-            istruzioni << creaIndice(t, i, d);
+            istruzioni << creaIndice(t, i, dialetto(tipoServer));
     }
     return istruzioni;
+}
+
+QStringList ddl(int tipoServer) {
+    const QStringList tutte = ddlTabelle(tipoServer) + ddlIndici(tipoServer);
+    return tipoServer == Access ? tutte : tutte + creaMarchio(versione);
 }
 
 }  // namespace schema

@@ -75,7 +75,14 @@ Tabella prodotti() {
             dataOra("DATAULTIMOSCARICO"),
             importo("PREZZOULTIMOSCARICO"),
         },
-        {{"CODICE"}, {"BARCODE"}, {"EXTRACODICE"}, {"DESCRIZIONE"}, {"FK_CATEGORIA", "DESCRIZIONE"}});
+        {{"CODICE"},
+         {"BARCODE"},
+         {"EXTRACODICE"},
+         {"DESCRIZIONE"},
+         {"FK_CATEGORIA", "DESCRIZIONE"},
+         // A page of the products that are sold, by description or by code, without a look at their rows.
+         {"FK_SOSTITUITO", "DISABILITATO", "DESCRIZIONE", "CODICE"},
+         {"FK_SOSTITUITO", "DISABILITATO", "CODICE", "DESCRIZIONE"}});
 }
 
 // Each row is a layer of cost; the order of RID is the age of the layers.

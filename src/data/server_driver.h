@@ -68,3 +68,6 @@ class ServerDriver {
 // place of the statement. Tests make statements fail, or the process die, through it.
 using SondaIstruzioni = std::function<std::optional<ErroreServer>(const QString& sql)>;
 SondaIstruzioni& sondaIstruzioni();
+
+// No server gets a text that it would cut or change: a NUL, half a character. False with the error.
+bool inviabile(const QString& sql, const QString& origine, ErroreServer& errore);

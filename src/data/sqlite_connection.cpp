@@ -7,13 +7,9 @@
 #include <QThread>
 
 #include "data/access_sql.h"
+#include "data/connection_string.h"
 #include "data/schema.h"
 #include "data/stored_date.h"
-
-SondaIstruzioni& sondaIstruzioni() {
-    static SondaIstruzioni sonda;
-    return sonda;
-}
 
 namespace {
 
@@ -195,6 +191,10 @@ bool SqliteConnection::verificaArchivio() {
     return true;
 }
 
+QString SqliteConnection::luogoDi(const QString& stringaConnessione) {
+    return percorsoArchivio(stringaConnessione);
+}
+
 bool SqliteConnection::ancoraValida() const {
     struct stat stato {};
     return ::stat(mPercorso.toUtf8().constData(), &stato) == 0 && stato.st_dev == mDispositivo &&
@@ -213,10 +213,7 @@ bool SqliteConnection::eseguiNativo(const QString& sql, Recordset* righe) {
             return false;
         }
     }
-    if (sql.contains(QChar(u'\0'))) {
-        mErrore = erroreDi(SQLITE_MISUSE, "L'istruzione contiene un carattere non ammesso (NUL).");
-        return false;
-    }
+    if (!inviabile(sql, origineSqlite, mErrore)) return false;
     const QByteArray testo = sql.toUtf8();
     sqlite3_stmt* istruzione = nullptr;
     const char* resto = nullptr;

@@ -25,6 +25,10 @@ class SqliteConnection final : public Connessione {
     // Opens an existing archive; a missing file, a folder, a read-only file, a file that is no archive, or
     // an archive of another version is an error, and is never created or overwritten.
     static std::unique_ptr<SqliteConnection> apri(const QString& percorso, ErroreServer& errore);
+    static std::unique_ptr<SqliteConnection> apri(const QString& percorso, int /*secondi*/,
+                                                  ErroreServer& errore) {
+        return apri(percorso, errore);
+    }
     // Makes a new, empty archive file. An existing one is an error.
     static std::unique_ptr<SqliteConnection> crea(const QString& percorso, ErroreServer& errore);
     ~SqliteConnection() override;
@@ -41,9 +45,12 @@ class SqliteConnection final : public Connessione {
 
     void impostaAttesa(AttesaServer attesa) { mAttesa = std::move(attesa); }
     sqlite3* nativa() const { return mDb; }
-    const QString& percorso() const { return mPercorso; }
+    // The archive's path in a connection string of the form "...;Data Source=<path>;...".
+    static QString luogoDi(const QString& stringaConnessione);
+    const QString& luogo() const { return mPercorso; }
     // The file at the path is still the one that this connection has open.
     bool ancoraValida() const;
+    bool daTenere() { return annulla(); }
 
   private:
     SqliteConnection(sqlite3* db, QString percorso);

@@ -129,6 +129,10 @@ void CTextBox::setLostFocus() {
     if (mCasella != nullptr) mCasella->tab();
 }
 
+void CTextBox::inviaInvio() {
+    if (mCasella != nullptr) mCasella->invio();
+}
+
 QString CTextBox::formaData() const {
     return Format(leggiData(mCampo.testo().trimmed()), u"DD/MM/YYYY");
 }

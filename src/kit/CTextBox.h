@@ -24,6 +24,8 @@ class CTextBox {
         virtual void prendiFuoco() = 0;
         // To the next field, as a Tab does.
         virtual void tab() = 0;
+        // As if Enter was pressed in the box.
+        virtual void invio() = 0;
     };
 
     explicit CTextBox(Campo& campo) : mCampo(campo) {}
@@ -60,6 +62,8 @@ class CTextBox {
     void selezionaTutto();
     void setLastPositionChar();
     void setLostFocus();
+    // Enter, for the on-screen keypad: the box's rules run as for the key.
+    void inviaInvio();
 
     // ---- The events of the wrapped box
     void gotFocus();

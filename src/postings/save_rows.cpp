@@ -27,10 +27,15 @@ struct Salvataggio {
     TestoScontrino scontrino = {};
 };
 
+// A kit that is a component of another belongs to that one's head, and so do its own components.
+bool nuovaTesta(const FlexVB& g, int r) {
+    return testaDistinta(g.cella(r, Colonna::Codice)) && g.cella(r, Colonna::IdDistintaBase).isEmpty();
+}
+
 bool inserisci(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
     const int rid = inserisciRiga(riga);
     if (rid < 1) return false;
-    if (testaDistinta(g.cella(riga.riga, Colonna::Codice))) s.ultimaTesta = rid;
+    if (nuovaTesta(g, riga.riga)) s.ultimaTesta = rid;
     if (!g.cella(riga.riga, Colonna::IdDistintaBase).isEmpty() && !collegaComponente(rid, s.ultimaTesta))
         return false;
     if (!gRegCassa.isEmpty()) s.scontrino.aggiungiRiga(g, riga.riga);
@@ -72,6 +77,9 @@ void sommaPeso(const FlexVB& g, int r, Salvataggio& s) {
 
 bool salvaRiga(Vendita& v, int r, Salvataggio& s) {
     if (v.flxVB.viva(r)) ++s.pos;
+    // A component added to a kit that was saved before joins its head.
+    if (nuovaTesta(v.flxVB, r) && v.flxVB.chiave(r, Colonna::Rid) > 0)
+        s.ultimaTesta = v.flxVB.chiave(r, Colonna::Rid);
     Currency taglio;
     if (!scaricaRiga(v, r, s.trasferimento, taglio)) return false;
     const bool daScrivere = v.flxVB.gestione(r) == RigaNuova || v.flxVB.gestione(r) == RigaModificata;

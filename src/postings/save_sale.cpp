@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "data/gateway.h"
+#include "postings/lost_save.h"
 #include "postings/numbering.h"
 #include "postings/post_accounts.h"
 #include "postings/save_rows.h"
@@ -90,6 +91,7 @@ struct Documento {
     int tipo = -1;
     bool trasferimento = false;
     bool conversione = false;
+    int idPagamento = -1;
     int idMovimento = -1;
     int progressivo = 0;
     int extraProg = 0;
@@ -157,6 +159,7 @@ bool contabilizza(Vendita& v, const Documento& d) {
 // Everything between begin and commit; false: roll back.
 bool scriviNeiLibri(Vendita& v, Documento& d) {
     if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
+    d.idPagamento = v.idPagamento;
     d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
     if (!(v.rid() <= 0 ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
     const int sottoProg = valIntero(v.txtSottoProg.testo());
@@ -174,12 +177,74 @@ void segnaSalvata(Vendita& v, const Documento& d) {
     gVenditaSalvata = true;
 }
 
+// ---- The answer to the commit was lost
+
+const char* const testoSalvata =
+    "La vendita è stata salvata: N° %1.\n"
+    "Il collegamento con il server si era interrotto; la vendita è stata ritrovata nell'archivio.";
+const char* const testoSalvataPrima =
+    "La vendita era già stata salvata: N° %1.\n"
+    "Le modifiche fatte dopo non sono nell'archivio: si mostra la vendita come è stata salvata.";
+const char* const testoNonSalvata =
+    "La vendita non è stata salvata: il collegamento con il server si è interrotto.\n"
+    "La vendita è ancora sullo schermo e si può salvare di nuovo.";
+const char* const testoIncerta =
+    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
+    "La vendita resta sullo schermo; quando la si salva di nuovo si controlla prima se è già nell'archivio.";
+const char* const testoDaControllare =
+    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
+    "Prima di salvarla di nuovo controllare l'ultima vendita nell'archivio.";
+
+QString numeroVendita(const Vendita& v) {
+    return v.txtProg.testo() + "/" + v.txtSottoProg.testo();
+}
+
+bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
+    OperatorPort& operatore = v.schermo.operatore();
+    const int controparte = d.trasferimento ? -1 : v.cliente();
+    SalvataggioIncerto salvataggio{d.idMovimento, d.extraProg,
+                                   descriviTestata({d.progressivo, d.idPagamento, controparte, d.data}),
+                                   descriviRighe(v.flxVB)};
+    const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
+    if (esito == EsitoCommit::Registrato) {
+        segnaSalvata(v, d);
+        operatore.messaggio(QString(testoSalvata).arg(numeroVendita(v)), Icona::Informazione);
+        return true;
+    }
+    prima.ripristina(v);
+    if (esito == EsitoCommit::Ignoto) v.salvataggioIncerto = std::move(salvataggio);
+    operatore.messaggio(esito == EsitoCommit::Ignoto ? testoIncerta : testoNonSalvata, Icona::Critica);
+    return false;
+}
+
+// A sale that may be in the books already is looked for before it is saved again. Nothing when it is to be
+// saved now, else what the save answers.
+std::optional<bool> riprendiSalvataggio(Vendita& v) {
+    if (!v.salvataggioIncerto) return std::nullopt;
+    OperatorPort& operatore = v.schermo.operatore();
+    const EsitoCommit esito = cercaSalvataggio(operatore, *v.salvataggioIncerto);
+    if (esito == EsitoCommit::Ignoto) {
+        operatore.messaggio(testoIncerta, Icona::Critica);
+        return false;
+    }
+    const SalvataggioIncerto salvataggio = *v.salvataggioIncerto;
+    v.salvataggioIncerto.reset();
+    if (esito == EsitoCommit::NonRegistrato) return std::nullopt;
+    const bool immutata = descriviRighe(v.flxVB) == salvataggio.righe;
+    showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
+    gVenditaSalvata = true;
+    operatore.messaggio(QString(immutata ? testoSalvata : testoSalvataPrima).arg(numeroVendita(v)),
+                        immutata ? Icona::Informazione : Icona::Esclamazione);
+    return immutata;
+}
+
 // An unforeseen error ends with a commit of what was written. The screen then shows what is in the books,
 // so that saving again books nothing twice.
 bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     gErr.notificaSubito(erroreInCorso(), gNomeModulo, "salvaVendita", {});
     if (!gAdo.commitTrasaction(transazione())) {
         prima.ripristina(v);
+        if (gAdo.commitDiEsitoIgnoto()) v.schermo.operatore().messaggio(testoDaControllare, Icona::Critica);
     } else if (d.idMovimento > 0) {
         showVendita(v, d.idMovimento, -1, d.extraProg, -1);
     }
@@ -215,6 +280,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
         return confermaDopoErrore(v, d, prima);
     }
     if (!gAdo.commitTrasaction(transazione())) {
+        if (gAdo.commitDiEsitoIgnoto()) return dopoCommitPerso(v, d, prima);
         prima.ripristina(v);
         return false;
     }
@@ -231,6 +297,7 @@ bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
             Icona::Informazione);
         return false;
     }
+    if (const auto ripreso = riprendiSalvataggio(v)) return *ripreso;
     const StatoPrimaDelSalvataggio prima(v);
     if (!conversione && v.chkPagato.valore() == 1 && v.cliente() != gClientePredefinito)
         v.idPagamento = gPagamentoVB;

@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "core/run_time_error.h"
 #include "core/value_helpers.h"
+#include "sale/totals.h"
 
 const QString& FlexVB::intestazione() {
     static const QString formato =
@@ -70,9 +71,12 @@ const QString& FlexVB::cella(int numero, Colonna colonna) const {
 }
 
 void FlexVB::scrivi(int numero, Colonna colonna, const QString& testo) {
-    QString& cella = riga(numero).celle[static_cast<size_t>(colonna)];
+    Riga& questa = riga(numero);
+    QString& cella = questa.celle[static_cast<size_t>(colonna)];
     if (cella == testo) return;
+    if (colonna == Colonna::Gestione) questa.gestione = valIntero(testo);
     cella = testo;
+    questa.revisione = ++mRevisione;
     const QModelIndex indice = index(numero - 1, static_cast<int>(colonna));
     emit dataChanged(indice, indice);
 }
@@ -90,7 +94,7 @@ int FlexVB::chiave(int numero, Colonna colonna) const {
 int FlexVB::aggiungi(int posizione) {
     const int posto = posizione < 1 || posizione > ultima() ? ultima() + 1 : posizione;
     beginInsertRows({}, posto - 1, posto - 1);
-    mRighe.insert(mRighe.begin() + (posto - 1), Riga());
+    mRighe.insert(mRighe.begin() + (posto - 1), Riga())->revisione = ++mRevisione;
     if (mSelezionata >= posto) ++mSelezionata;
     if (mCorrente >= posto) ++mCorrente;
     endInsertRows();
@@ -123,6 +127,24 @@ void FlexVB::coloreTesto(int numero, int colore) {
     rigaCambiata(numero);
 }
 
+bool FlexVB::piegata(int numero) const {
+    return riga(numero).piegata;
+}
+
+void FlexVB::piega(int numero, bool piegata) {
+    riga(numero).piegata = piegata;
+    rigaCambiata(numero);
+}
+
+const QString& FlexVB::listinoLetto(int numero) const {
+    return riga(numero).listinoLetto;
+}
+
+void FlexVB::listinoLetto(int numero, const QString& prezzo) {
+    riga(numero).listinoLetto = prezzo;
+    rigaCambiata(numero);
+}
+
 void FlexVB::seleziona(int numero) {
     const int prima = mSelezionata;
     mSelezionata = numero;
@@ -152,6 +174,46 @@ QVariant FlexVB::data(const QModelIndex& indice, int ruolo) const {
             return questa.nascosta;
         case RuoloAllineaDestra:
             return allineataADestra(static_cast<Colonna>(indice.column()));
+        default:
+            return segno(questa, ruolo);
+    }
+}
+
+namespace {
+
+// The words behind the marks of a row's price.
+QString avvisiPrezzo(bool zero, bool cambiato, bool bloccato) {
+    QStringList avvisi;
+    if (zero) avvisi << "Attenzione: la riga è a prezzo zero";
+    if (cambiato) avvisi << "Prezzo cambiato a mano: non segue più il listino";
+    if (bloccato) avvisi << "Prezzo bloccato";
+    return avvisi.join('\n');
+}
+
+}  // namespace
+
+// What a view tells of a row besides its texts.
+QVariant FlexVB::segno(const Riga& questa, int ruolo) const {
+    const auto cella = [&](Colonna colonna) { return questa.celle[static_cast<size_t>(colonna)]; };
+    switch (ruolo) {
+        case RuoloTestaDistinta:
+            return testaDistinta(cella(Colonna::Codice)) && cella(Colonna::IdDistintaBase).isEmpty();
+        case RuoloPiegata:
+            return questa.piegata;
+        case RuoloComponente:
+            return !cella(Colonna::IdDistintaBase).isEmpty();
+        case RuoloPrezzoCambiato:
+            return !questa.listinoLetto.isEmpty() && cella(Colonna::PrezzoListino) != questa.listinoLetto;
+        case RuoloPrezzoBloccato:
+            return cella(Colonna::BloccaPrezzo) == "1";
+        case RuoloPrezzoZero: {
+            const auto importo = seDouble(cella(Colonna::Importo));
+            return importo && *importo == 0.0;
+        }
+        case Qt::ToolTipRole:
+            return avvisiPrezzo(segno(questa, RuoloPrezzoZero).toBool(),
+                                segno(questa, RuoloPrezzoCambiato).toBool(),
+                                segno(questa, RuoloPrezzoBloccato).toBool());
         default:
             return {};
     }

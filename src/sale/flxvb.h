@@ -56,7 +56,18 @@ enum Gestione { RigaInvariata = 0, RigaNuova = 1, RigaModificata = 2, RigaCancel
 class FlexVB final : public QAbstractTableModel {
   public:
     // Roles beyond Qt's own that a view asks for.
-    enum Ruolo { RuoloSelezionata = Qt::UserRole, RuoloColoreTesto, RuoloNascosta, RuoloAllineaDestra };
+    enum Ruolo {
+        RuoloSelezionata = Qt::UserRole,
+        RuoloColoreTesto,
+        RuoloNascosta,
+        RuoloAllineaDestra,
+        RuoloTestaDistinta,   // the head of a kit
+        RuoloPiegata,         // its components are folded away
+        RuoloComponente,      // of a kit
+        RuoloPrezzoCambiato,  // the list price is not the one that was read
+        RuoloPrezzoBloccato,
+        RuoloPrezzoZero,  // nothing is charged for the row
+    };
 
     // Titles as in a format string, parted by "|"; and whether a column is shown.
     static const QString& intestazione();
@@ -76,8 +87,11 @@ class FlexVB final : public QAbstractTableModel {
     Currency currency(int riga, Colonna colonna) const;
     float single(int riga, Colonna colonna) const;
     int chiave(int riga, Colonna colonna) const;
-    int gestione(int riga) const { return chiave(riga, Colonna::Gestione); }
+    int gestione(int numero) const { return riga(numero).gestione; }
     bool viva(int riga) const { return gestione(riga) != RigaCancellata; }
+
+    // A number that a row has from the last write to its cells on; never 0, and never given twice.
+    quint64 revisione(int numero) const { return riga(numero).revisione; }
 
     // A new row of empty cells before `posizione`, or at the end when that is below 1; answers its place.
     int aggiungi(int posizione = -1);
@@ -88,6 +102,12 @@ class FlexVB final : public QAbstractTableModel {
     // 0xRRGGBB; the view's own colour when negative.
     int coloreTesto(int riga) const;
     void coloreTesto(int riga, int colore);
+    // The components of the kit at that row are folded away.
+    bool piegata(int riga) const;
+    void piega(int riga, bool piegata);
+    // The list price as it was read when the row was entered; empty when it was not.
+    const QString& listinoLetto(int riga) const;
+    void listinoLetto(int riga, const QString& prezzo);
     // The row painted as selected; 0 when none.
     int selezionata() const { return mSelezionata; }
     void seleziona(int riga);
@@ -104,13 +124,19 @@ class FlexVB final : public QAbstractTableModel {
     struct Riga {
         std::array<QString, numeroColonne> celle;
         bool nascosta = false;
+        bool piegata = false;
         int coloreTesto = -1;
+        int gestione = 0;  // the number in its cell
+        quint64 revisione = 0;
+        QString listinoLetto;
     };
     Riga& riga(int numero);
     const Riga& riga(int numero) const;
     void rigaCambiata(int numero);
+    QVariant segno(const Riga& riga, int ruolo) const;
 
     std::vector<Riga> mRighe;
+    quint64 mRevisione = 0;  // the last one given
     int mSelezionata = 0;
     int mCorrente = 0;
 };

@@ -52,17 +52,11 @@ void mostraSconto(Vendita& v, int r, Colonna colonna, Campo& campo, Campo& ombra
     ombra.testo(campo.testo());
 }
 
-void mostraQuantita(Vendita& v, int r) {
-    const float quantita = v.flxVB.single(r, Colonna::Quantita);
-    v.txtQta.testoETag(formattaImporto(std::fabs(quantita), 2));
-    setResoStatus(v, quantita < 0 ? 1 : 0);
-}
-
-// The next row to step to in the direction, past rows marked deleted; 0 when there is none.
+// The next row to step to in the direction, past those that are deleted or folded away; 0 when there is none.
 int rigaVicina(const Vendita& v, int direzione) {
     const int passo = direzione == 1 ? -1 : 1;
     for (int r = v.flxVB.corrente() + passo; esiste(v, r); r += passo) {
-        if (v.flxVB.viva(r)) return r;
+        if (v.flxVB.viva(r) && !v.flxVB.nascosta(r)) return r;
     }
     return 0;
 }
@@ -121,6 +115,12 @@ void mostraPrezziRiga(Vendita& v, int r) {
     v.lblTotRiga.testo(g.cella(r, Colonna::Importo));
 }
 
+void mostraQuantitaRiga(Vendita& v, int r) {
+    const float quantita = v.flxVB.single(r, Colonna::Quantita);
+    v.txtQta.testoETag(formattaImporto(std::fabs(quantita), 2));
+    setResoStatus(v, quantita < 0 ? 1 : 0);
+}
+
 void mostraRigaSelezionata(Vendita& v) {
     const int r = v.flxVB.corrente();
     if (v.modificaConsentita) {
@@ -128,9 +128,11 @@ void mostraRigaSelezionata(Vendita& v) {
         pulisciCampiRiga(v, false);
         mostraProdotto(v, r);
         mostraPrezziRiga(v, r);
-        mostraQuantita(v, r);
+        mostraQuantitaRiga(v, r);
         v.lblPos.testo(QString::number(r));
         v.schermo.fuoco(v.txtCodProdotto);
+        v.caselle.codProdotto
+            .selezionaTutto();  // the next code replaces this one, also in a box that has the focus
         v.schermo.avviaTimer(SchermoVendita::Timer::Griglia, std::max(0, gRitardoGriglia));
         bloccaPrezzi(v);
     }

@@ -17,6 +17,8 @@ void selectGridRow(Vendita& v);
 void mostraRigaSelezionata(Vendita& v);
 // A row's prices and discounts into the entry fields, as they were accepted last.
 void mostraPrezziRiga(Vendita& v, int riga);
+// A row's quantity without its sign, and the return mode by its sign.
+void mostraQuantitaRiga(Vendita& v, int riga);
 // When and by whom a saved row was sold.
 void mostraOraRiga(Vendita& v, int riga);
 

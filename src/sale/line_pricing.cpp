@@ -128,7 +128,11 @@ void ricalcolaPrezzi(Vendita& v, bool daTotale, bool aggiornaRiga) {
 void aggiornaRigaCorrente(Vendita& v) {
     const Currency netto = valore(v.txtPrezzoNetto);
     const Currency riferimento = getValoreCurrency(v.txtPrezzoListino.tag());
-    if (netto < riferimento - unCentesimo || netto > riferimento + unCentesimo) ricalcolaSconti(v);
+    if (netto < riferimento - unCentesimo || netto > riferimento + unCentesimo) {
+        ricalcolaSconti(v);
+        // The row is sold at the price that was set: its net price is that one, not the computed one before.
+        v.txtPrezzoNetto.tag(netto.testo());
+    }
     bool presente = false;
     const int riga = addNewElement(v, 0, presente);
     if (riga < 1) return;
@@ -152,6 +156,7 @@ void ricalcolaSconti(Vendita& v) {
     v.txtPrezzoListinoLordo.testo(formattaImporto(
         valore(v.txtPrezzoListino).toDouble() * fattoreIva(valore(v.lblValoraIva).toDouble()), 2));
     v.lblPrezzoListino.testo(v.txtPrezzoListino.testo());
+    v.lblPrezzoListinoLordo.testo(v.txtPrezzoListinoLordo.testo());
 }
 
 void azzeraScontiDaNetto(Vendita& v) {

@@ -1,84 +1,21 @@
 #include "sale/price_tables.h"
 
-#include <array>
+#include <algorithm>
 #include <optional>
 
 #include "core/globals.h"
-#include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "data/gateway.h"
+#include "sale/discount_tables.h"
 #include "sale/row_editor.h"
 #include "sale/vendita.h"
 
 namespace {
 
-using Sconti = std::array<float, 3>;
+constexpr int listiniProdotto = 4;  // LISTINO1 to LISTINO4
 
 QString sorgente(const char* procedura) {
     return moduloFrmMain + QString(procedura);
-}
-
-// Both ends of a range are inclusive.
-QString condizioneRange(const QString& alias, float quantita) {
-    const QString q = getSqlNumber(quantita);
-    return "(" + alias + ".RANGEMIN <= " + q + " AND " + alias + ".RANGEMAX >= " + q + ")";
-}
-
-std::optional<Sconti> primiSconti(const QString& sql, const char* procedura) {
-    const Lettura lettura(sql, sorgente(procedura));
-    if (!lettura.trovata()) return std::nullopt;
-    return Sconti{lettura->single("SCONTO1"), lettura->single("SCONTO2"), lettura->single("SCONTO3")};
-}
-
-double scontato(double prezzo, const Sconti& sconti) {
-    for (const float sconto : sconti) {
-        prezzo *= 1 - static_cast<double>(sconto) / 100;
-    }
-    return prezzo;
-}
-
-// The discounts of sale for a brand, or with brand 0 the general ones of band and category.
-std::optional<Sconti> scontiVendita(int categoria, int marca, int fascia, float quantita) {
-    const QString colonne = "SELECT CSVS.RANGEMIN, CSVS.RANGEMAX, CSVS.SCONTO1, CSVS.SCONTO2, CSVS.SCONTO3 ";
-    const QString coda = " AND CSV.FK_FASCIA = " + QString::number(fascia) +
-                         " AND CSV.FK_CATEGORIA = " + QString::number(categoria) + " AND " +
-                         condizioneRange("CSVS", quantita);
-    if (marca > 0) {
-        return primiSconti(colonne +
-                               "FROM (((CatScVenditeSconti AS CSVS INNER JOIN CatScVendita CSV ON "
-                               "CSVS.FK_CATSCVENDITE = CSV.RID) "
-                               "INNER JOIN CategorieSconti AS CS ON CSV.FK_CATEGORIA = CS.RID) "
-                               "INNER JOIN FasceClienti AS FC ON CSV.FK_FASCIA = FC.RID) "
-                               "INNER JOIN Marche AS M ON CSV.FK_MARCA = M.RID "
-                               "WHERE CSV.FK_MARCA = " +
-                               QString::number(marca) + coda,
-                           ".setScontiVendita");
-    }
-    return primiSconti(colonne +
-                           "FROM ((CatScVenditeSconti AS CSVS INNER JOIN CatScVendita CSV ON "
-                           "CSVS.FK_CATSCVENDITE = CSV.RID) "
-                           "INNER JOIN CategorieSconti AS CS ON CSV.FK_CATEGORIA = CS.RID) "
-                           "INNER JOIN FasceClienti AS FC ON CSV.FK_FASCIA = FC.RID "
-                           "WHERE CSV.FK_MARCA Is Null" +
-                           coda,
-                       ".setScontiVendita");
-}
-
-std::optional<Currency> prezzoNettoVendita(int categoria, int fascia, float quantita, int idProdotto) {
-    const Lettura lettura(
-        "SELECT CSVS.RANGEMIN, CSVS.RANGEMAX, CSVS.PREZZO "
-        "FROM (((CatScVenditaProd AS CSVS INNER JOIN CatScProdVendita CSV ON CSVS.FK_CatScVenditeProd = "
-        "CSV.RID) "
-        "INNER JOIN CategorieSconti AS CS ON CSV.FK_CATEGORIA = CS.RID) "
-        "INNER JOIN FasceClienti AS FC ON CSV.FK_FASCIA = FC.RID) "
-        "INNER JOIN Prodotti AS P ON CSV.FK_Prodotto = P.RID "
-        "WHERE CSV.FK_Prodotto = " +
-            QString::number(idProdotto) + " AND CSV.FK_FASCIA = " + QString::number(fascia) +
-            " AND CSV.FK_CATEGORIA = " + QString::number(categoria) + " AND " +
-            condizioneRange("CSVS", quantita),
-        sorgente(".setScontiVendita"));
-    if (!lettura.trovata()) return std::nullopt;
-    return lettura->importo("PREZZO");
 }
 
 void scriviSconti(Vendita& v, const Sconti& sconti) {
@@ -95,31 +32,18 @@ void scriviPrezzoNetto(Vendita& v, Currency prezzo) {
     v.lblPrezzoListino.testo(v.txtPrezzoListino.testo());
 }
 
-std::optional<Sconti> scontiAcquisto(int categoria, int marca, float quantita, int idFornitore) {
-    const QString colonne = "SELECT CSAS.RANGEMIN, CSAS.RANGEMAX, CSAS.SCONTO1, CSAS.SCONTO2, CSAS.SCONTO3 ";
-    const QString fornitore =
-        idFornitore >= 1 ? " AND CSA.FK_FORNITORE = " + QString::number(idFornitore) : QString();
-    const QString coda =
-        " AND CSA.FK_CATEGORIA = " + QString::number(categoria) + " AND " + condizioneRange("CSAS", quantita);
-    if (marca > 0) {
-        return primiSconti(colonne +
-                               "FROM (((CatScAcquistoSconti AS CSAS INNER JOIN CatScAcquisto CSA ON "
-                               "CSAS.FK_CATSCACQUISTO = CSA.RID) "
-                               "INNER JOIN CategorieSconti AS CS ON CSA.FK_CATEGORIA = CS.RID) "
-                               "INNER JOIN Anagrafiche AS A ON CSA.FK_FORNITORE = A.RID) "
-                               "INNER JOIN Marche AS M ON CSA.FK_MARCA = M.RID "
-                               "WHERE CSA.FK_MARCA = " +
-                               QString::number(marca) + fornitore + coda,
-                           ".getPrezzoNettoAcquisto");
+// False when the tables cannot be read.
+bool applicaTabelle(Vendita& v, int categoria, int marca, int fascia, float quantita, int idProdotto) {
+    const QString da = sorgente(".setScontiVendita");
+    if (categoria != gCatPrezziNetti) {
+        const auto sconti = scontiDiVendita(categoria, marca, fascia, quantita, da);
+        if (sconti.riuscita) scriviSconti(v, sconti.valore.value_or(Sconti{}));
+        return sconti.riuscita;
     }
-    return primiSconti(colonne +
-                           "FROM ((CatScAcquistoSconti AS CSAS INNER JOIN CatScAcquisto CSA ON "
-                           "CSAS.FK_CATSCACQUISTO = CSA.RID) "
-                           "INNER JOIN CategorieSconti AS CS ON CSA.FK_CATEGORIA = CS.RID) "
-                           "INNER JOIN Anagrafiche AS A ON CSA.FK_FORNITORE = A.RID "
-                           "WHERE CSA.FK_MARCA Is Null" +
-                           fornitore + coda,
-                       ".getPrezzoNettoAcquisto");
+    if (idProdotto <= 0) return true;
+    const auto prezzo = prezzoNettoDiVendita(categoria, fascia, quantita, idProdotto, da);
+    if (prezzo.valore) scriviPrezzoNetto(v, *prezzo.valore);
+    return prezzo.riuscita;
 }
 
 Currency prezzoDiListino(int listino, const QString& prodotto) {
@@ -127,6 +51,88 @@ Currency prezzoDiListino(int listino, const QString& prodotto) {
         "SELECT LISTINO" + QString::number(listino) + " FROM Prodotti WHERE RID = " + prodotto,
         sorgente(".getPrezzoVendita"));
     return lettura.trovata() ? getValoreCurrency(lettura->campo(0)) : Currency();
+}
+
+// The customer's own price for a product; `trovato` also for one of 0, which counts as none.
+Currency prezzoPersonale(int idCliente, int idProdotto, const char* procedura, bool& trovato) {
+    const Lettura lettura("SELECT PREZZO FROM Listini WHERE FK_ANAGRAFE = " + QString::number(idCliente) +
+                              " AND FK_PRODOTTO = " + QString::number(idProdotto),
+                          sorgente(procedura));
+    trovato = lettura.trovata();
+    return trovato ? lettura->importo("PREZZO") : Currency();
+}
+
+// A customer as the search of products needs it.
+struct ClienteRicerca {
+    int listino = 1;
+    float sconto = 0;
+    int fascia = 0;
+};
+
+ClienteRicerca leggiCliente(int idCliente) {
+    const Lettura lettura(
+        "SELECT LISTINO, SCONTO, FK_FasciaCliente FROM Anagrafiche WHERE RID = " + QString::number(idCliente),
+        sorgente(".getDatiProdotto"));
+    if (!lettura.trovata()) return {};
+    return {.listino = std::max(1, lettura->intero("LISTINO")),
+            .sconto = lettura->single("SCONTO"),
+            .fascia = lettura->intero("FK_FasciaCliente")};
+}
+
+// A product as the search shows it; `listino` is the price of the customer's list.
+struct ProdottoRicerca {
+    Currency listino;
+    float sconto = 0;
+    float iva = 0;  // percentage
+    int marca = 0;
+    int categoria = 0;
+    float giacenza = 0;
+};
+
+Currency listinoDi(const Recordset& p, int listino) {
+    Currency prezzo;
+    if (listino <= listiniProdotto) prezzo = p.importo("Listino" + QString::number(listino));
+    return prezzo > Currency() ? prezzo : p.importo("Listino1");
+}
+
+std::optional<ProdottoRicerca> leggiProdotto(int idProdotto, int listino) {
+    const Lettura lettura(
+        "SELECT p.Listino1, p.Listino2, p.Listino3, p.Listino4, p.Sconto, i.Valore, p.FK_MARCA, "
+        "p.FK_CatScoAcq, p.FK_CatScoVen, p.Giacenza "
+        "FROM Prodotti p INNER JOIN Iva i ON p.FK_IVA = i.RID WHERE p.RID = " +
+            QString::number(idProdotto),
+        sorgente(".getDatiProdotto"));
+    if (!lettura.trovata()) return std::nullopt;
+    return ProdottoRicerca{.listino = listinoDi(*lettura, listino),
+                           .sconto = lettura->single("Sconto"),
+                           .iva = lettura->single("Valore"),
+                           .marca = lettura->intero("FK_MARCA"),
+                           .categoria = lettura->intero("FK_CatScoVen"),
+                           .giacenza = lettura->single("Giacenza")};
+}
+
+// The list price of one piece less the product's or the customer's discount, or less those of the tables.
+Currency scontatoPerRicerca(const ProdottoRicerca& p, const ClienteRicerca& cliente, int idProdotto) {
+    const float sconto = p.sconto > 0 ? p.sconto : cliente.sconto;
+    if (sconto > 0) return Currency::daDouble(scontato(p.listino.toDouble(), {sconto, 0, 0}));
+    Sconti sconti{};
+    Currency prezzo = Currency::daIntero(-1);
+    getScontiVendita(p.categoria, p.marca, cliente.fascia, 1, idProdotto, sconti[0], sconti[1], sconti[2],
+                     prezzo);
+    return prezzo >= Currency() ? prezzo : Currency::daDouble(scontato(p.listino.toDouble(), sconti));
+}
+
+// The stock of all cost layers of a product in a warehouse.
+float giacenzaInMagazzino(int idProdotto, int idMagazzino) {
+    const Lettura lettura(
+        "SELECT Quantita FROM DettagliProdotto WHERE FK_Prodotto = " + QString::number(idProdotto) +
+            " AND FK_Magazzino = " + QString::number(idMagazzino),
+        sorgente(".getDatiProdotto"));
+    float giacenza = 0;
+    for (; lettura.trovata(); lettura->moveNext()) {
+        giacenza += lettura->single("Quantita");
+    }
+    return giacenza;
 }
 
 }  // namespace
@@ -148,11 +154,8 @@ Currency getPrezzoVendita(int idCliente, int idProdotto, bool& daListino, bool c
     Currency prezzo = prezzoDiListino(listino, prodotto);
     if (prezzo <= Currency() && listino != 1) prezzo = prezzoDiListino(1, prodotto);
 
-    const Lettura personale(
-        "SELECT PREZZO FROM Listini WHERE FK_ANAGRAFE = " + cliente + " AND FK_PRODOTTO = " + prodotto,
-        sorgente(".getPrezzoVendita"));
-    daListino = personale.trovata();
-    if (daListino && personale->importo("PREZZO") != Currency()) return personale->importo("PREZZO");
+    const Currency personale = prezzoPersonale(idCliente, idProdotto, ".getPrezzoVendita", daListino);
+    if (personale != Currency()) return personale;
     return Currency::daDouble(prezzo.toDouble() * (1 - sconto / 100));
 }
 
@@ -182,18 +185,43 @@ bool setSconti(Vendita& v, int idProdotto) {
 bool setScontiVendita(Vendita& v, int categoria, int marca, int cliente, float quantita, int idProdotto) {
     const int fascia = getFasciaCliente(cliente);
     if (fascia <= 0 || categoria <= 0) return false;
-    if (categoria != gCatPrezziNetti) {
-        std::optional<Sconti> sconti;
-        if (marca > 0) sconti = scontiVendita(categoria, marca, fascia, quantita);
-        if (!sconti) sconti = scontiVendita(categoria, 0, fascia, quantita);
-        scriviSconti(v, sconti.value_or(Sconti{}));
-    } else if (idProdotto > 0) {
-        if (const auto prezzo = prezzoNettoVendita(categoria, fascia, quantita, idProdotto))
-            scriviPrezzoNetto(v, *prezzo);
-    }
+    if (!applicaTabelle(v, categoria, marca, fascia, quantita, idProdotto)) return false;
     const float immediato = getValoreSingle(v.cmdComando[16].tag());
     if (immediato > 0) scriviSconti(v, {immediato, 0, 0});
     return true;
+}
+
+void getScontiVendita(int categoria, int marca, int fascia, float quantita, int idProdotto, float& s1,
+                      float& s2, float& s3, Currency& prezzo) {
+    const QString da = sorgente(".getScontiVendita");
+    if (categoria != gCatPrezziNetti) {
+        Sconti sconti{};
+        if (fascia > 0 && categoria > 0)
+            sconti = scontiDiVendita(categoria, marca, fascia, quantita, da).valore.value_or(Sconti{});
+        s1 = sconti[0];
+        s2 = sconti[1];
+        s3 = sconti[2];
+    } else if (idProdotto > 0) {
+        const auto trovato = prezzoNettoDiVendita(categoria, fascia, quantita, idProdotto, da);
+        if (!trovato.valore) return;
+        s1 = s2 = s3 = 0;
+        prezzo = *trovato.valore;
+    }
+}
+
+void getDatiProdotto(int idCliente, int idProdotto, int idMagazzino, Currency& netto, Currency& finale,
+                     float& giacenza) {
+    netto = finale = Currency();
+    giacenza = 0;
+    const ClienteRicerca cliente = leggiCliente(idCliente);
+    const auto prodotto = leggiProdotto(idProdotto, cliente.listino);
+    if (!prodotto) return;
+    bool trovato = false;
+    netto = prezzoPersonale(idCliente, idProdotto, ".getDatiProdotto", trovato);
+    if (netto == Currency()) netto = scontatoPerRicerca(*prodotto, cliente, idProdotto);
+    finale = netto + Currency::daDouble(netto.toDouble() * static_cast<double>(prodotto->iva) / 100);
+    giacenza = prodotto->giacenza;
+    if (idMagazzino > 0) giacenza = giacenzaInMagazzino(idProdotto, idMagazzino);
 }
 
 Currency getPrezzoNettoAcquisto(int idProdotto, float quantita, int idFornitore) {
@@ -210,9 +238,8 @@ Currency getPrezzoNettoAcquisto(int idProdotto, float quantita, int idFornitore)
         marca = lettura->intero("FK_MARCA");
     }
     if (categoria <= 0) return {};
-    std::optional<Sconti> sconti;
-    if (marca > 0) sconti = scontiAcquisto(categoria, marca, quantita, idFornitore);
-    if (!sconti) sconti = scontiAcquisto(categoria, 0, quantita, idFornitore);
+    const auto sconti =
+        scontiDiAcquisto(categoria, marca, quantita, idFornitore, sorgente(".getPrezzoNettoAcquisto"));
     return acquisto -
-           (acquisto - Currency::daDouble(scontato(acquisto.toDouble(), sconti.value_or(Sconti{}))));
+           (acquisto - Currency::daDouble(scontato(acquisto.toDouble(), sconti.valore.value_or(Sconti{}))));
 }

@@ -11,11 +11,13 @@
 #include "data/gateway.h"
 #include "sale/alternatives.h"
 #include "sale/grid.h"
+#include "sale/kits.h"
 #include "sale/line_pricing.h"
 #include "sale/notice.h"
 #include "sale/price_tables.h"
 #include "sale/product_info.h"
 #include "sale/product_query.h"
+#include "sale/returns.h"
 #include "sale/row_editor.h"
 #include "sale/row_writer.h"
 #include "sale/totals.h"
@@ -82,15 +84,27 @@ bool ammessoDallaScorta(Vendita& v, const Recordset& p, bool& reso) {
                "l'operazione");
 }
 
+// The row whose code was changed: the current one; a kit's component cannot be edited, so then it is the one
+// in the editor. 0 when no row is there.
+int rigaDelCodice(const Vendita& v) {
+    const FlexVB& g = v.flxVB;
+    const int nellEditor = valIntero(v.lblPos.testo());
+    if (nellEditor < 1 || nellEditor > g.ultima()) return 0;
+    const int corrente = g.corrente();
+    const bool sua = corrente >= 1 && corrente <= g.ultima() && g.viva(corrente) &&
+                     g.cella(corrente, Colonna::IdDistintaBase).isEmpty();
+    return sua ? corrente : nellEditor;
+}
+
 // Another code typed over the row in the editor takes that row's place; its quantity stays. Answers where
 // the new row goes, 0 for the end.
 int liberaEditor(Vendita& v, int ridTrovato) {
     const int caricato = v.txtCodProdotto.chiave();
-    if (caricato <= 0 || caricato == ridTrovato) {
+    const int riga = rigaDelCodice(v);
+    if (caricato <= 0 || caricato == ridTrovato || riga < 1) {
         pulisciCampiRiga(v, false);
         return 0;
     }
-    const int riga = v.flxVB.corrente();
     const QString quantita = v.txtQta.testo();
     const int reso = v.chkReso.valore();
     delRowToGrid(v, riga, false);
@@ -161,6 +175,7 @@ void riempiSconti(Vendita& v, const Recordset& p) {
 void calcolaRiga(Vendita& v, const Recordset& p) {
     if (v.mGestioneTaglio) v.lblTaglio.testo(v.txtPrezzoListino.testo());
     const QString codice = p.testo("CODICE");
+    if (testaDistinta(codice)) getPrezzoTotaleDistinta(v, codice);
     if (!testaDistinta(codice) && !rigaLibera(codice)) {
         const Currency netto = calcolaPrezzoNetto(v, getValoreCurrency(v.txtPrezzoListino.testo()),
                                                   getValoreSingle(v.lblValoraIva.testo()));
@@ -170,50 +185,6 @@ void calcolaRiga(Vendita& v, const Recordset& p) {
     }
     ricalcolaPrezzi(v, false, false);
     v.lblCatSconto.testo(p.testo("DescCatSconto"));
-}
-
-// A product that has its row already: a scan counts it once more, a typed code only recalls the row.
-void ripetiProdotto(Vendita& v, int riga) {
-    const float quantita = v.flxVB.single(riga, Colonna::Quantita);
-    if ((gNoBarcode != 0 || !v.mDaLaser) && gNuovaRiga != 1) return;
-    showInfrmazioniStatic(v, v.txtCodProdotto.chiave());
-    const float nuova = quantita <= 0 ? quantita - 1 : quantita + 1;
-    v.txtQta.testo(formattaImporto(std::fabs(nuova), 2));
-    setResoStatus(v, nuova < 0 ? 1 : 0);
-    txtQta_LostFocus(v);
-}
-
-bool entraInGriglia(Vendita& v, int rigaInserimento, int& riga, bool& presente) {
-    const bool scontoFisso = v.mScontoFisso;
-    riga = addNewElement(v, rigaInserimento, presente);
-    if (riga < 1) {
-        pulisciCampiRiga(v, false);
-        v.schermo.fuoco(v.txtCodProdotto);
-        return false;
-    }
-    v.mScontoFisso = scontoFisso;  // recalling the row has cleared it
-    if (presente && rigaInserimento == 0) ripetiProdotto(v, riga);
-    v.mRigaDaCodice = true;
-    v.lblPos.testo(QString::number(riga));
-    if (!presente) v.txtQta.testoETag(formattaImporto(std::fabs(v.flxVB.single(riga, Colonna::Quantita)), 2));
-    showAlternativi(v, v.txtCodProdotto.chiave());
-    showMargineProdotto(v, v.txtCodProdotto.chiave(), getValoreCurrency(v.txtPrezzoNetto.testo()));
-    return true;
-}
-
-bool entraProdotto(Vendita& v, const Recordset& p, int idRichiesto, int& riga, bool& presente) {
-    bool reso = false;
-    if (!ammessoDallaScorta(v, p, reso)) return false;
-    const int rigaInserimento = liberaEditor(v, p.intero("RID"));
-    riempiProdotto(v, p);
-    riempiCosto(v, idRichiesto);
-    riempiPrezzo(v, p);
-    riempiSconti(v, p);
-    calcolaRiga(v, p);
-    if (!entraInGriglia(v, rigaInserimento, riga, presente)) return false;
-    if (reso) setResoStatus(v, 1);
-    bloccaPrezzi(v);
-    return true;
 }
 
 bool troppoPerLaGiacenza(Vendita& v) {
@@ -233,6 +204,67 @@ bool troppoPerLaGiacenza(Vendita& v) {
            !v.schermo.operatore().chiedeSi(
                "Attenzione! La giacenza del prodotto [" + descrizione + "] è inferiore a [" +
                v.txtQta.testo() + "].\nScegliere [Sì] per continuare oppure [No] per annullare l'operazione");
+}
+
+// A product that has its row already: a scan counts it once more, a typed code only recalls the row.
+void ripetiProdotto(Vendita& v, int riga) {
+    const float quantita = v.flxVB.single(riga, Colonna::Quantita);
+    if ((gNoBarcode != 0 || !v.mDaLaser) && gNuovaRiga != 1) return;
+    showInfrmazioniStatic(v, v.txtCodProdotto.chiave());
+    const float nuova = quantita <= 0 ? quantita - 1 : quantita + 1;
+    v.txtQta.testo(formattaImporto(std::fabs(nuova), 2));
+    setResoStatus(v, nuova < 0 ? 1 : 0);
+    txtQta_LostFocus(v);
+}
+
+// What the screen tells about the product of the row.
+void mostraPannelli(Vendita& v) {
+    const int prodotto = v.txtCodProdotto.chiave();
+    showAlternativi(v, prodotto);
+    showMargineProdotto(v, prodotto, getValoreCurrency(v.txtPrezzoNetto.testo()));
+}
+
+// The row of a product in the place of another's keeps that one's quantity, as far as the stock goes.
+void controllaQuantitaRipresa(Vendita& v) {
+    if (getValoreSingle(v.txtQta.testo()) == 1.0F || !troppoPerLaGiacenza(v)) return;
+    v.txtQta.testo(formattaImporto(1.0, 2));
+    ricalcolaPrezzi(v, false, true);
+    v.txtQta.tag(v.txtQta.testo());
+}
+
+bool entraInGriglia(Vendita& v, int rigaInserimento, int& riga, bool& presente) {
+    const bool scontoFisso = v.mScontoFisso;
+    riga = addNewElement(v, rigaInserimento, presente);
+    if (riga < 1) {
+        pulisciCampiRiga(v, false);
+        v.schermo.fuoco(v.txtCodProdotto);
+        return false;
+    }
+    v.mScontoFisso = scontoFisso;  // recalling the row has cleared it
+    v.lblPos.testo(QString::number(riga));
+    if (!presente) v.txtQta.testoETag(formattaImporto(std::fabs(v.flxVB.single(riga, Colonna::Quantita)), 2));
+    mostraPannelli(v);
+    if (presente && rigaInserimento == 0) ripetiProdotto(v, riga);
+    if (!presente && rigaInserimento > 0) controllaQuantitaRipresa(v);
+    v.mRigaDaCodice = true;
+    return true;
+}
+
+bool entraProdotto(Vendita& v, const Recordset& p, int idRichiesto, int& riga, bool& presente) {
+    bool reso = false;
+    if (!ammessoDallaScorta(v, p, reso)) return false;
+    const int rigaInserimento = liberaEditor(v, p.intero("RID"));
+    riempiProdotto(v, p);
+    riempiCosto(v, idRichiesto);
+    riempiPrezzo(v, p);
+    riempiSconti(v, p);
+    calcolaRiga(v, p);
+    if (!entraInGriglia(v, rigaInserimento, riga, presente)) return false;
+    if (reso) setResoStatus(v, 1);
+    // A new row is a return from the start; one that was there keeps its sign until its quantity is ended.
+    if (reso && !presente) setReso(v, 1);
+    bloccaPrezzi(v);
+    return true;
 }
 
 bool cercaProdottoDigitato(Vendita& v, bool& presente) {
@@ -311,6 +343,7 @@ bool getProdotto(Vendita& v, int idProdotto, const QString& codice, int& riga, b
                 mostraNonTrovato(v);
                 return false;
             }
+            unaRigaAProdotto(*lettura);
             if (!scegliTraTanti(v, *lettura)) return false;
             if (vuoleSostituto(v, *lettura)) {
                 return getProdotto(v, lettura->intero("FK_SOSTITUITO"), {}, riga, false, presente);

@@ -11,6 +11,16 @@
 
 namespace {
 
+// The stock of all the layers of cost that the rows stand for; the first row is the current one again.
+float giacenzaTotale(Recordset& righe) {
+    double totale = 0;
+    for (; !righe.eof(); righe.moveNext()) {
+        totale += righe.reale("GIACENZA");
+    }
+    righe.moveFirst();
+    return static_cast<float>(totale);
+}
+
 // The cost that the margin is taken from; 0 when none is known.
 Currency costoProdotto(const Vendita& v, int idProdotto) {
     const QString prodotto = QString::number(idProdotto);
@@ -48,7 +58,7 @@ void showInfrmazioniStatic(Vendita& v, int idProdotto) {
         const Lettura lettura(sql + QString::number(idProdotto),
                               moduloFrmMain + QString(".showInfrmazioniStatic"));
         if (!lettura.trovata()) return;
-        v.lblGiacenza.testo(formattaImporto(lettura->single("GIACENZA"), 2));
+        v.lblGiacenza.testo(formattaImporto(giacenzaTotale(*lettura), 2));
         v.lblGiacenza.tag(lettura->vero("SETGIACENZA") ? "1" : "0");
         v.lblPrezzoListinoPanel.testo(formattaImporto(lettura->importo("PLISTINO"), gDecimaliDopo));
         v.lblUbicazione.testo(lettura->testo("UBICAZIONE"));

@@ -1,8 +1,41 @@
 #include "sale/product_query.h"
 
+#include <map>
+
 #include "core/globals.h"
 #include "data/prepare_sql.h"
+#include "data/recordset.h"
 #include "sale/product_info.h"
+
+namespace {
+
+int colonna(const Recordset& righe, const QString& nome) {
+    int c = 0;
+    while (righe.colonne().at(c).compare(nome, Qt::CaseInsensitive) != 0)
+        ++c;
+    return c;
+}
+
+}  // namespace
+
+void unaRigaAProdotto(Recordset& righe) {
+    if (righe.righe() < 2) return;
+    const int campi = righe.campi();
+    const int giacenza = colonna(righe, "GIACENZA");
+    std::vector<QVariant> celle;
+    std::map<int, size_t> prime;  // where the row of a product begins
+    for (; !righe.eof(); righe.moveNext()) {
+        const auto [prima, nuova] = prime.emplace(righe.intero("RID"), celle.size());
+        if (!nuova) {
+            QVariant& somma = celle[prima->second + static_cast<size_t>(giacenza)];
+            somma = somma.toDouble() + righe.campo(giacenza).toDouble();
+            continue;
+        }
+        for (int c = 0; c < campi; ++c)
+            celle.push_back(righe.campo(c));
+    }
+    righe = Recordset(righe.colonne(), std::move(celle));
+}
 
 QString sqlProdotto(int idProdotto, const QString& codice, bool like) {
     const bool magazzino = giacenzaDiMagazzino();

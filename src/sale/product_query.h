@@ -2,5 +2,11 @@
 
 #include <QString>
 
+class Recordset;
+
 // The statement that finds products that are not disabled, by key, or by code when that is not empty.
 QString sqlProdotto(int idProdotto, const QString& codice, bool like);
+
+// A product whose stock lies in several cost layers of the warehouse is found once for each: they become one
+// row with the stock of all. Fields RID and GIACENZA; the first row is the current one.
+void unaRigaAProdotto(Recordset& righe);

@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "data/gateway.h"
+#include "data/lookups.h"
 #include "sale/customer.h"
 #include "sale/grid.h"
 #include "sale/row_editor.h"
@@ -112,6 +113,18 @@ void riempiImporti(FlexVB& g, int r, const Recordset& d) {
     g.scrivi(r, Colonna::TotIvaProd, formattaImporto(d.importo("TOTALEIVA"), gDecimaliDopo));
 }
 
+// A kit's head carries no money of its own: it shows what its components come to.
+void mostraTotaliFigli(FlexVB& g, int r) {
+    if (!testaDistinta(g.cella(r, Colonna::Codice)) || !g.cella(r, Colonna::IdDistintaBase).isEmpty()) return;
+    Currency lordo;
+    Currency netto;
+    Currency ivato;
+    getTotaliFigli(g.chiave(r, Colonna::Rid), lordo, netto, ivato);
+    g.scrivi(r, Colonna::PrezzoListino, formattaImporto(lordo, gDecimaliDopo));
+    g.scrivi(r, Colonna::PrezzoNetto, formattaImporto(netto, gDecimaliDopo));
+    g.scrivi(r, Colonna::Importo, formattaImporto(ivato, 2));
+}
+
 void aggiungiRiga(Vendita& v, const Recordset& d) {
     FlexVB& g = v.flxVB;
     const int r = g.aggiungi();
@@ -119,10 +132,12 @@ void aggiungiRiga(Vendita& v, const Recordset& d) {
     riempiImporti(g, r, d);
     g.scrivi(r, Colonna::Gestione, QString::number(RigaInvariata));
     g.scrivi(r, Colonna::Rid, d.testo("RID"));
-    g.scrivi(r, Colonna::IdDistintaBase, d.testo("IK_DETTAGLIOMOVIMENTO"));
+    if (d.intero("IK_DETTAGLIOMOVIMENTO") > 0)
+        g.scrivi(r, Colonna::IdDistintaBase, d.testo("IK_DETTAGLIOMOVIMENTO"));
     g.scrivi(r, Colonna::IdVenditore, d.testo("FK_VENDITORE"));
     g.scrivi(r, Colonna::DescVenditore, d.testo("DESCVENDITORE"));
     g.scrivi(r, Colonna::Ora, Format(d.campo("ORA").toDateTime(), u"DD/MM/YYYY Hh:Nn:Ss"));
+    mostraTotaliFigli(g, r);
     checkRowReso(v, r);
 }
 

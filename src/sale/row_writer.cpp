@@ -1,12 +1,16 @@
 #include "sale/row_writer.h"
 
+#include <optional>
+
 #include "core/errors.h"
-#include "core/format.h"
 #include "core/globals.h"
 #include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "sale/grid.h"
+#include "sale/kit_components.h"
+#include "sale/kits.h"
 #include "sale/line_pricing.h"
+#include "sale/row_cells.h"
 #include "sale/row_editor.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -17,12 +21,20 @@ using Icona = OperatorPort::Icona;
 
 constexpr int coloreReso = 0xFF0000;
 
+// A row that stands keeps its code, whatever is being typed over it.
+QString codiceProdotto(const Vendita& v, const DatiRiga& d) {
+    const FlexVB& g = v.flxVB;
+    const bool suaRiga = d.posizione >= 1 && d.posizione <= g.ultima() &&
+                         g.chiave(d.posizione, Colonna::IdProdotto) == d.idProdotto;
+    return suaRiga ? g.cella(d.posizione, Colonna::Codice) : v.txtCodProdotto.testo();
+}
+
 DatiRiga datiDallEditor(const Vendita& v, int rigaInserimento) {
     DatiRiga d;
     d.posizione = valIntero(v.lblPos.testo());
     d.idProdotto = v.txtCodProdotto.chiave();
     d.marca = v.lblMarca.testo();
-    d.codice = v.txtCodProdotto.testo();
+    d.codice = codiceProdotto(v, d);
     d.descrizione = v.txtDescProdotto.testo();
     d.idIva = v.lblIDIva.testo();
     d.codIva = v.lblCodIva.testo();
@@ -45,10 +57,13 @@ DatiRiga datiDallEditor(const Vendita& v, int rigaInserimento) {
     return d;
 }
 
-// The prices and discounts as they were before the change that the operator took back: those of the row, or
-// of the product as it was read when it has no row yet.
+// The editor as it was before the change that the operator took back: as the row has it, or the prices of the
+// product as they were read when it has no row yet.
 void ripristinaPrezzi(Vendita& v, int riga) {
-    if (riga > 0) return mostraPrezziRiga(v, riga);
+    if (riga > 0) {
+        mostraPrezziRiga(v, riga);
+        return mostraQuantitaRiga(v, riga);
+    }
     v.txtPrezzoListino.testo(v.lblPrezzoListino.testo());
     v.txtPrezzoListinoLordo.testo(v.lblPrezzoListinoLordo.testo());
     v.txtSconto1.testoETag(v.lblSconto1.testo());
@@ -66,78 +81,55 @@ bool accettaSottocosto(Vendita& v, const DatiRiga& d) {
     return v.mSottocostoOk;
 }
 
-double fattoreSconto(const QString& sconto) {
-    return 1 - static_cast<double>(getValoreSingle(sconto)) / 100;
-}
-
-// The row's amount, from the list price and not from the rounded net price.
-QString importoRiga(const DatiRiga& d) {
-    const double factor = fattoreSconto(d.sconto2) * fattoreSconto(d.sconto1) * fattoreSconto(d.sconto3) *
-                          static_cast<double>(d.quantita);
-    return formattaImporto(d.prezzoListino.toDouble() * (1 + static_cast<double>(d.iva) / 100) * factor, 2);
-}
-
-void scriviPrezzi(FlexVB& g, int r, const DatiRiga& d) {
-    if (!testaDistinta(d.codice)) {
-        g.scrivi(r, Colonna::PrezzoListino, formattaImporto(d.prezzoListino, gDecimaliDopo));
-        g.scrivi(r, Colonna::PrezzoNetto, formattaImporto(d.prezzoNetto, gDecimaliDopo));
-        g.scrivi(r, Colonna::PrezzoNettoEsteso, d.prezzoNetto.testo());
-        g.scrivi(r, Colonna::Importo, importoRiga(d));
-    }
-    const double quantita = static_cast<double>(d.quantita);
-    g.scrivi(r, Colonna::ScNetto, d.scNetto);
-    g.scrivi(r, Colonna::TotPrNetto, testoNumero(d.prezzoNetto.toDouble() * quantita));
-    g.scrivi(r, Colonna::IvaProd, d.ivaProdotto);
-    g.scrivi(r, Colonna::TotIvaProd,
-             testoNumero(quantita * static_cast<double>(getValoreSingle(d.ivaProdotto))));
-}
-
-void scriviProdotto(FlexVB& g, int r, const DatiRiga& d, bool nuova) {
-    g.scrivi(r, Colonna::Marca, d.marca);
-    g.scrivi(r, Colonna::Codice, d.codice);
-    g.scrivi(r, Colonna::IdProdotto, QString::number(d.idProdotto));
-    g.scrivi(r, Colonna::Descrizione, d.descrizione);
-    g.scrivi(r, Colonna::IdIva, d.idIva);
-    g.scrivi(r, Colonna::CodIva, d.codIva);
-    g.scrivi(r, Colonna::DescIva, d.descIva);
-    g.scrivi(r, Colonna::Iva, formattaImporto(d.iva, 2));
-    g.scrivi(r, Colonna::Quantita, formattaImporto(d.quantita, 2));
-    if (nuova) g.scrivi(r, Colonna::OldQuantita, "0");
-    g.scrivi(r, Colonna::IdUm, d.idUm);
-    g.scrivi(r, Colonna::Um, d.um);
-    g.scrivi(r, Colonna::ScontoTesto, d.sconto1 + "+" + d.sconto2 + "+" + d.sconto3);
-    g.scrivi(r, Colonna::Sconto1, d.sconto1);
-    g.scrivi(r, Colonna::Sconto2, d.sconto2);
-    g.scrivi(r, Colonna::Sconto3, d.sconto3);
-}
-
-void scriviRiga(const Vendita& v, FlexVB& g, int r, const DatiRiga& d, bool nuova) {
-    scriviProdotto(g, r, d, nuova);
-    scriviPrezzi(g, r, d);
-    g.scrivi(r, Colonna::Gestione,
-             QString::number(g.chiave(r, Colonna::Rid) > 0 ? RigaModificata : RigaNuova));
-    const QString taglio = nuova && v.mGestioneTaglio ? d.prezzoNetto.testo() : d.taglio;
-    g.scrivi(r, Colonna::Taglio, formattaImporto(taglio, gDecimaliDopo));
-    if (g.chiave(r, Colonna::IdVenditore) == 0) {
-        g.scrivi(r, Colonna::IdVenditore, QString::number(gIDVenditore));
-        g.scrivi(r, Colonna::DescVenditore, gDescVenditore);
-    }
-    g.scrivi(r, Colonna::Ora, {});
-    g.scrivi(r, Colonna::ElencoSpeciale, d.elencoSpeciale);
-    g.scrivi(r, Colonna::BloccaPrezzo, d.bloccaPrezzo);
-}
-
-int nuovaRiga(Vendita& v, const DatiRiga& d) {
-    const int riga = v.flxVB.aggiungi(d.rigaInserimento);
-    if (d.rigaInserimento > 0) v.mRigaInserimento = riga + 1;
-    return riga;
-}
-
 bool qualcheRigaViva(const Vendita& v) {
     for (int r = 1; r <= v.flxVB.ultima(); ++r) {
         if (v.flxVB.viva(r)) return true;
     }
     return false;
+}
+
+// A product that has its row: into the editor, unchanged. A kit gets the components that it lacks.
+int richiamaRiga(Vendita& v, int riga, const QString& codice) {
+    if (testaDistinta(codice) &&
+        !getProdFigli(v, codice, chiaveFigli(v, riga), v.flxVB.single(riga, Colonna::Quantita), riga))
+        return 0;
+    selFlexRow(v, riga);
+    mostraRigaSelezionata(v);
+    return riga;
+}
+
+int aggiungiRiga(Vendita& v, const DatiRiga& d) {
+    const CelleRiga celle = celleRiga(v, d, true);
+    std::optional<Distinta> distinta;
+    if (testaDistinta(d.codice)) {
+        // Without its components a kit would be given away.
+        distinta = leggiDistinta(v, d.codice, d.quantita);
+        if (!distinta) return 0;
+    }
+    const int riga = inserisciRiga(v, d.rigaInserimento, celle);
+    if (distinta) scriviFigli(v, *distinta, chiaveFigli(v, riga), riga);
+    if (d.rigaInserimento > 0) v.mRigaInserimento = riga + 1;
+    return riga;
+}
+
+int aggiornaRiga(Vendita& v, int riga, const DatiRiga& d) {
+    const CelleRiga celle = celleRiga(v, d, false);
+    if (testaDistinta(d.codice)) {
+        aggiornaQTFigli(v, riga, d.quantita);
+        aggiornaScontiFigli(v, riga);
+        aggiornaStatisticheFigli(v, riga);
+    }
+    scriviRiga(v.flxVB, riga, celle);
+    return riga;
+}
+
+void marcaCancellata(Vendita& v, int riga) {
+    FlexVB& g = v.flxVB;
+    if (testaDistinta(g.cella(riga, Colonna::Codice))) delFigli(v, riga);
+    g.scrivi(riga, Colonna::Gestione, QString::number(RigaCancellata));
+    g.nascondi(riga, true);
+    aggiornaTesta(v, riga);
+    updateNextRow(v, riga);
 }
 
 }  // namespace
@@ -170,13 +162,12 @@ int addElement(Vendita& v, const DatiRiga& dati, bool& presente) {
         presente = riga > 0;
     }
     if (presente) {
-        selFlexRow(v, riga);
-        mostraRigaSelezionata(v);
+        riga = richiamaRiga(v, riga, dati.codice);
+        presente = riga > 0;
         return riga;
     }
-    const bool nuova = riga < 1;
-    if (nuova) riga = nuovaRiga(v, dati);
-    scriviRiga(v, v.flxVB, riga, dati, nuova);
+    riga = riga < 1 ? aggiungiRiga(v, dati) : aggiornaRiga(v, riga, dati);
+    if (riga < 1) return 0;
     v.flxVB.corrente(riga);
     v.chkPrezziIva.abilitato(false);
     checkRowReso(v, riga);
@@ -186,11 +177,11 @@ int addElement(Vendita& v, const DatiRiga& dati, bool& presente) {
 
 int controllaPresenzaElemento2(const Vendita& v, int idProdotto, const QString& chiavePadre) {
     const FlexVB& g = v.flxVB;
+    const QString id = QString::number(idProdotto);  // as text: a long sale is walked at every scan
     for (int r = 1; r <= g.ultima(); ++r) {
-        if (!g.viva(r) || g.cella(r, Colonna::Codice).startsWith('/')) continue;
-        if (g.chiave(r, Colonna::IdProdotto) == idProdotto &&
-            g.cella(r, Colonna::IdDistintaBase) == chiavePadre)
-            return r;
+        if (g.cella(r, Colonna::IdProdotto) != id || g.cella(r, Colonna::IdDistintaBase) != chiavePadre)
+            continue;
+        if (g.viva(r) && !g.cella(r, Colonna::Codice).startsWith('/')) return r;
     }
     return 0;
 }
@@ -209,9 +200,7 @@ void delRowToGrid(Vendita& v, int riga, bool conferma) {
         {
             const RidisegnoFermo fermo(v.schermo);
             const Clessidra clessidra(v.schermo.operatore());
-            v.flxVB.scrivi(r, Colonna::Gestione, QString::number(RigaCancellata));
-            v.flxVB.nascondi(r, true);
-            updateNextRow(v, r);
+            marcaCancellata(v, r);
             calcolaTotali(v, false);
             v.chkPrezziIva.abilitato(!qualcheRigaViva(v));
             if (valIntero(v.lblPos.testo()) == r) pulisciCampiRiga(v, false);

@@ -70,6 +70,7 @@ void pulisciTestata(Vendita& v) {
         campo->testoETag({});
     }
     v.pctSegnala.tag("0");
+    v.salvataggioIncerto.reset();
     v.idPrimaNota = -1;
     v.idPNPagamento = -1;
     pulisciCorpo(v);

@@ -5,6 +5,7 @@
 class Campo;
 class OperatorPort;
 class Recordset;
+struct RichiestaRicerca;
 struct Vendita;
 
 // What a sale needs of the screen it stands on: a window, or a script in its place.
@@ -15,6 +16,7 @@ class SchermoVendita {
         Tasti,    // while a cursor key is held
         Fido,     // blink of the credit limit's alarm
         Segnala,  // blink of the customer flag
+        Raffica,  // one shot: keys at the speed of a scanner have stopped
     };
 
     virtual ~SchermoVendita() = default;
@@ -30,6 +32,9 @@ class SchermoVendita {
     // The list over rows that the caller holds: true when one was chosen, which then is the current one.
     // `colonne`: title, width and field name parted by "¤", each column ended by "|".
     virtual bool selezionaElemento(Recordset& righe, const QString& colonne) = 0;
+    // The search screen: the chosen keys, each followed by "|"; empty when it was cancelled, ricercaNuovo
+    // when a new element was asked for.
+    virtual QString ricerca(const RichiestaRicerca& richiesta) = 0;
 
     // The commands of the screen and the other accounts, which stand a floor above the sale.
     virtual void premiComando(int comando) = 0;

@@ -9,33 +9,6 @@
 
 namespace {
 
-struct Somme {
-    Currency netto;
-    Currency totale;
-    Currency lordo;
-    float quantita = 0;
-    int righe = 0;
-};
-
-double fattore(const FlexVB& g, int riga, Colonna sconto) {
-    return 1 - static_cast<double>(g.single(riga, sconto)) / 100;
-}
-
-void conta(const FlexVB& g, int riga, Somme& somme) {
-    const float q = g.single(riga, Colonna::Quantita);
-    const double listino = g.currency(riga, Colonna::PrezzoListino).toDouble();
-    const double iva = g.currency(riga, Colonna::Iva).toDouble();
-    somme.netto +=
-        Currency::daDouble(listino * static_cast<double>(q) *
-                           (fattore(g, riga, Colonna::Sconto2) * fattore(g, riga, Colonna::Sconto1)) *
-                           fattore(g, riga, Colonna::Sconto3));
-    somme.totale += g.currency(riga, Colonna::Importo);
-    somme.lordo +=
-        Currency::daDouble(g.currency(riga, Colonna::Quantita).toDouble() * ((iva / 100 + 1) * listino));
-    if (q > 0) somme.quantita += q;  // returned pieces do not reduce the quantity shown
-    ++somme.righe;
-}
-
 Currency sommaRighe(const char* colonna, int idMovimento, const char* procedura, bool& riuscita) {
     const Lettura lettura(
         QString("SELECT SUM(%1) FROM DettagliMovimento WHERE FK_MOVIMENTO = ").arg(colonna) +
@@ -61,17 +34,25 @@ bool rigaLibera(const QString& codice) {
 }
 
 void calcolaTotali(Vendita& v, bool ultimoSalvato) {
-    const FlexVB& g = v.flxVB;
-    if (g.righe() <= 1) return;
-    Somme somme;
-    for (int r = 1; r <= g.ultima(); ++r) {
-        if (g.viva(r) && !testaDistinta(g.cella(r, Colonna::Codice))) conta(g, r, somme);
+    if (v.flxVB.righe() <= 1) return;
+    Currency netto;
+    Currency totale;
+    Currency lordo;
+    float quantita = 0;
+    int righe = 0;
+    for (const SommaRiga& riga : v.sommeRighe.di(v.flxVB)) {
+        if (!riga.conta) continue;
+        netto += riga.netto;
+        totale += riga.totale;
+        lordo += riga.lordo;
+        if (riga.quantita > 0) quantita += riga.quantita;  // returned pieces do not reduce what is shown
+        ++righe;
     }
-    v.lblMainDisplay.testoETag(formattaImporto(somme.totale, 2));
-    v.lblTotNetto.testo(formattaImporto(somme.netto, 2));
-    v.lblTotLordo.testo(formattaImporto(somme.lordo, 2));
-    v.lblTOtQta.testo(formattaImporto(somme.quantita, 2));
-    v.lblTotRighe.testo(QString::number(somme.righe));
+    v.lblMainDisplay.testoETag(formattaImporto(totale, 2));
+    v.lblTotNetto.testo(formattaImporto(netto, 2));
+    v.lblTotLordo.testo(formattaImporto(lordo, 2));
+    v.lblTOtQta.testo(formattaImporto(quantita, 2));
+    v.lblTotRighe.testo(QString::number(righe));
     if (ultimoSalvato) {
         v.lblLastMainDisplay.testo(v.lblMainDisplay.testo());
     } else {

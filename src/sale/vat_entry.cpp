@@ -12,7 +12,7 @@ void getIVA(Vendita& v) {
     if (!v.txtIVA.testo().isEmpty()) {
         condizione = "CODICE = " + testoSQL(v.txtIVA.testo());
     } else if (v.txtIVA.chiave() > 0) {
-        condizione = "RID = " + v.txtIVA.tag();
+        condizione = "RID = " + QString::number(v.txtIVA.chiave());
     } else {
         return;
     }

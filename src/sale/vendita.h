@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 
 #include <QDate>
 #include <QString>
@@ -9,7 +10,9 @@
 #include "kit/campo.h"
 #include "sale/alternatives.h"
 #include "sale/flxvb.h"
+#include "sale/row_sums.h"
 #include "sale/schermo.h"
+#include "sale/uncertain_save.h"
 
 // The named fields of a counter screen.
 struct CampiVendita {
@@ -151,6 +154,7 @@ struct Vendita : CampiVendita, InfoDocumento {
     SchermoVendita& schermo;
     CaselleVendita caselle{*this};
     FlexVB flxVB;
+    SommeRighe sommeRighe;
     ElencoAlternativi lswAlternativi;
 
     int indice;                   // the place among the open accounts, 0 to 3
@@ -180,6 +184,9 @@ struct Vendita : CampiVendita, InfoDocumento {
     bool preferitiInPrimoPiano = false;
     bool modificaConsentita = true;
     bool inChiusura = false;
+
+    // The last save, while it is not known whether it is in the books.
+    std::optional<SalvataggioIncerto> salvataggioIncerto;
 
     // The customer's key; -1 when there is none.
     int cliente() const { return txtCodCliente.chiave(); }

@@ -33,7 +33,11 @@ INSTANTIATE_TEST_SUITE_P(CommandLine, OgniUsoSbagliato,
                          testing::Values("", "boh", "crea", "crea a.db b.db", "crea --boh a.db",
                                          "crea --demo", "crea --seme uno a.db", "verifica", "verifica ",
                                          "vendite a.db --ultime", "vendite a.db --ultime 0",
-                                         "vendite a.db --ultime -1"));
+                                         "vendite a.db --ultime -1", "copia a.db", "copia a.db b.db c.db",
+                                         "importa a.mdb", "salva a.db", "ripristina a.db", "collega",
+                                         "crea --prodotti 300 a.db", "crea --righe 1 --clienti 30 a.db",
+                                         "crea --demo --prodotti 300 --clienti 30 --righe 1 a.db",
+                                         "crea --prodotti tre --clienti 30 --righe 1 a.db"));
 
 TEST(CommandLine, CreationAndCheckOfADemoShop) {
     const ArchivioDiProva cartella;

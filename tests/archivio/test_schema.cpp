@@ -214,7 +214,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Schema, OtherServersGetTheSameTables) {
     const auto tabelleDi = [](int tipoServer) {
         QSet<QString> nomi;
-        for (const QString& istruzione : schema::ddl(tipoServer)) {
+        for (const QString& istruzione : schema::ddlTabelle(tipoServer)) {
             if (istruzione.startsWith("CREATE TABLE ")) nomi.insert(istruzione.section(' ', 2, 2));
         }
         return nomi;

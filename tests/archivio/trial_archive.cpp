@@ -12,16 +12,23 @@
 namespace {
 
 // Made once; every test gets a copy.
+QByteArray creato(bool demo) {
+    const QTemporaryDir cartella;
+    QString testo;
+    QTextStream esito(&testo);
+    OpzioniCreazione opzioni;
+    opzioni.demo = demo;
+    EXPECT_TRUE(creaArchivio(cartella.filePath("a.db"), opzioni, esito)) << testo.toStdString();
+    return contenuto(cartella.filePath("a.db"));
+}
+
 const QByteArray& demo() {
-    static const QByteArray byte = [] {
-        const QTemporaryDir cartella;
-        QString testo;
-        QTextStream esito(&testo);
-        OpzioniCreazione opzioni;
-        opzioni.demo = true;
-        EXPECT_TRUE(creaArchivio(cartella.filePath("demo.db"), opzioni, esito)) << testo.toStdString();
-        return contenuto(cartella.filePath("demo.db"));
-    }();
+    static const QByteArray byte = creato(true);
+    return byte;
+}
+
+const QByteArray& vuoto() {
+    static const QByteArray byte = creato(false);
     return byte;
 }
 
@@ -48,8 +55,16 @@ void scriviFile(const QString& percorso, const QByteArray& contenuto) {
     ASSERT_EQ(file.write(contenuto), contenuto.size());
 }
 
-ArchivioDiProva::ArchivioDiProva() {
-    scriviFile(percorso(), demo());
+ArchivioDiProva::ArchivioDiProva(Contenuto contenuto) {
+    scriviFile(percorso(), contenuto == Contenuto::Demo ? demo() : vuoto());
+    if (contenuto == Contenuto::Demo) return;
+    EXPECT_EQ(
+        esegui("INSERT INTO Marche (CODICE) VALUES ('M1'), ('M2');"
+               "INSERT INTO Gruppi (CODICE) VALUES ('G1'), ('G2'), ('G3');"
+               "INSERT INTO Anagrafiche (NUMERO, DENOMINAZIONE) VALUES (1, 'UNO'), (2, 'DUE'), (3, 'TRE');"
+               "INSERT INTO Prodotti (CODICE, FK_MARCA) VALUES ('P1', 1), ('P2', 2), ('P3', NULL);"
+               "INSERT INTO DistintaBase (CODICE) VALUES ('%D')"),
+        SQLITE_OK);
 }
 
 QStringList ArchivioDiProva::file() const {
@@ -65,8 +80,8 @@ int ArchivioDiProva::esegui(const QByteArray& sql, bool chiaviControllate) const
     return codice;
 }
 
-QString ArchivioDiProva::leggi(const QByteArray& sql, int colonna) const {
-    sqlite3* db = apri(percorso());
+QString ArchivioDiProva::leggi(const QString& file, const QByteArray& sql, int colonna) const {
+    sqlite3* db = apri(percorso(file));
     sqlite3_stmt* istruzione = nullptr;
     EXPECT_EQ(sqlite3_prepare_v2(db, sql.constData(), -1, &istruzione, nullptr), SQLITE_OK)
         << sqlite3_errmsg(db);
@@ -81,10 +96,13 @@ QString ArchivioDiProva::leggi(const QByteArray& sql, int colonna) const {
 }
 
 QString ArchivioDiProva::valore(const QByteArray& sql) const {
-    return leggi(sql, 0);
+    return leggi("prova.db", sql, 0);
+}
+int ArchivioDiProva::conta(const QString& file, const QString& daDove) const {
+    return leggi(file, "SELECT COUNT(*) FROM " + daDove.toUtf8(), 0).toInt();
 }
 QString ArchivioDiProva::piano(const QByteArray& sql) const {
-    return leggi("EXPLAIN QUERY PLAN " + sql, 3);
+    return leggi("prova.db", "EXPLAIN QUERY PLAN " + sql, 3);
 }
 
 void ArchivioDiProva::aggiungiVendite() const {

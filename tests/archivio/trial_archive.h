@@ -6,10 +6,12 @@
 #include <QString>
 #include <QTemporaryDir>
 
-// A demo archive of its own for each test, in a folder that vanishes with it.
+// An archive of its own for each test, in a folder that vanishes with it: the demo shop, or a handful of rows
+// where a test is quicker with them.
 class ArchivioDiProva {
   public:
-    ArchivioDiProva();
+    enum class Contenuto { Demo, Poco };
+    explicit ArchivioDiProva(Contenuto contenuto = Contenuto::Demo);
 
     QString percorso() const { return mCartella.filePath("prova.db"); }
     QString percorso(const QString& nome) const { return mCartella.filePath(nome); }
@@ -20,6 +22,9 @@ class ArchivioDiProva {
     int esegui(const QByteArray& sql, bool chiaviControllate = true) const;
     // The first column of a query as text, a line for each row.
     QString valore(const QByteArray& sql) const;
+    // How many rows another file of the folder has.
+    int conta(const QString& file, const QString& daDove) const;
+    QString leggiDa(const QString& file, const QByteArray& sql) const { return leggi(file, sql, 0); }
 
     // What SQLite would do to answer a query, line by line.
     QString piano(const QByteArray& sql) const;
@@ -29,7 +34,7 @@ class ArchivioDiProva {
     void aggiungiVendite() const;
 
   private:
-    QString leggi(const QByteArray& sql, int colonna) const;
+    QString leggi(const QString& file, const QByteArray& sql, int colonna) const;
 
     QTemporaryDir mCartella;
 };

@@ -31,6 +31,18 @@ class GridView : public testing::Test {
         return griglia.viewport()->grab().toImage().pixel(punto);
     }
 
+    QRect spazio(int riga, Colonna colonna) const {
+        return griglia.visualRect(righe.index(riga - 1, static_cast<int>(colonna)));
+    }
+    QImage immagine(int riga, Colonna colonna) {
+        return griglia.viewport()->grab(spazio(riga, colonna)).toImage();
+    }
+    QRgb fondo(int riga, Colonna colonna) { return immagine(riga, colonna).pixel(2, 2); }
+    QRgb angolo(int riga) {
+        const QImage cella = immagine(riga, Colonna::Importo);
+        return cella.pixel(cella.width() - 3, 2);
+    }
+
     FlexVB righe;
     GrigliaVendita griglia{righe, nullptr};
     QSignalSpy cambiata{&griglia, &GrigliaVendita::rigaCambiata};
@@ -90,6 +102,36 @@ TEST_F(GridView, TheSelectedRowIsLightBlue) {
     EXPECT_EQ(colore(2), 0xFFC0C0FFu);
     righe.seleziona(3);
     EXPECT_NE(colore(2), 0xFFC0C0FFu);
+}
+
+TEST_F(GridView, APriceOfZeroShowsLoudly) {
+    righe.scrivi(1, Colonna::Importo, "0,00");
+    righe.scrivi(2, Colonna::Importo, "1,00");
+    EXPECT_EQ(fondo(1, Colonna::Importo), tinte::pericolo);
+    EXPECT_NE(fondo(2, Colonna::Importo), tinte::pericolo);
+}
+
+TEST_F(GridView, APriceChangedByHandHasAMarkedCorner) {
+    righe.scrivi(1, Colonna::PrezzoListino, "8,00");
+    righe.scrivi(1, Colonna::Importo, "8,00");
+    EXPECT_NE(angolo(1), tinte::avviso);
+    righe.listinoLetto(1, "10,00");
+    EXPECT_EQ(angolo(1), tinte::avviso);
+}
+
+TEST_F(GridView, ALockedPriceHasAPadlock) {
+    const QImage prima = immagine(1, Colonna::Importo);
+    righe.scrivi(1, Colonna::BloccaPrezzo, "1");
+    EXPECT_NE(immagine(1, Colonna::Importo), prima);
+}
+
+TEST_F(GridView, AClickOnAKitsIconTellsSo) {
+    QSignalSpy icona(&griglia, &GrigliaVendita::iconaPremuta);
+    QTest::mouseClick(griglia.viewport(), Qt::LeftButton, {}, spazio(2, Colonna::Icona).center());
+    ASSERT_EQ(icona.size(), 1);
+    EXPECT_EQ(icona[0][0].toInt(), 2);
+    clic(3);
+    EXPECT_EQ(icona.size(), 1);
 }
 
 TEST_F(GridView, OnlyTheShownColumnsHaveAWidth) {

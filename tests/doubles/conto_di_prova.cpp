@@ -1,5 +1,7 @@
 #include "doubles/conto_di_prova.h"
 
+#include <gtest/gtest.h>
+
 #include "core/globals.h"
 #include "counter/fields.h"
 #include "counter/keys.h"
@@ -36,6 +38,8 @@ class ContoDiProva::CasellaDiProva final : public CTextBox::Casella {
         }
     }
 
+    void invio() override { mConto.invio(); }
+
   private:
     ContoDiProva& mConto;
     CTextBox& mCasella;
@@ -55,7 +59,7 @@ void ContoDiProva::fuoco(Campo& campo) {
 }
 
 void ContoDiProva::carattere(QChar c) {
-    if (c.isPrint() && Form_KeyPress(*this, c)) return;
+    if ((c.isPrint() || mIstante >= 0) && Form_KeyPress(*this, c, mIstante)) return;
     Campo* campo = campoAttivo();
     if (campo == nullptr) return;
     const auto passa = tastoInCampo(*this, *campo, c);
@@ -94,6 +98,17 @@ void ContoDiProva::scansiona(const QString& codice) {
     invio();
 }
 
+void ContoDiProva::raffica(const QString& codice, int passo, bool conInvio) {
+    static qint64 adesso = 0;
+    mIstante = adesso += 1000;
+    for (const QChar c : codice) {
+        carattere(c);
+        mIstante += passo;
+    }
+    if (conInvio) carattere(u'\r');
+    mIstante = -1;
+}
+
 void ContoDiProva::clicRiga(int riga) {
     flxVB_RowColChange(vendita(), riga);
     flxVB_Click(vendita(), riga);
@@ -107,6 +122,9 @@ bool ContoDiProva::scade(Timer timer) {
             break;
         case Timer::Tasti:
             timerTasti(*this);
+            break;
+        case Timer::Raffica:
+            TimerRaffica_Timer(*this);
             break;
         default:
             break;
@@ -126,4 +144,15 @@ bool ContoDiProva::selezionaElemento(Recordset& righe, const QString& colonne) {
         righe.moveNext();
     }
     return true;
+}
+
+QString ContoDiProva::ricerca(const RichiestaRicerca& richiesta) {
+    ricercheAperte.push_back(richiesta);
+    if (ricerche.empty()) {
+        ADD_FAILURE() << "ricerca inattesa: " << richiesta.sql.toStdString();
+        return {};
+    }
+    const auto risposta = std::move(ricerche.front());
+    ricerche.pop_front();
+    return risposta(richiesta);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -9,6 +10,7 @@
 #include <Qt>
 
 #include "counter/accounts.h"
+#include "kit/search_request.h"
 
 // A counter screen without a window: keys and scans go through the same rules as on the real one, and the
 // focus walks the fields as it does there.
@@ -25,6 +27,8 @@ class ContoDiProva final : public Conto {
     void invio() { tasto(Qt::Key_Return); }
     // Prefix, code, Enter, as a scanner sends them.
     void scansiona(const QString& codice);
+    // The code as a scanner without a prefix sends it, so many milliseconds a key; then Enter.
+    void raffica(const QString& codice, int passo = 1, bool conInvio = true);
     void clic(Campo& campo) { fuoco(campo); }
     void clicRiga(int riga);
     // The timer, if it runs, fires.
@@ -41,6 +45,14 @@ class ContoDiProva final : public Conto {
     // Which of the offered rows the operator takes, from 0; nothing: cancels. Each list uses one up.
     std::vector<std::optional<int>> scelte;
     QStringList elenchiMostrati;  // the column specifications
+    // What the operator does in the search screens that come up, in order. One that comes unexpected fails
+    // the test.
+    std::deque<std::function<QString(const RichiestaRicerca&)>> ricerche;
+    std::vector<RichiestaRicerca> ricercheAperte;
+    // The next search ends with that answer.
+    void rispondeRicerca(const QString& risposta) {
+        ricerche.emplace_back([risposta](const RichiestaRicerca&) { return risposta; });
+    }
     // Sees each list as it is offered.
     std::function<void(Recordset& righe, const QString& colonne)> quandoOffre;
 
@@ -54,6 +66,7 @@ class ContoDiProva final : public Conto {
     void avviaTimer(Timer timer, int millisecondi) override { mTimer[timer] = millisecondi; }
     void fermaTimer(Timer timer) override { mTimer.erase(timer); }
     bool selezionaElemento(Recordset& righe, const QString& colonne) override;
+    QString ricerca(const RichiestaRicerca& richiesta) override;
 
   private:
     class CasellaDiProva;
@@ -64,4 +77,5 @@ class ContoDiProva final : public Conto {
     std::vector<std::unique_ptr<CasellaDiProva>> mCaselle;
     std::map<Timer, int> mTimer;
     int mRidisegniFermi = 0;
+    qint64 mIstante = -1;  // of the key that a scanner is sending; below 0 a hand's
 };

@@ -4,12 +4,12 @@
 
 #include <QFile>
 
-#include "archivio/create_archive.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "data/gateway.h"
-#include "data/prepare_sql.h"
-#include "data/sqlite_connection.h"
+#include "data/schema.h"
+#include "doubles/archivio_sqlite.h"
+#include "doubles/celle.h"
 
 namespace {
 
@@ -21,36 +21,17 @@ QString chiave(int valore) {
     return valore > 0 ? QString::number(valore) : QString("NULL");
 }
 
-std::unique_ptr<SqliteConnection> apri(const QString& percorso) {
-    ErroreServer errore;
-    auto connessione = SqliteConnection::apri(percorso, errore);
-    EXPECT_TRUE(connessione) << errore.descrizione.toStdString();
-    return connessione;
-}
-
-// A created empty archive, made once for the process and copied for each shop.
-QString archivioVuoto() {
-    static const QTemporaryDir cartella;
-    static const QString percorso = [] {
-        QString esito;
-        QTextStream uscita(&esito);
-        const QString file = cartella.filePath("vuoto.mdb");
-        EXPECT_TRUE(creaArchivio(file, {}, uscita)) << esito.toStdString();
-        return file;
-    }();
-    return percorso;
-}
-
 }  // namespace
 
-Negozio::Negozio() : orologio(QDateTime(QDate(2026, 3, 16), QTime(10, 30))) {
+Negozio::Negozio()
+    : orologio(QDateTime(QDate(2026, 3, 16), QTime(10, 30))),
+      mArchivio(nuovoArchivioDiProva(mCartella.path())) {
     ripristinaGlobali();
-    creaArchivio();
-    gTipoDB = Access;
+    gTipoDB = mArchivio->tipoServer();
     gPathDB = percorso();
-    gStrConnessione =
-        "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + gPathDB + ";Persist Security Info=False";
-    gAdo.TipoServer = Access;
+    gStrConnessione = mArchivio->stringaConnessione();
+    gAdo.TipoServer = gTipoDB;
+    gAdo.impostaDriver(gTipoDB, mArchivio->driver());
     gAdo.impostaStringaConnessione([] { return gStrConnessione; });
     gAdo.impostaOperatore(&operatore);
     gErr.imposta(mCartella.path(), &operatore);
@@ -62,9 +43,9 @@ Negozio::Negozio() : orologio(QDateTime(QDate(2026, 3, 16), QTime(10, 30))) {
     gDistintaBase = "%";
     gRigaLibera = "/";
     gVenditoreChar = "V";
-    inserisciTabelle();
     impostaFabbricaConti([this](int indice) {
         mConti.push_back(std::make_unique<ContoDiProva>(indice, operatore));
+        if (allaProssimaApertura) std::exchange(allaProssimaApertura, {})(*mConti.back());
         return mConti.back().get();
     });
     impostaChiudiApplicazione([this] { terminato = true; });
@@ -85,32 +66,6 @@ Negozio::~Negozio() {
     gAdo.impostaOperatore(nullptr);
     gErr.imposta({}, nullptr);
     ripristinaGlobali();
-}
-
-void Negozio::creaArchivio() {
-    ASSERT_TRUE(QFile::copy(archivioVuoto(), percorso()));
-}
-
-void Negozio::inserisciTabelle() {
-    sql("INSERT INTO Iva (RID, CODICE, DESCRIZIONE, VALORE) VALUES (1,'22','Iva 22%',22),(2,'10','Iva "
-        "10%',10),"
-        "(3,'04','Iva 4%',4)");
-    sql("INSERT INTO UnitaMisura (RID, CODICE, DESCRIZIONE) VALUES (1,'PZ','Pezzi')");
-    sql("INSERT INTO Marche (RID, CODICE, DESCRIZIONE) VALUES (1,'MA','Marca A')");
-    sql("INSERT INTO Magazzini (RID, CODICE, DESCRIZIONE) VALUES (1,'NEG','Negozio')");
-    sql("INSERT INTO PianoConti (RID, CODICE, DESCRIZIONE) VALUES "
-        "(1,'1','Clienti'),(2,'2','Cassa'),(3,'3','Vendite'),"
-        "(4,'4','Iva')");
-    sql("INSERT INTO Pagamenti (RID, CODICE, DESCRIZIONE, NRATE) VALUES (1,'CON','Contanti',0)");
-    sql("INSERT INTO Causali (RID, CODICE, DESCRIZIONE, OPERAZIONE, ORIGINE, DESTINAZIONE, FK_MAGAZZINOORIG, "
-        "TAGLIO, "
-        "GENERAPN, GENERASCAD, MOSTRAVB) VALUES (1,'VB','Vendita al banco',1,3,1,1,0,1,1,0),"
-        "(2,'INC','Incasso contanti',0,0,0,NULL,0,0,0,1)");
-    sql("INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
-        "ACCOMPAGNATORIO, "
-        "MOSTRAVB, NonStampareVB) VALUES (1,'VB','Vendita al banco',1,1,0,0,0,1)");
-    sql("INSERT INTO Anagrafiche (RID, NUMERO, TIPO, DENOMINAZIONE, LISTINO) VALUES (1,1,'C','CLIENTE DEL "
-        "BANCO',1)");
 }
 
 int Negozio::prodotto(const Prodotto& p) {
@@ -147,21 +102,37 @@ int Negozio::cliente(int numero, const QString& denominazione, int listino, doub
     return valore("SELECT MAX(RID) FROM Anagrafiche").toInt();
 }
 
+QString Negozio::percorso() const {
+    return ArchivioSqlite::percorso(mCartella.path());
+}
+
 void Negozio::sql(const QString& istruzione) {
-    const auto connessione = apri(percorso());
-    ASSERT_TRUE(connessione->eseguiNativo(istruzione))
-        << connessione->errore().descrizione.toStdString() << "\n"
-        << istruzione.toStdString();
+    mArchivio->esegui(istruzione);
 }
 
-QString Negozio::valore(const QString& query) {
-    const auto connessione = apri(percorso());
-    Recordset righe;
-    EXPECT_TRUE(connessione->eseguiNativo(query, &righe)) << connessione->errore().descrizione.toStdString();
-    return righe.eof() ? QString() : righe.campo(0).toString();
+QString Negozio::valore(const QString& query) const {
+    const Recordset righe = mArchivio->esegui(query);
+    return righe.eof() ? QString() : testoCella(righe.campo(0));
 }
 
-int Negozio::conta(const QString& tabella, const QString& condizione) {
+QString Negozio::riga(const QString& query) const {
+    const Recordset righe = mArchivio->esegui(query);
+    return righe.eof() ? QString() : testoRiga(righe);
+}
+
+QStringList Negozio::righe(const QString& query) const {
+    QStringList tutte;
+    for (Recordset righe = mArchivio->esegui(query); !righe.eof(); righe.moveNext()) {
+        tutte << testoRiga(righe);
+    }
+    return tutte;
+}
+
+QStringList Negozio::verifica() const {
+    return mArchivio->verifica();
+}
+
+int Negozio::conta(const QString& tabella, const QString& condizione) const {
     return valore("SELECT COUNT(*) FROM " + tabella + " WHERE " + condizione).toInt();
 }
 
@@ -177,4 +148,14 @@ Vendita& Negozio::vendita(int indice) {
 QString Negozio::registroErrori() const {
     QFile file(mCartella.filePath("Err.log"));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QStringList libri(const Negozio& negozio) {
+    QStringList tutte;
+    for (const schema::Tabella& tabella : schema::tabelle()) {
+        for (const QString& riga : negozio.righe("SELECT * FROM " + tabella.nome + " ORDER BY 1")) {
+            tutte << tabella.nome + ": " + riga;
+        }
+    }
+    return tutte;
 }

@@ -5,6 +5,7 @@
 
 #include "core/clock.h"
 #include "data/recordset.h"
+#include "doubles/archivio_di_prova.h"
 #include "doubles/conto_di_prova.h"
 #include "doubles/operatore_scritto.h"
 #include "doubles/settings_in_memory.h"
@@ -40,8 +41,9 @@ struct Prodotto {
     QString extraCodice = {};
 };
 
-// A small shop of its own for each test: an embedded archive in a temporary folder, settings in memory, a
-// clock at 16/03/2026 10:30:00, a scripted operator, and the globals as a start leaves them.
+// A small shop of its own for each test: books as new on the server in force (doubles/archivio_di_prova.h),
+// settings in memory, a clock at 16/03/2026 10:30:00, a scripted operator, and the globals as a start leaves
+// them.
 //
 // Keys that are always there: VAT 1 = 22 % "22", 2 = 10 % "10", 3 = 4 % "04"; customer 1 is the walk-in one
 // (NUMERO 1, no band, price list 1), gClientePredefinito; document type 1 "VB" is the counter sale
@@ -58,17 +60,24 @@ class Negozio {
     int cliente(int numero, const QString& denominazione, int listino = 1, double sconto = 0,
                 int idFascia = 0);
 
-    // Statements and queries in SQLite's own words, straight on the file.
+    // Statements and queries beside the gateway, in words that every server knows; "||" joins texts.
     void sql(const QString& istruzione);
-    // The first column of the first row as text; empty for Null or no row.
-    QString valore(const QString& query);
-    int conta(const QString& tabella, const QString& condizione = "1=1");
+    // The first column of the first row as text (doubles/celle.h); empty for Null or no row.
+    QString valore(const QString& query) const;
+    Recordset interroga(const QString& query) const { return mArchivio->esegui(query); }
+    // The first row, and all rows, cells parted by "|".
+    QString riga(const QString& query) const;
+    QStringList righe(const QString& query) const;
+    int conta(const QString& tabella, const QString& condizione = "1=1") const;
+    // What the archive tool finds wrong in the books.
+    QStringList verifica() const;
 
     // Opens account `indice` (0 to 3) as the program does, and answers its screen.
     ContoDiProva& apriConto(int indice = 0);
     // The open account's sale.
     Vendita& vendita(int indice = 0);
-    QString percorso() const { return mCartella.filePath("Bottegon.mdb"); }
+    // The archive, when it is a file.
+    QString percorso() const;
     // Err.log so far.
     QString registroErrori() const;
 
@@ -76,11 +85,14 @@ class Negozio {
     OrologioDiProva orologio;
     SettingsInMemory impostazioni;
     bool terminato = false;  // the last account was closed
+    // Sees the screen of the account that opens next, before anything happens on it.
+    std::function<void(ContoDiProva&)> allaProssimaApertura;
 
   private:
-    void creaArchivio();
-    void inserisciTabelle();
-
     QTemporaryDir mCartella;
+    std::unique_ptr<ArchivioDiProva> mArchivio;
     std::vector<std::unique_ptr<ContoDiProva>> mConti;
 };
+
+// The whole contents of a shop's archive: one line a row, "table: cells parted by |".
+QStringList libri(const Negozio& negozio);

@@ -39,14 +39,17 @@ std::optional<OperatoreScritto::Atteso> OperatoreScritto::prendi(Genere genere, 
     return atteso;
 }
 
-void OperatoreScritto::messaggio(const QString& testo, Icona icona, const QString& /*titolo*/) {
+void OperatoreScritto::messaggio(const QString& testo, Icona icona, const QString& titolo) {
+    visti.push_back({titolo, icona, {"OK"}});
     const auto atteso = prendi(Genere::Messaggio, testo);
     if (!atteso || atteso->icona == Icona::Nessuna) return;
     EXPECT_EQ(atteso->icona, icona) << testo.toStdString();
 }
 
-OperatorPort::Risposta OperatoreScritto::domanda(const QString& testo, Pulsanti /*pulsanti*/,
-                                                 Icona /*icona*/) {
+OperatorPort::Risposta OperatoreScritto::domanda(const QString& testo, Pulsanti pulsanti, Icona icona) {
+    const QStringList siNo{"Sì", "No"};
+    visti.push_back(
+        {titoloApplicazione(), icona, pulsanti == Pulsanti::SiNo ? siNo : siNo + QStringList{"Annulla"}});
     const auto atteso = prendi(Genere::Domanda, testo);
     return atteso ? atteso->risposta : Risposta::No;
 }

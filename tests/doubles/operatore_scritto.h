@@ -20,6 +20,7 @@ class OperatoreScritto final : public OperatorPort {
 
     // The next question and its answer; `prima`, when given, runs while the question stands on the screen.
     void attendiDomanda(const QString& testo, Risposta risposta, std::function<void()> prima = {});
+    // `icona` Nessuna: whichever it is.
     void attendiMessaggio(const QString& testo, Icona icona = Icona::Nessuna);
     // The next warning dialogue, by module and procedure ("frmMain.getProdotto"); going on, or leaving.
     void attendiAvviso(const QString& modulo, bool prosegue = true);
@@ -40,6 +41,14 @@ class OperatoreScritto final : public OperatorPort {
     std::vector<int> pause;
     QString attesa;  // the notice of waiting that stands now
     std::vector<Errore> avvisi;
+    // The boxes and questions that came, as the operator saw them: title, icon and buttons.
+    struct Visto {
+        QString titolo;
+        Icona icona;
+        QStringList pulsanti;
+        bool operator==(const Visto&) const = default;
+    };
+    std::vector<Visto> visti;
     // What happens during every pause, such as a look at the screen.
     std::function<void()> durantePausa;
 

@@ -22,8 +22,9 @@ class CasellaFinta final : public CTextBox::Casella {
     }
     void prendiFuoco() override { ++fuochi; }
     void tab() override { ++tabulazioni; }
+    void invio() override { ++invii; }
 
-    int selezioni = 0, cursori = 0, fuochi = 0, tabulazioni = 0;
+    int selezioni = 0, cursori = 0, fuochi = 0, tabulazioni = 0, invii = 0;
 
   private:
     Campo& mCampo;

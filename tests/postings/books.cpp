@@ -1,30 +1,6 @@
 #include "postings/books.h"
 
 #include "core/globals.h"
-#include "data/sqlite_connection.h"
-
-QStringList libri(const Negozio& negozio) {
-    ErroreServer errore;
-    const auto archivio = SqliteConnection::apri(negozio.percorso(), errore);
-    EXPECT_TRUE(archivio) << errore.descrizione.toStdString();
-    QStringList tutte;
-    Recordset tabelle;
-    EXPECT_TRUE(archivio->eseguiNativo("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name",
-                                       &tabelle));
-    for (; !tabelle.eof(); tabelle.moveNext()) {
-        Recordset righe;
-        EXPECT_TRUE(
-            archivio->eseguiNativo("SELECT * FROM \"" + tabelle.testo("name") + "\" ORDER BY 1", &righe));
-        for (; !righe.eof(); righe.moveNext()) {
-            QStringList celle;
-            for (int i = 0; i < righe.campi(); ++i) {
-                celle << righe.campo(i).toString();
-            }
-            tutte << tabelle.testo("name") + ": " + celle.join('|');
-        }
-    }
-    return tutte;
-}
 
 void vendi(ContoDiProva& conto, const QString& codice, const QString& quantita) {
     conto.clic(conto.vendita().txtCodProdotto);

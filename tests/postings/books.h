@@ -9,9 +9,6 @@
 #include "doubles/child_process.h"
 #include "doubles/negozio.h"
 
-// The whole contents of a shop's archive: one line a row, "table: cells parted by |".
-QStringList libri(const Negozio& negozio);
-
 // A product by its typed code, its quantity when it is not one, then a new row.
 void vendi(ContoDiProva& conto, const QString& codice, const QString& quantita = {});
 

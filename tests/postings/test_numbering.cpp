@@ -16,15 +16,16 @@ class Numbering : public testing::Test {
         c.tasto(Qt::Key_F2);
     }
     QString contatori() {
-        return n.valore(
-            "SELECT group_concat(FK_NUMERATORE || '/' || ANNO || '=' || NUMERO) FROM (SELECT * FROM "
-            "Contatori ORDER BY ANNO)");
+        return n.righe("SELECT FK_NUMERATORE || '/' || ANNO || '=' || NUMERO FROM Contatori ORDER BY ANNO")
+            .join(',');
     }
     QString vendite() {
-        return n.valore(
-            "SELECT group_concat(PROGRESSIVO || '/' || EXTRAPROG) FROM (SELECT DISTINCT M.RID, PROGRESSIVO, "
-            "EXTRAPROG FROM Movimenti M JOIN DettagliMovimento D ON D.FK_MOVIMENTO = M.RID ORDER BY M.RID, "
-            "EXTRAPROG)");
+        return n
+            .righe(
+                "SELECT PROGRESSIVO || '/' || EXTRAPROG FROM (SELECT DISTINCT M.RID, PROGRESSIVO, EXTRAPROG "
+                "FROM Movimenti M JOIN DettagliMovimento D ON D.FK_MOVIMENTO = M.RID) V ORDER BY RID, "
+                "EXTRAPROG")
+            .join(',');
     }
     Negozio n;
 };
@@ -33,8 +34,7 @@ class Numbering : public testing::Test {
 
 TEST_F(Numbering, FirstNumberOfAYearMakesItsCounter) {
     EXPECT_EQ(getNewNumeratoreAnnuale(3, "2027"), 1);
-    EXPECT_EQ(n.valore("SELECT FK_NUMERATORE || '|' || ANNO || '|' || NUMERO || '|' || NOTE FROM Contatori"),
-              "3|2027|1|n/d");
+    EXPECT_EQ(n.riga("SELECT FK_NUMERATORE, ANNO, NUMERO, NOTE FROM Contatori"), "3|2027|1|n/d");
 }
 
 TEST_F(Numbering, CounterGoesOnByOne) {
@@ -112,10 +112,7 @@ TEST_F(Numbering, SharedHeaderTotalsAllItsSales) {
     vendita(c);
     vendita(c);
     vendita(c);
-    EXPECT_EQ(n.valore("SELECT ROUND(TOTIMPONIBILE,4) || '|' || ROUND(TOTIMPOSTA,4) || '|' || "
-                       "ROUND(TOTDOCUMENTO,4) FROM "
-                       "Movimenti"),
-              "30.0|6.6|36.6");
+    EXPECT_EQ(n.riga("SELECT TOTIMPONIBILE, TOTIMPOSTA, TOTDOCUMENTO FROM Movimenti"), "30|6.6|36.6");
 }
 
 TEST_F(Numbering, NewSaleOfTheDayStandsUnderItsHeader) {
@@ -172,7 +169,7 @@ TEST_F(Numbering, SaleBegunBeforeMidnightKeepsItsDay) {
     vendi(c, "A");
     n.orologio.istante = QDateTime(QDate(2026, 3, 17), QTime(0, 1));
     c.tasto(Qt::Key_F5);
-    EXPECT_EQ(n.valore("SELECT DATA || '' FROM Movimenti"), "2026-03-16 00:00:00");
+    EXPECT_EQ(n.valore("SELECT DATA FROM Movimenti"), "2026-03-16 00:00:00");
     c.tasto(Qt::Key_F2);
     EXPECT_EQ(c.vendita().txtData.testo(), "17/03/2026");
     EXPECT_EQ(c.vendita().txtProg.testo(), "(Auto)");

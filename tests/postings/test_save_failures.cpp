@@ -2,7 +2,6 @@
 
 #include <QFile>
 
-#include "archivio/verify_archive.h"
 #include "core/globals.h"
 #include "core/run_time_error.h"
 #include "data/gateway.h"
@@ -44,8 +43,8 @@ void attendiVenditaNeiLibri(VenditaPronta& s) {
     EXPECT_EQ(s.testate(), 1);
     EXPECT_EQ(s.righe(), 2);
     EXPECT_EQ(s.ultimoNumero(), 1);
-    EXPECT_EQ(s.n.valore("SELECT ROUND(TOTDOCUMENTO,4) FROM Movimenti"), "24.3");
-    EXPECT_EQ(verificaArchivio(s.n.percorso()).errori, QStringList());
+    EXPECT_EQ(s.n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "24.3");
+    EXPECT_EQ(s.n.verifica(), QStringList());
 }
 
 // Another F5; a screen that a failed display has left without rows says that there is nothing to save.
@@ -125,7 +124,7 @@ TEST(SaveFailures, AStatementThatFailsOnASecondSaveLeavesTheFirst) {
         EXPECT_EQ(libri(s.n), libriPrima);
         EXPECT_EQ(schermata(s.vendita()), schermoPrima);
         s.conto().tasto(Qt::Key_F5);
-        EXPECT_EQ(s.n.valore("SELECT ROUND(TOTDOCUMENTO,4) FROM Movimenti"), "48.7");
+        EXPECT_EQ(s.n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "48.7");
         EXPECT_EQ(s.righe(), 2);
         if (testing::Test::HasFailure()) return;
     }
@@ -151,8 +150,9 @@ TEST(SaveFailures, FailureIsToldAfterTheTransaction) {
 
 namespace {
 
+// About a table; what else goes to a server begins and ends the turn.
 bool proprioDelSalvataggio(const QString& sql) {
-    return sql != "COMMIT" && sql != "ROLLBACK" && !sql.startsWith("BEGIN");
+    return sql.contains(" FROM ") || sql.startsWith("INSERT ") || sql.startsWith("UPDATE ");
 }
 
 }  // namespace
@@ -187,7 +187,7 @@ TEST(SaveRunTimeErrors, AtEveryStatementNothingIsBookedTwice) {
         EXPECT_LE(s.n.conta("DettagliMovimento", "CODPRODOTTO = 'B'"), 1);
         if (testing::Test::HasFailure()) return;
     }
-    EXPECT_GE(prove, 10);
+    EXPECT_GE(prove, 9);  // one less where an insert answers its key itself
 }
 
 TEST(SaveRunTimeErrors, InTheSaveItselfCommitsWhatWasWrittenAndShowsIt) {
@@ -253,8 +253,7 @@ TEST(SaveKilled, AtEveryStatementTheSaleIsWhollyThereOrAbsent) {
         if (esito == 0) break;
         ASSERT_EQ(esito, -SIGKILL);
         SCOPED_TRACE(numero);
-        EXPECT_EQ(verificaArchivio(s.n.percorso()).errori, QStringList());
-        EXPECT_EQ(s.n.valore("PRAGMA integrity_check"), "ok");
+        EXPECT_EQ(s.n.verifica(), QStringList());
         EXPECT_EQ(s.testate() * 2, s.righe());
         EXPECT_EQ(s.testate(), s.ultimoNumero());
         (s.testate() == 1 ? presenti : assenti) += 1;
@@ -297,6 +296,7 @@ void limitaPagine(const QString& quante) {
 }  // namespace
 
 TEST(SaveFaults, FullDiskIsSaidAndTheNextSaveWorks) {
+    SOLO_SU_FILE("the size of the file is limited");
     VenditaPronta s;
     // The row needs more pages than the archive may grow by.
     s.vendita().flxVB.scrivi(1, Colonna::Descrizione, QString(100000, 'x'));
@@ -309,13 +309,14 @@ TEST(SaveFaults, FullDiskIsSaidAndTheNextSaveWorks) {
                   QStringList("cAdoSqlServer.getIDByInsert -> bBottegonClientVB.saveDettagli"));
     }
     EXPECT_EQ(libri(s.n), prima);
-    EXPECT_EQ(s.n.valore("PRAGMA integrity_check"), "ok");
+    EXPECT_EQ(s.n.verifica(), QStringList());
     limitaPagine("SELECT 1000000");
     s.conto().tasto(Qt::Key_F5);
     attendiVenditaNeiLibri(s);
 }
 
 TEST(SaveFaults, ArchiveThatIsGoneIsSaidAndTheSaleStays) {
+    SOLO_SU_FILE("the file is moved away");
     VenditaPronta s;
     const QStringList prima = schermata(s.vendita());
     s.n.operatore.attendiAvviso("cAdoSqlServer.Connect -> N/D");

@@ -1,4 +1,3 @@
-#include "archivio/verify_archive.h"
 #include "core/globals.h"
 #include "data/gateway.h"
 #include "postings/books.h"
@@ -24,13 +23,10 @@ class SaveSale : public testing::Test {
         return c;
     }
     QString riga(const QString& colonne, int pos = 1, int extraProg = 1) {
-        return n.valore("SELECT " + QString(colonne).replace(",", " || '|' || ") +
-                        " FROM DettagliMovimento WHERE POS = " + QString::number(pos) +
-                        " AND EXTRAPROG = " + QString::number(extraProg));
+        return n.riga("SELECT " + colonne + " FROM DettagliMovimento WHERE POS = " + QString::number(pos) +
+                      " AND EXTRAPROG = " + QString::number(extraProg));
     }
-    QString testata(const QString& colonne) {
-        return n.valore("SELECT " + QString(colonne).replace(",", " || '|' || ") + " FROM Movimenti");
-    }
+    QString testata(const QString& colonne) { return n.riga("SELECT " + colonne + " FROM Movimenti"); }
     Negozio n;
 };
 
@@ -52,24 +48,22 @@ TEST_F(SaveSale, RowsHoldPricesTaxAndPlace) {
     c.tasto(Qt::Key_F5);
     EXPECT_EQ(n.conta("DettagliMovimento"), 2);
     const QString colonne =
-        "CODPRODOTTO,DESCPRODOTTO,(QUANTITA + 0.0),(PREZZO + 0.0),(SCONTONETTO + 0.0),(PREZZONETTO + 0.0),"
-        "(TOTPREZZONETTO + 0.0),(IVA + 0.0),(TOTALEIVA + 0.0),(TOTALERIGA + 0.0),FK_IVA,(VALOREIVA + "
-        "0.0),FK_UM,EXTRAPROG";
-    EXPECT_EQ(riga(colonne, 1), "A|A|1.0|10.0|0.0|10.0|10.0|2.2|2.2|12.2|1|22.0|1|1");
-    EXPECT_EQ(riga(colonne, 2), "B|Biscotti|3.0|5.0|0.0|5.0|15.0|0.5|1.5|16.5|2|10.0|1|1");
+        "CODPRODOTTO,DESCPRODOTTO,QUANTITA,PREZZO,SCONTONETTO,PREZZONETTO,TOTPREZZONETTO,IVA,TOTALEIVA,"
+        "TOTALERIGA,FK_IVA,VALOREIVA,FK_UM,EXTRAPROG";
+    EXPECT_EQ(riga(colonne, 1), "A|A|1|10|0|10|10|2.2|2.2|12.2|1|22|1|1");
+    EXPECT_EQ(riga(colonne, 2), "B|Biscotti|3|5|0|5|15|0.5|1.5|16.5|2|10|1|1");
 }
 
 TEST_F(SaveSale, RowsHoldTheTimeOfTheSale) {
     ContoDiProva& c = venditaDiDue();
     n.orologio.istante = QDateTime(QDate(2026, 3, 16), QTime(11, 45, 7));
     c.tasto(Qt::Key_F5);
-    EXPECT_EQ(riga("'',ORA"), "|2026-03-16 11:45:07");
+    EXPECT_EQ(riga("ORA"), "2026-03-16 11:45:07");
 }
 
 TEST_F(SaveSale, CounterStandsAtTheNumberGiven) {
     venditaDiDue().tasto(Qt::Key_F5);
-    EXPECT_EQ(n.valore("SELECT FK_NUMERATORE || '|' || ANNO || '|' || NUMERO || '|' || NOTE FROM Contatori"),
-              "1|2026|1|n/d");
+    EXPECT_EQ(n.riga("SELECT FK_NUMERATORE, ANNO, NUMERO, NOTE FROM Contatori"), "1|2026|1|n/d");
 }
 
 TEST_F(SaveSale, ScreenShowsTheSavedSale) {
@@ -90,7 +84,7 @@ TEST_F(SaveSale, ScreenShowsTheSavedSale) {
 
 TEST_F(SaveSale, BooksAreCleanAfterwards) {
     venditaDiDue().tasto(Qt::Key_F5);
-    EXPECT_EQ(verificaArchivio(n.percorso()).errori, QStringList());
+    EXPECT_EQ(n.verifica(), QStringList());
 }
 
 TEST_F(SaveSale, NoConnectionAndNoHourglassAreLeft) {
@@ -238,7 +232,7 @@ TEST_F(SaveSale, ChangedQuantityIsUpdatedInPlace) {
     c.tasto(Qt::Key_F5);
     EXPECT_EQ(n.conta("Movimenti"), 1);
     EXPECT_EQ(n.conta("DettagliMovimento"), 2);
-    EXPECT_EQ(riga("RID,(QUANTITA + 0.0),(TOTALERIGA + 0.0),ORA"), rid + "|2.0|24.4|2026-03-16 10:30:00");
+    EXPECT_EQ(riga("RID,QUANTITA,TOTALERIGA,ORA"), rid + "|2|24.4|2026-03-16 10:30:00");
     EXPECT_EQ(testata("PROGRESSIVO,TOTDOCUMENTO,TOTIMPOSTA"), "1|40.9|5.9");
     EXPECT_EQ(n.valore("SELECT NUMERO FROM Contatori"), "1");
 }
@@ -252,10 +246,8 @@ TEST_F(SaveSale, DeletedRowLeavesNoGapInThePlaces) {
     n.operatore.attendiDomanda("Eliminare il prodotto [Biscotti]?", OperatorPort::Risposta::Si);
     c.tasto(Qt::Key_F9);
     c.tasto(Qt::Key_F5);
-    EXPECT_EQ(
-        n.valore(
-            "SELECT group_concat(POS || CODPRODOTTO) FROM (SELECT * FROM DettagliMovimento ORDER BY POS)"),
-        "1A,2C");
+    EXPECT_EQ(n.righe("SELECT POS, CODPRODOTTO FROM DettagliMovimento ORDER BY POS"),
+              (QStringList{"1|A", "2|C"}));
     EXPECT_EQ(testata("TOTDOCUMENTO"), "13.42");
     EXPECT_EQ(c.vendita().flxVB.ultima(), 2);
 }

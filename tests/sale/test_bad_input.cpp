@@ -1,35 +1,8 @@
-#include <map>
-
 #include "core/errors.h"
 #include "data/gateway.h"
-#include "data/sqlite_connection.h"
 #include "gesti.h"
 
 namespace {
-
-// Every row of every table as text, by table.
-std::map<QString, QStringList> fotografia(const QString& percorso) {
-    ErroreServer errore;
-    const auto connessione = SqliteConnection::apri(percorso, errore);
-    std::map<QString, QStringList> archivio;
-    Recordset tabelle;
-    EXPECT_TRUE(connessione->eseguiNativo("SELECT name FROM sqlite_master WHERE type = 'table'", &tabelle));
-    for (; !tabelle.eof(); tabelle.moveNext()) {
-        const QString nome = tabelle.campo(0).toString();
-        Recordset righe;
-        EXPECT_TRUE(connessione->eseguiNativo("SELECT * FROM \"" + nome + "\"", &righe))
-            << nome.toStdString();
-        QStringList& testi = archivio[nome];
-        for (; !righe.eof(); righe.moveNext()) {
-            QStringList celle;
-            for (int colonna = 0; colonna < righe.campi(); ++colonna) {
-                celle << righe.campo(colonna).toString();
-            }
-            testi << celle.join('\x1f');
-        }
-    }
-    return archivio;
-}
 
 QStringList testiOstili() {
     QStringList testi = {
@@ -78,6 +51,9 @@ QStringList testiOstili() {
         "-0",
         "+1",
         "1,23,4",
+        "1.2.3,4",
+        "-5",
+        "0",
         "1.234,56",
         "1234.5",
         "2147483648",
@@ -140,7 +116,7 @@ TEST_P(BadInput, NeitherBreaksTheScreenNorTouchesTheArchive) {
     OperatorePaziente operatore;
     gErr.impostaOperatore(&operatore);
     gAdo.impostaOperatore(&operatore);
-    const auto prima = fotografia(n.percorso());
+    const auto prima = libri(n);
     for (const QString& testo : testiOstili()) {
         for (const bool incolla : {false, true}) {
             if (!incolla && testo.size() > 1000) continue;
@@ -151,6 +127,7 @@ TEST_P(BadInput, NeitherBreaksTheScreenNorTouchesTheArchive) {
             if (GetParam().conProdotto) c.scansiona("8001");
             Campo* campo = v.elenco.trova(GetParam().nome);
             ASSERT_NE(campo, nullptr);
+            campo->visibile(true);  // whichever price box the desk shows
             c.clic(*campo);
             if (incolla) {
                 campo->testo(testo);
@@ -159,9 +136,11 @@ TEST_P(BadInput, NeitherBreaksTheScreenNorTouchesTheArchive) {
             }
             c.invio();
             c.clic(v.txtDescProdotto);
-            // A value out of range or a null character is refused; a server that stumbled would be worse.
+            // A value out of range, a null character and half a character are refused; a server that
+            // stumbled would be worse.
             for (const QString& errore : operatore.errori) {
-                EXPECT_TRUE(errore.startsWith("6 ") || errore.contains("carattere nullo"))
+                EXPECT_TRUE(errore.startsWith("6 ") || errore.contains("carattere nullo") ||
+                            errore.contains("mezzo carattere"))
                     << errore.toStdString();
             }
             operatore.errori.clear();
@@ -172,19 +151,21 @@ TEST_P(BadInput, NeitherBreaksTheScreenNorTouchesTheArchive) {
             EXPECT_FALSE(v.selezioneInCorso);
         }
     }
-    EXPECT_EQ(fotografia(n.percorso()), prima);
+    EXPECT_EQ(libri(n), prima);
     gErr.impostaOperatore(&n.operatore);
     gAdo.impostaOperatore(&n.operatore);
 }
 
-INSTANTIATE_TEST_SUITE_P(Fields, BadInput,
-                         testing::Values(CampoOstile{"txtCodProdotto", false},
-                                         CampoOstile{"txtCodCliente", false, 1},
-                                         CampoOstile{"txtDescProdotto", true}, CampoOstile{"txtQta", true},
-                                         CampoOstile{"txtPrezzoListino", true},
-                                         CampoOstile{"txtPrezzoNetto", true}, CampoOstile{"txtSconto1", true},
-                                         CampoOstile{"txtIVA", true}, CampoOstile{"txtData", false}),
-                         [](const auto& info) { return std::string(info.param.nome); });
+INSTANTIATE_TEST_SUITE_P(
+    Fields, BadInput,
+    testing::Values(CampoOstile{"txtCodProdotto", false}, CampoOstile{"txtCodCliente", false, 1},
+                    CampoOstile{"txtDescProdotto", true}, CampoOstile{"txtQta", true},
+                    CampoOstile{"txtPrezzoListino", true}, CampoOstile{"txtPrezzoListinoLordo", true},
+                    CampoOstile{"txtPrezzoFinito", true}, CampoOstile{"TxtPrezzoRiga", true},
+                    CampoOstile{"txtSconto2", true}, CampoOstile{"txtSconto3", true},
+                    CampoOstile{"txtPrezzoNetto", true}, CampoOstile{"txtSconto1", true},
+                    CampoOstile{"txtIVA", true}, CampoOstile{"txtData", false}),
+    [](const auto& info) { return std::string(info.param.nome); });
 
 // ---- A field whose value cannot be computed with
 

@@ -170,6 +170,55 @@ TEST_F(PriceFields, EmptiedNetPriceIsZero) {
     EXPECT_EQ(nella(Colonna::Importo), "0,00");
 }
 
+TEST_F(PriceFields, NetPriceSetByHandIsTheOneThatIsStored) {
+    entra();
+    scrivi(*conto, vendita->txtQta, "3");
+    scrivi(*conto, vendita->txtSconto1, "10");
+    scrivi(*conto, vendita->txtPrezzoNetto, "8");
+    conto->invio();
+    EXPECT_EQ(nella(Colonna::PrezzoNetto), "8,00");
+    EXPECT_EQ(nella(Colonna::PrezzoNettoEsteso), "8");
+    EXPECT_EQ(nella(Colonna::TotPrNetto), "24");
+}
+
+TEST_F(PriceFields, NetPriceSetByHandIsShownWhenTheRowIsRecalled) {
+    entra();
+    scrivi(*conto, vendita->txtPrezzoNetto, "8");
+    conto->invio();
+    conto->clicRiga(1);
+    EXPECT_EQ(vendita->txtPrezzoNetto.testo(), "8,00");
+    conto->tasto(Qt::Key_F6);
+    EXPECT_EQ(nella(Colonna::PrezzoListino), "8,00");
+    EXPECT_EQ(nella(Colonna::Importo), "9,76");
+}
+
+TEST_F(PriceFields, NetPriceSetByHandKeepsTheAmountsOfTheLastComputation) {
+    entra();
+    scrivi(*conto, vendita->txtSconto1, "10");
+    scrivi(*conto, vendita->txtPrezzoNetto, "8");
+    conto->invio();
+    EXPECT_EQ(vendita->flxVB.currency(1, Colonna::ScNetto), Currency::daIntero(1));
+    EXPECT_EQ(vendita->flxVB.currency(1, Colonna::IvaProd), Currency::daScalato(19800));
+}
+
+TEST_F(PriceFields, NetPriceWithinACentIsNotTheRowsPrice) {
+    entra();
+    scrivi(*conto, vendita->txtSconto1, "10");
+    scrivi(*conto, vendita->txtPrezzoNetto, "9,01");
+    conto->invio();
+    EXPECT_EQ(nella(Colonna::PrezzoNetto), "9,00");
+    EXPECT_EQ(nella(Colonna::Importo), "10,98");
+}
+
+TEST_F(PriceFields, LockedPriceEndsTheRowToo) {
+    n.sql("UPDATE Prodotti SET BLOCCAPREZZO = 1");
+    entra();
+    conto->clic(vendita->txtPrezzoNetto);
+    conto->invio();
+    EXPECT_TRUE(editorVuoto());
+    EXPECT_EQ(nella(Colonna::Importo), "12,20");
+}
+
 // ---- Final price and row total
 
 TEST_F(PriceFields, FinalPriceGivesTheNetPrice) {
@@ -179,6 +228,42 @@ TEST_F(PriceFields, FinalPriceGivesTheNetPrice) {
     EXPECT_EQ(nella(Colonna::PrezzoListino), "5,00");
     EXPECT_EQ(nella(Colonna::Importo), "6,10");
     EXPECT_TRUE(editorVuoto());
+}
+
+TEST_F(PriceFields, FinalPriceIsTheOneThatIsStored) {
+    entra(1);
+    scrivi(*conto, vendita->txtQta, "3");
+    scrivi(*conto, vendita->txtPrezzoFinito, "10");
+    conto->invio();
+    EXPECT_EQ(nella(Colonna::PrezzoNetto), "8,20");
+    EXPECT_EQ(nella(Colonna::PrezzoNettoEsteso), "8,2");
+    EXPECT_EQ(nella(Colonna::TotPrNetto), "24,6");
+}
+
+TEST_F(PriceFields, UnchangedFinalPriceEndsTheRowToo) {
+    entra(1);
+    conto->clic(vendita->txtPrezzoFinito);
+    conto->invio();
+    EXPECT_TRUE(editorVuoto());
+    EXPECT_EQ(nella(Colonna::Importo), "12,20");
+}
+
+TEST_F(PriceFields, UnchangedRowTotalEndsTheRowToo) {
+    entra(2);
+    conto->clic(vendita->TxtPrezzoRiga);
+    conto->invio();
+    EXPECT_TRUE(editorVuoto());
+    EXPECT_EQ(nella(Colonna::Importo), "12,20");
+}
+
+TEST_F(PriceFields, RowTotalOfNoPiecesDoesNothing) {
+    entra(2);
+    vendita->txtQta.testoETag("0,00");
+    scrivi(*conto, vendita->TxtPrezzoRiga, "40");
+    conto->invio();
+    EXPECT_FALSE(editorVuoto());
+    EXPECT_EQ(nella(Colonna::Importo), "12,20");
+    EXPECT_EQ(vendita->txtPrezzoNetto.testo(), "10,00");
 }
 
 TEST_F(PriceFields, FinalPriceOfManyPiecesPassesThroughTheShownNetPrice) {

@@ -143,6 +143,55 @@ TEST_F(Totals, TwoThousandRowsAreSummedExactly) {
     EXPECT_EQ(v.lblTotRighe.testo(), "2000");
 }
 
+// ---- What changes between two totals
+
+TEST_F(Totals, FollowEveryChangeOfARow) {
+    const int r = riga("A", "1,00", "10,00", "22,00", "0,00", "12,20");
+    riga("B", "1,00", "1,00", "22,00", "0,00", "1,22");
+    calcolaTotali(v, false);
+    ASSERT_EQ(v.lblMainDisplay.testo(), "13,42");
+    v.flxVB.scrivi(r, Colonna::Importo, "6,10");
+    calcolaTotali(v, false);
+    EXPECT_EQ(v.lblMainDisplay.testo(), "7,32");
+    v.flxVB.scrivi(r, Colonna::Quantita, "3,00");
+    calcolaTotali(v, false);
+    EXPECT_EQ(v.lblTOtQta.testo(), "4,00");
+    EXPECT_EQ(v.lblTotNetto.testo(), "31,00");
+    v.flxVB.scrivi(r, Colonna::Gestione, "3");
+    calcolaTotali(v, false);
+    EXPECT_EQ(v.lblMainDisplay.testo(), "1,22");
+}
+
+TEST_F(Totals, FollowARowThatIsPutBetween) {
+    riga("A", "1,00", "10,00", "22,00", "0,00", "12,20");
+    riga("B", "1,00", "1,00", "22,00", "0,00", "1,22");
+    calcolaTotali(v, false);
+    const int r = v.flxVB.aggiungi(2);
+    v.flxVB.scrivi(r, Colonna::Quantita, "1,00");
+    v.flxVB.scrivi(r, Colonna::Importo, "5,00");
+    calcolaTotali(v, false);
+    EXPECT_EQ(v.lblMainDisplay.testo(), "18,42");
+    EXPECT_EQ(v.lblTotRighe.testo(), "3");
+}
+
+TEST_F(Totals, OfTheNextSaleHoldNothingOfThisOne) {
+    riga("A", "1,00", "10,00", "22,00", "0,00", "12,20");
+    calcolaTotali(v, false);
+    v.flxVB.svuota();
+    riga("B", "1,00", "1,00", "22,00", "0,00", "1,22");
+    calcolaTotali(v, false);
+    EXPECT_EQ(v.lblMainDisplay.testo(), "1,22");
+}
+
+TEST_F(Totals, FollowThePrefixOfKits) {
+    riga("#KIT", "1,00", "10,00", "22,00", "0,00", "12,20");
+    calcolaTotali(v, false);
+    ASSERT_EQ(v.lblMainDisplay.testo(), "12,20");
+    gDistintaBase = "#";
+    calcolaTotali(v, false);
+    EXPECT_EQ(v.lblMainDisplay.testo(), "0,00");
+}
+
 // ---- Sums over saved rows
 
 struct SavedSums : testing::Test {

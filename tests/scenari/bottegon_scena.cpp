@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 
 #include <QFile>
@@ -10,9 +11,9 @@
 namespace {
 
 const char* const uso =
-    "Usage: bottegon-scena [--aggiorna | --stampa] scene.scena\n"
-    "Plays the scene and compares it with scene.atteso beside it; the differences are printed.\n"
-    "  --aggiorna  write what was seen as the new scene.atteso\n"
+    "Usage: bottegon-scena [--aggiorna | --stampa] SCENE.scena...\n"
+    "Plays the scenes and compares each with SCENE.atteso beside it; the differences are printed.\n"
+    "  --aggiorna  write what was seen as the new SCENE.atteso\n"
     "  --stampa    print what was seen, compare nothing\n";
 
 QStringList righe(const QString& percorso, bool& letto) {
@@ -63,15 +64,11 @@ bool confronta(const QString& percorso, const QStringList& visto) {
     return false;
 }
 
-}  // namespace
+enum class Modo { Confronta, Aggiorna, Stampa };
 
-int main(int quanti, char** argomenti) {
-    const QString opzione = quanti == 3 ? argomenti[1] : "";
-    if (quanti < 2 || quanti > 3 || (quanti == 3 && opzione != "--aggiorna" && opzione != "--stampa")) {
-        std::fputs(uso, stderr);
-        return 2;
-    }
-    const QFileInfo scena(QString::fromLocal8Bit(argomenti[quanti - 1]));
+// The process's answer: 0 well, 1 not as told, 2 not to be read.
+int recita(const QString& percorso, Modo modo) {
+    const QFileInfo scena(percorso);
     bool letto = false;
     const QStringList copione = righe(scena.filePath(), letto);
     if (!letto) {
@@ -81,11 +78,42 @@ int main(int quanti, char** argomenti) {
     Scena recita;
     const bool riuscita = recita.recita(copione);
     const QString atteso = scena.path() + "/" + scena.completeBaseName() + ".atteso";
-    if (opzione == "--stampa") stampa("", recita.protocollo());
-    if (opzione == "--aggiorna" && (!riuscita || !aggiorna(atteso, recita.protocollo()))) {
-        stampa("", recita.protocollo());
-        return 1;
+    switch (modo) {
+        case Modo::Stampa:
+            stampa("", recita.protocollo());
+            return riuscita ? 0 : 1;
+        case Modo::Aggiorna:
+            if (riuscita && aggiorna(atteso, recita.protocollo())) return 0;
+            stampa("", recita.protocollo());
+            return 1;
+        case Modo::Confronta:
+            break;
     }
-    if (!opzione.isEmpty()) return riuscita ? 0 : 1;
     return confronta(atteso, recita.protocollo()) && riuscita ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int quanti, char** argomenti) {
+    QStringList scene;
+    for (int i = 1; i < quanti; ++i) {
+        scene << QString::fromLocal8Bit(argomenti[i]);
+    }
+    Modo modo = Modo::Confronta;
+    if (!scene.isEmpty() && scene.first().startsWith('-')) {
+        const QString opzione = scene.takeFirst();
+        if (opzione != "--aggiorna" && opzione != "--stampa") scene.clear();
+        modo = opzione == "--stampa" ? Modo::Stampa : Modo::Aggiorna;
+    }
+    if (scene.isEmpty()) {
+        std::fputs(uso, stderr);
+        return 2;
+    }
+    int peggiore = 0;
+    for (const QString& scena : scene) {
+        const int esito = recita(scena, modo);
+        if (esito != 0) std::printf("^ %s\n", qUtf8Printable(scena));
+        peggiore = std::max(peggiore, esito);
+    }
+    return peggiore;
 }

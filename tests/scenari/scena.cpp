@@ -4,7 +4,7 @@
 
 #include "core/errors.h"
 #include "data/gateway.h"
-#include "data/sqlite_connection.h"
+#include "doubles/celle.h"
 
 namespace {
 
@@ -220,36 +220,30 @@ bool Scena::mostra() {
     return true;
 }
 
-QStringList Scena::interroga(const QString& query) {
-    ErroreServer errore;
-    const auto archivio = SqliteConnection::apri(mNegozio.percorso(), errore);
-    Recordset righe;
-    QStringList testi;
-    if (!archivio || !archivio->eseguiNativo(query, &righe)) return {"  ERRORE: " + errore.descrizione};
-    for (; !righe.eof(); righe.moveNext()) {
+// Rows of a query with money and quantities in so many decimals, by column from 0.
+void Scena::stampaRighe(const QString& query, const std::map<int, int>& decimali) {
+    for (Recordset righe = mNegozio.interroga(query); !righe.eof(); righe.moveNext()) {
         QStringList celle;
         for (int i = 0; i < righe.campi(); ++i) {
-            celle << righe.campo(i).toString();
+            const auto cifre = decimali.find(i);
+            celle << (cifre == decimali.end()
+                          ? testoCella(righe.campo(i))
+                          : QString::number(righe.campo(i).toDouble(), 'f', cifre->second));
         }
-        testi << "  " + celle.join(" | ");
+        mRighe << "  " + celle.join(" | ");
     }
-    return testi;
 }
 
 bool Scena::libri() {
-    mRighe << interroga(
-        "SELECT 'contatore ' || FK_NUMERATORE, ANNO, NUMERO, NOTE FROM Contatori ORDER BY ANNO");
-    mRighe << interroga(
-        "SELECT 'movimento ' || M.RID, M.PROGRESSIVO, M.DATA || '', A.DENOMINAZIONE, printf('%.4f', "
-        "TOTIMPONIBILE), "
-        "printf('%.4f', TOTIMPOSTA), printf('%.4f', TOTDOCUMENTO) FROM Movimenti M LEFT JOIN Anagrafiche A "
-        "ON A.RID = "
-        "M.FK_CONTROPARTITA ORDER BY M.RID");
-    mRighe << interroga(
+    stampaRighe("SELECT 'contatore ' || FK_NUMERATORE, ANNO, NUMERO, NOTE FROM Contatori ORDER BY ANNO", {});
+    stampaRighe(
+        "SELECT 'movimento ' || M.RID, M.PROGRESSIVO, M.DATA, A.DENOMINAZIONE, TOTIMPONIBILE, TOTIMPOSTA, "
+        "TOTDOCUMENTO FROM Movimenti M LEFT JOIN Anagrafiche A ON A.RID = M.FK_CONTROPARTITA ORDER BY M.RID",
+        {{4, 4}, {5, 4}, {6, 4}});
+    stampaRighe(
         "SELECT 'riga ' || FK_MOVIMENTO || '/' || EXTRAPROG || '/' || POS, CODPRODOTTO, DESCPRODOTTO, "
-        "printf('%.2f', "
-        "QUANTITA), printf('%.4f', PREZZO), printf('%.4f', TOTPREZZONETTO), printf('%.4f', TOTALEIVA), "
-        "printf('%.4f', "
-        "TOTALERIGA), ORA || '' FROM DettagliMovimento ORDER BY FK_MOVIMENTO, EXTRAPROG, POS");
+        "QUANTITA, PREZZO, TOTPREZZONETTO, TOTALEIVA, TOTALERIGA, ORA FROM DettagliMovimento ORDER BY "
+        "FK_MOVIMENTO, EXTRAPROG, POS",
+        {{3, 2}, {4, 4}, {5, 4}, {6, 4}, {7, 4}});
     return true;
 }

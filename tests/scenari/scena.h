@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include <QStringList>
 
 #include "doubles/negozio.h"
@@ -33,7 +35,7 @@ class Scena {
     bool libri();
     void mostraRiga(const Vendita& v, int riga);
     void stampaElenco(Recordset& righe, const QString& colonne);
-    QStringList interroga(const QString& query);
+    void stampaRighe(const QString& query, const std::map<int, int>& decimali);
     ContoDiProva* davanti();
 
     QStringList mRighe;

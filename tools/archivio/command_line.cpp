@@ -1,60 +1,21 @@
 #include "archivio/command_line.h"
 
-#include <optional>
+#include <limits>
 
+#include "archivio/arguments.h"
+#include "archivio/backup_archive.h"
+#include "archivio/copy_archive.h"
 #include "archivio/create_archive.h"
+#include "archivio/help_text.h"
+#include "archivio/import_access.h"
+#include "archivio/link_till.h"
 #include "archivio/sales_report.h"
 #include "archivio/verify_archive.h"
 
 namespace {
 
-const char* const aiuto =
-    "Uso: bottegon-archivio COMANDO [OPZIONI] ARCHIVIO\n"
-    "\n"
-    "  crea [--demo] [--seme N] [--sovrascrivi] ARCHIVIO\n"
-    "      Crea un archivio vuoto o, con --demo, un negozio dimostrativo. Lo stesso\n"
-    "      seme (un numero, di norma 1) produce lo stesso negozio. Un archivio che\n"
-    "      esiste resta com'è, se non si dice --sovrascrivi.\n"
-    "  verifica ARCHIVIO\n"
-    "      Controlla i conti dell'archivio senza modificarlo.\n"
-    "  vendite ARCHIVIO [--ultime N]\n"
-    "      Stampa le ultime vendite salvate (di norma 10).\n"
-    "  --aiuto\n"
-    "      Stampa questo testo.\n"
-    "\n"
-    "Codici di uscita: 0 tutto bene, 1 errori, 2 comando non valido.\n";
-
-// The arguments of a command, taken one by one; what is left at the end is a mistake.
-class Argomenti {
-  public:
-    explicit Argomenti(QStringList argomenti) : mArgomenti(std::move(argomenti)) {}
-
-    bool prendiInterruttore(const QString& nome) { return mArgomenti.removeAll(nome) > 0; }
-
-    // The number behind an option; the default without it, nothing when what follows is no number.
-    std::optional<quint64> prendiNumero(const QString& nome, quint64 normale) {
-        const auto posizione = mArgomenti.indexOf(nome);
-        if (posizione < 0) return normale;
-        bool valido = false;
-        const quint64 valore = mArgomenti.value(posizione + 1).toULongLong(&valido);
-        mArgomenti.remove(posizione, valido ? 2 : 1);
-        return valido ? std::optional(valore) : std::nullopt;
-    }
-
-    // The one argument that must be left.
-    std::optional<QString> archivio() const {
-        if (mArgomenti.size() != 1 || mArgomenti.first().startsWith("--") || mArgomenti.first().isEmpty()) {
-            return std::nullopt;
-        }
-        return mArgomenti.first();
-    }
-
-  private:
-    QStringList mArgomenti;
-};
-
 int usoSbagliato(QTextStream& esito) {
-    esito << "Comando non valido.\n\n" << aiuto;
+    esito << "Comando non valido.\n\n" << testoAiuto;
     return UscitaUso;
 }
 
@@ -62,21 +23,50 @@ int uscita(bool riuscito) {
     return riuscito ? UscitaBuona : UscitaErrori;
 }
 
+// A number that an int holds.
+std::optional<int> prendiIntero(Argomenti& argomenti, const QString& nome, int normale) {
+    const auto numero = argomenti.prendiNumero(nome, static_cast<quint64>(normale));
+    if (!numero || *numero > static_cast<quint64>(std::numeric_limits<int>::max())) return std::nullopt;
+    return static_cast<int>(*numero);
+}
+
+// The three sizes come together; none of them is no size. False when only some were given, or no numbers.
+bool prendiMisure(Argomenti& argomenti, OpzioniCreazione& opzioni) {
+    constexpr int assente = std::numeric_limits<int>::max();
+    const auto prodotti = prendiIntero(argomenti, "--prodotti", assente);
+    const auto clienti = prendiIntero(argomenti, "--clienti", assente);
+    const auto righe = prendiIntero(argomenti, "--righe", assente);
+    if (!prodotti || !clienti || !righe) return false;
+    const int assenti = (*prodotti == assente) + (*clienti == assente) + (*righe == assente);
+    if (assenti == 0) opzioni.misure = MisureNegozio{*prodotti, *clienti, *righe};
+    return assenti == 3 || (assenti == 0 && !opzioni.demo);
+}
+
 int crea(Argomenti argomenti, QTextStream& esito) {
     OpzioniCreazione opzioni;
     opzioni.demo = argomenti.prendiInterruttore("--demo");
     opzioni.sovrascrivi = argomenti.prendiInterruttore("--sovrascrivi");
     const auto seme = argomenti.prendiNumero("--seme", opzioni.seme);
-    const auto archivio = argomenti.archivio();
-    if (!seme || !archivio) return usoSbagliato(esito);
+    const bool misure = prendiMisure(argomenti, opzioni);
+    const auto nomi = argomenti.nomi(1);
+    if (!seme || !misure || !nomi) return usoSbagliato(esito);
     opzioni.seme = *seme;
-    return uscita(creaArchivio(*archivio, opzioni, esito));
+    return uscita(creaArchivio(nomi->first(), opzioni, esito));
+}
+
+// From one archive or file to another.
+template <class Lavoro>
+int daUnoAllAltro(Lavoro lavoro, Argomenti argomenti, QTextStream& esito) {
+    const bool sovrascrivi = argomenti.prendiInterruttore("--sovrascrivi");
+    const auto nomi = argomenti.nomi(2);
+    if (!nomi) return usoSbagliato(esito);
+    return uscita(lavoro(nomi->first(), nomi->last(), sovrascrivi, esito));
 }
 
 int verifica(const Argomenti& argomenti, QTextStream& esito) {
-    const auto archivio = argomenti.archivio();
-    if (!archivio) return usoSbagliato(esito);
-    const EsitoVerifica trovato = verificaArchivio(*archivio);
+    const auto nomi = argomenti.nomi(1);
+    if (!nomi) return usoSbagliato(esito);
+    const EsitoVerifica trovato = verificaArchivio(nomi->first());
     for (const QString& riga : trovato.righe())
         esito << riga << "\n";
     return uscita(trovato.errori.isEmpty());
@@ -84,9 +74,14 @@ int verifica(const Argomenti& argomenti, QTextStream& esito) {
 
 int vendite(Argomenti argomenti, QTextStream& esito) {
     const auto ultime = argomenti.prendiNumero("--ultime", 10);
-    const auto archivio = argomenti.archivio();
-    if (!ultime || *ultime < 1 || *ultime > 1000000 || !archivio) return usoSbagliato(esito);
-    return uscita(stampaVendite(*archivio, static_cast<int>(*ultime), esito));
+    const auto nomi = argomenti.nomi(1);
+    if (!ultime || *ultime < 1 || *ultime > 1000000 || !nomi) return usoSbagliato(esito);
+    return uscita(stampaVendite(nomi->first(), static_cast<int>(*ultime), esito));
+}
+
+int collega(const Argomenti& argomenti, QTextStream& esito) {
+    const auto nomi = argomenti.nomi(1);
+    return nomi ? uscita(collegaCassa(nomi->first(), esito)) : usoSbagliato(esito);
 }
 
 }  // namespace
@@ -95,11 +90,16 @@ int eseguiComando(const QStringList& argomenti, QTextStream& esito) {
     const QString comando = argomenti.value(0);
     const Argomenti resto(argomenti.mid(1));
     if (comando == "--aiuto") {
-        esito << aiuto;
+        esito << testoAiuto;
         return UscitaBuona;
     }
     if (comando == "crea") return crea(resto, esito);
+    if (comando == "copia") return daUnoAllAltro(copiaArchivio, resto, esito);
+    if (comando == "importa") return daUnoAllAltro(importaAccess, resto, esito);
     if (comando == "verifica") return verifica(resto, esito);
     if (comando == "vendite") return vendite(resto, esito);
+    if (comando == "salva") return daUnoAllAltro(salvaArchivio, resto, esito);
+    if (comando == "ripristina") return daUnoAllAltro(ripristinaArchivio, resto, esito);
+    if (comando == "collega") return collega(resto, esito);
     return usoSbagliato(esito);
 }

@@ -1,96 +1,45 @@
 #include "archivio/create_archive.h"
 
-#include <cstdio>
-#include <memory>
-
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-
 #include "archivio/default_options.h"
 #include "archivio/demo_shop.h"
-#include "archivio/statement.h"
+#include "archivio/new_archive.h"
+#include "archivio/sized_shop.h"
 #include "core/run_time_error.h"
-#include "data/prepare_sql.h"
-#include "data/schema.h"
-#include "data/sqlite_connection.h"
 
 namespace {
 
-// The files that SQLite keeps beside an archive in use.
-const char* const compagni[] = {"-wal", "-shm", "-journal"};
-
-// A new folder beside the target, where the archive is made; it goes with all that is in it.
-class Cantiere {
-  public:
-    explicit Cantiere(const QFileInfo& destinazione)
-        : mCartella(destinazione.absolutePath() + "/." + destinazione.fileName() + ".nuovo-XXXXXX") {
-        if (!mCartella.isValid())
-            throw RunTimeError(RunTimeError::ErroreApplicazione, mCartella.errorString());
-    }
-    QString percorso() const { return mCartella.filePath("archivio"); }
-
-    void consegna(const QString& destinazione) {
-        for (const char* compagno : compagni)
-            QFile::remove(destinazione + compagno);
-        const QByteArray da = QFile::encodeName(percorso());
-        if (std::rename(da.constData(), QFile::encodeName(destinazione).constData()) != 0) {
-            throw RunTimeError(RunTimeError::ErroreApplicazione,
-                               "impossibile mettere l'archivio al suo posto: " + qt_error_string());
-        }
-    }
-
-  private:
-    QTemporaryDir mCartella;
-};
-
-void pretendi(bool riuscito, const SqliteConnection& connessione) {
-    if (!riuscito) throw RunTimeError(RunTimeError::ErroreApplicazione, connessione.errore().descrizione);
-}
-
-void riempi(SqliteConnection& connessione, const OpzioniCreazione& opzioni) {
-    pretendi(connessione.inizia(), connessione);
-    for (const QString& istruzione : schema::ddl(Access)) {
-        pretendi(connessione.eseguiNativo(istruzione), connessione);
-    }
-    if (opzioni.demo) {
-        riempiDemo(connessione.nativa(), opzioni.seme);
+void riempi(NuovoArchivio& nuovo, const OpzioniCreazione& opzioni) {
+    if (opzioni.misure) {
+        riempiNegozio(nuovo.scrittore(), *opzioni.misure, opzioni.seme);
+    } else if (opzioni.demo) {
+        riempiDemo(nuovo.scrittore(), opzioni.seme);
     } else {
-        Scrittore scrittore(connessione.nativa());
-        scriviOpzioni(scrittore, {});
+        scriviOpzioni(nuovo.scrittore(), {});
     }
-    pretendi(connessione.conferma(), connessione);
 }
 
-void costruisci(const QString& percorso, const OpzioniCreazione& opzioni) {
-    Cantiere cantiere{QFileInfo(percorso)};
-    ErroreServer errore;
-    std::unique_ptr<SqliteConnection> connessione = SqliteConnection::crea(cantiere.percorso(), errore);
-    if (!connessione) throw RunTimeError(RunTimeError::ErroreApplicazione, errore.descrizione);
-    riempi(*connessione, opzioni);
-    connessione.reset();
-    cantiere.consegna(percorso);
+QString genere(const OpzioniCreazione& opzioni) {
+    if (opzioni.misure) {
+        return QString(" (%1 prodotti, %2 clienti, %3 righe di vendita)")
+            .arg(opzioni.misure->prodotti)
+            .arg(opzioni.misure->clienti)
+            .arg(opzioni.misure->righe);
+    }
+    return opzioni.demo ? " (negozio dimostrativo)" : " (vuoto)";
 }
 
 }  // namespace
 
-bool creaArchivio(const QString& percorso, const OpzioniCreazione& opzioni, QTextStream& esito) {
-    const QFileInfo file(percorso);
-    if (file.isDir()) {
-        esito << "ERRORE: \"" << percorso << "\" è una cartella.\n";
-        return false;
-    }
-    if (file.exists() && !opzioni.sovrascrivi) {
-        esito << "ERRORE: il file \"" << percorso << "\" esiste già (--sovrascrivi per sostituirlo).\n";
-        return false;
-    }
+bool creaArchivio(const QString& nome, const OpzioniCreazione& opzioni, QTextStream& esito) {
     try {
-        costruisci(percorso, opzioni);
+        const NomeArchivio archivio = NomeArchivio::da(nome);
+        const auto nuovo = NuovoArchivio::inizia(archivio, opzioni.sovrascrivi);
+        riempi(*nuovo, opzioni);
+        nuovo->consegna();
+        esito << "Archivio creato: " << archivio.leggibile() << genere(opzioni) << "\n";
+        return true;
     } catch (const RunTimeError& errore) {
         esito << "ERRORE: archivio non creato: " << errore.descrizione() << "\n";
         return false;
     }
-    esito << "Archivio creato: " << percorso << (opzioni.demo ? " (negozio dimostrativo)" : " (vuoto)")
-          << "\n";
-    return true;
 }

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-#include "archivio/statement.h"
+#include "archivio/row_writer.h"
 #include "core/run_time_error.h"
 
 namespace {

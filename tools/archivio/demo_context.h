@@ -6,16 +6,30 @@
 #include <QString>
 
 #include "archivio/demo_random.h"
-#include "archivio/statement.h"
+#include "archivio/row_writer.h"
 
-// What the parts of the demo shop hand to each other: the writer, the dice, and the keys of the code tables
-// by their CODICE.
+// A product as it stands on a row of a sale.
+struct ProdottoVenduto {
+    qint64 chiave;
+    QString codice;
+    QString descrizione;
+    int listino1;  // cents, VAT excluded
+    int acquisto;  // cents
+    int iva;       // percent
+    qint64 chiaveIva;
+    qint64 chiaveUnita;
+    bool prezzoNetto;  // of the category whose prices depend on band and quantity
+};
+
+// What the parts of a made-up shop hand to each other: the writer, the dice, the keys of the code tables by
+// their CODICE, and the products in the order of their keys.
 struct ContestoDemo {
-    ContestoDemo(sqlite3* archivio, quint64 seme) : db(archivio), scrittore(archivio), casuale(seme) {}
+    ContestoDemo(Scrittore& dove, quint64 seme) : scrittore(dove), casuale(seme) {}
 
-    sqlite3* db;
-    Scrittore scrittore;
+    Scrittore& scrittore;
     Casuale casuale;
+    int totaleProdotti = 0;  // that the shop will have
+    int totaleClienti = 0;
     std::map<QString, qint64> iva;  // by rate, as text
     std::map<QString, qint64> unita;
     std::map<QString, qint64> marche;
@@ -26,6 +40,9 @@ struct ContestoDemo {
     std::map<QString, qint64> pagamenti;
     std::vector<qint64> clienti;
     std::vector<qint64> fornitori;
+    std::vector<ProdottoVenduto> venduti;  // with a price and a stock
+    // The product that stands at this place, counted on from the first one again behind the last.
+    int prodotto(int posizione) const { return 1 + (posizione - 1) % totaleProdotti; }
 };
 
 // Euro from cents, as the money columns take it.

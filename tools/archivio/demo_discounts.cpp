@@ -62,15 +62,12 @@ void scriviScontiVendita(ContestoDemo& c) {
 // Net prices by band and quantity, for every article of the net-price category.
 void scriviPrezziNetti(ContestoDemo& c) {
     const qint64 categoria = DemoNegozio::categoriaPrezziNetti;
-    Istruzione prodotti(c.db, "SELECT RID, LISTINO1 FROM Prodotti WHERE FK_CATSCOVEN = ? ORDER BY RID");
-    prodotti.lega({categoria});
-    while (prodotti.passo()) {
-        const auto listino = static_cast<qint64>(prodotti.reale(1) * 100.0 + 0.5);
+    for (const ProdottoVenduto& prodotto : c.venduti) {
+        if (!prodotto.prezzoNetto) continue;
         for (const auto& [fascia, chiaveFascia] : c.fasce) {
-            const qint64 testa =
-                c.scrittore.inserisci("CatScProdVendita", {{"FK_CATEGORIA", categoria},
-                                                           {"FK_FASCIA", chiaveFascia},
-                                                           {"FK_PRODOTTO", prodotti.intero(0)}});
+            const qint64 testa = c.scrittore.inserisci(
+                "CatScProdVendita",
+                {{"FK_CATEGORIA", categoria}, {"FK_FASCIA", chiaveFascia}, {"FK_PRODOTTO", prodotto.chiave}});
             const std::pair<double, double> scaglioni[] = {{0.01, 9.99}, {10, senzaLimite}};
             int percento = 92;
             for (const auto& [da, a] : scaglioni) {
@@ -78,7 +75,7 @@ void scriviPrezziNetti(ContestoDemo& c) {
                                       {{"FK_CATSCVENDITEPROD", testa},
                                        {"RANGEMIN", da},
                                        {"RANGEMAX", a},
-                                       {"PREZZO", euro(std::max<qint64>(1, listino * percento / 100))}});
+                                       {"PREZZO", euro(std::max(1, prodotto.listino1 * percento / 100))}});
                 percento -= 6;
             }
         }
@@ -118,7 +115,7 @@ void scriviListini(ContestoDemo& c) {
     scriviPrezzoPersonale(c, DemoNegozio::clienteArtigiano, 1, 0);
     for (int i = 0; i < 60; ++i) {
         const int cliente = 7 + i % 20;
-        scriviPrezzoPersonale(c, cliente, 30 + i * 31, c.casuale.tra(100, 2500));
+        scriviPrezzoPersonale(c, cliente, c.prodotto(30 + i * 31), c.casuale.tra(100, 2500));
     }
 }
 

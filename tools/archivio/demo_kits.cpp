@@ -30,23 +30,13 @@ void scriviComponente(ContestoDemo& c, qint64 distinta, const Componente& parte,
                                                    {"POS", pos}});
 }
 
-// Pairs of articles that stand in for each other, and articles that another one has replaced.
+// Pairs of articles that stand in for each other.
 void scriviAlternativi(ContestoDemo& c) {
     const int primo = static_cast<int>(prodottiFissi().size()) + 20;
     for (int i = 0; i < 25; ++i) {
         const int uno = primo + i * 70;
-        c.scrittore.inserisci("ProdottiAlternativi", {{"FK_PRODOTTO1", uno}, {"FK_PRODOTTO2", uno + 1}});
-    }
-}
-
-void scriviSostituiti(ContestoDemo& c) {
-    Istruzione sostituisci(
-        c.db,
-        "UPDATE Prodotti SET FK_SOSTITUITO = RID + 3 WHERE RID = ? AND DISABILITATO = 0 AND "
-        "EXISTS (SELECT 1 FROM Prodotti N WHERE N.RID = Prodotti.RID + 3 AND N.DISABILITATO = 0)");
-    for (int i = 0; i < 18; ++i) {
-        sostituisci.lega({c.casuale.tra(100, DemoNegozio::totaleProdotti - 10)});
-        sostituisci.passo();
+        c.scrittore.inserisci("ProdottiAlternativi",
+                              {{"FK_PRODOTTO1", c.prodotto(uno)}, {"FK_PRODOTTO2", c.prodotto(uno + 1)}});
     }
 }
 
@@ -66,5 +56,4 @@ void scriviDistinte(ContestoDemo& c) {
             scriviComponente(c, chiave, parte, ++pos);
     }
     scriviAlternativi(c);
-    scriviSostituiti(c);
 }

@@ -110,7 +110,7 @@ Cliente aziendaACaso(Casuale& casuale) {
     return cliente;
 }
 
-// The n-th private customer; no two of the first hundred have the same name.
+// The n-th private customer; no two of the first thousand have the same name.
 Cliente privato(Casuale& casuale, int n) {
     static const char* const cognomi[] = {"ROSSINELLI",   "FERRARONI", "BIANCONI", "COLOMBARI",
                                           "RICCIARDELLI", "GALLERANI", "CONTINI",  "MARCHESAN",
@@ -119,6 +119,7 @@ Cliente privato(Casuale& casuale, int n) {
                                        "ELENA", "DARIO", "CHIARA", "UGO",   "ROSA"};
     Cliente cliente;
     cliente.nome = QString(cognomi[n % 10]) + " " + nomi[(n * 3 + n / 10) % 10];
+    if (n >= 100) cliente.nome += QString(" ") + nomi[n / 100 % 10];
     cliente.sconto = casuale.percento(15) ? 5 : 0;
     return cliente;
 }
@@ -152,9 +153,10 @@ void scriviFornitori(ContestoDemo& c) {
 
 void scriviAnagrafiche(ContestoDemo& c) {
     scriviClientiNoti(c);
-    while (c.clienti.size() < 30)
+    const auto totale = static_cast<size_t>(c.totaleClienti);
+    while (c.clienti.size() < totale / 2)
         scriviCliente(c, aziendaACaso(c.casuale));
-    for (int n = 0; c.clienti.size() < 60; ++n) {
+    for (int n = 0; c.clienti.size() < totale; ++n) {
         scriviCliente(c, privato(c.casuale, n));
     }
     scriviFornitori(c);

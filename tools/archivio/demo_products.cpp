@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 
 #include <QStringList>
 
@@ -60,11 +61,18 @@ void aggiungiFamiglia(std::vector<Articolo>& articoli, const Famiglia& f) {
     }
 }
 
-// So many articles of the catalogue, chosen by the dice, in the order of the catalogue.
+// So many articles of the catalogue, chosen by the dice, in the order of the catalogue; a shop that wants
+// more of them has each in several series.
 std::vector<Articolo> scegliArticoli(Casuale& casuale, size_t quanti) {
     std::vector<Articolo> articoli;
     for (const Famiglia& f : catalogo())
         aggiungiFamiglia(articoli, f);
+    const size_t interi = articoli.size();
+    for (size_t i = interi; i < quanti; ++i) {
+        Articolo altro = articoli[i % interi];
+        altro.descrizione += QString(" SERIE %1").arg(i / interi + 1);
+        articoli.push_back(std::move(altro));
+    }
     while (articoli.size() > quanti) {
         articoli.erase(articoli.begin() + casuale.tra(0, static_cast<int>(articoli.size()) - 1));
     }
@@ -100,8 +108,9 @@ QString codiceEan(Casuale& casuale, int numero) {
                                                        "570", "590", "690", "760"};
     const QString prefisso =
         casuale.percento(85) ? QString::number(casuale.tra(801, 839)) : QString(casuale.uno(stranieri));
-    const int fabbricante = casuale.tra(10000, 99999);
-    return ean13(prefisso + QString("%1%2").arg(fabbricante).arg(numero, 4, 10, QChar(u'0')));
+    // A maker numbers ten thousand articles of its own.
+    const int fabbricante = 10000 + numero / 10000 % 90 * 1000 + casuale.tra(0, 999);
+    return ean13(prefisso + QString("%1%2").arg(fabbricante).arg(numero % 10000, 4, 10, QChar(u'0')));
 }
 
 const Categoria& categoriaDi(const QString& codice) {
@@ -132,7 +141,9 @@ void scriviFissi(ContestoDemo& c, Scorte& scorte) {
         aggiungiClassi(riga, c, p.categoria, p.iva, p.unita);
         aggiungiListini(riga, p.listino1, p.acquisto, posizione % 3 != 0, posizione);
         const std::vector<Scorte::Strato> strati = {{DemoNegozio::magazzinoNegozio, p.acquisto, p.giacenza}};
-        scorte.scrivi(riga, strati);
+        const qint64 chiave = scorte.scrivi(riga, strati);
+        c.venduti.push_back({chiave, p.codice, p.descrizione, p.listino1, p.acquisto, p.iva,
+                             c.iva.at(QString::number(p.iva)), c.unita.at(p.unita), false});
     }
 }
 
@@ -166,11 +177,21 @@ void scriviVoci(ContestoDemo& c, Scorte& scorte) {
     }
 }
 
+// Articles that another one has replaced, a few places further on; both are still sold.
+constexpr int distanzaSostituto = 3;
+
+std::set<int> scegliSostituiti(ContestoDemo& c) {
+    std::set<int> sostituiti;
+    for (int i = 0; i < 18; ++i)
+        sostituiti.insert(c.casuale.tra(100, c.totaleProdotti - 10));
+    return sostituiti;
+}
+
 // The flags that only a few articles have.
-void aggiungiParticolarita(Riga& riga, Casuale& casuale, const Articolo& a) {
+void aggiungiParticolarita(Riga& riga, Casuale& casuale, const Articolo& a, bool sempreInVendita) {
     const bool insetticida = a.descrizione.startsWith("INSETTICIDA CONCENTRATO");
     riga.insert(riga.end(), {{"SCONTO", casuale.percento(3) ? 10 : 0},
-                             {"DISABILITATO", casuale.percento(2) ? 1 : 0},
+                             {"DISABILITATO", casuale.percento(2) && !sempreInVendita ? 1 : 0},
                              {"BLOCCAPREZZO", casuale.percento(1) ? 1 : 0},
                              {"ELENCOSPECIALE", insetticida ? 1 : 0}});
     if (insetticida) riga.push_back({"NUMREGISTRAZIONE", QString("REG-%1").arg(casuale.tra(10000, 19999))});
@@ -189,8 +210,11 @@ QVariant categoriaSconti(ContestoDemo& c, const QString& categoria) {
     return codice.isEmpty() ? QVariant() : QVariant(c.categorieSconti.at(codice));
 }
 
-void scriviArticolo(ContestoDemo& c, Scorte& scorte, const Articolo& a, int numero) {
+void scriviArticolo(ContestoDemo& c, Scorte& scorte, const Articolo& a, const std::set<int>& sostituiti) {
     const Famiglia& f = *a.famiglia;
+    const int numero = scorte.prodotti() + 1;
+    const QVariant catScoVen = categoriaSconti(c, f.categoria);
+    const bool sostituito = sostituiti.count(numero) > 0;
     const int listino1 = std::max(4, scorpora(prezzoAlPubblico(c.casuale, a), f.iva));
     const int acquisto = std::max(1, listino1 * c.casuale.tra(50, 72) / 100);
     Riga riga = {{"CODICE", QString("%1%2").arg(QString(f.categoria)).arg(numero, 4, 10, QChar(u'0'))},
@@ -201,13 +225,17 @@ void scriviArticolo(ContestoDemo& c, Scorte& scorte, const Articolo& a, int nume
                  {"UBICAZIONE", scaffale(c.casuale)},
                  {"PESO", f.grammi / 1000.0},
                  {"COLLI", 1},
-                 {"FK_CATSCOVEN", categoriaSconti(c, f.categoria)},
+                 {"FK_CATSCOVEN", catScoVen},
+                 {"FK_SOSTITUITO", sostituito ? QVariant(numero + distanzaSostituto) : QVariant()},
                  {"FK_CATSCOACQ", c.categorieSconti.at(f.iva == 22 ? "FER" : "GIA")}};
     aggiungiClassi(riga, c, f.categoria, f.iva, f.unita);
     const bool listino3 = c.casuale.percento(70);
     aggiungiListini(riga, listino1, acquisto, listino3, c.casuale.tra(0, 150));
-    aggiungiParticolarita(riga, c.casuale, a);
-    scorte.scrivi(riga, stratiACaso(c.casuale, acquisto));
+    aggiungiParticolarita(riga, c.casuale, a, sostituito || sostituiti.count(numero - distanzaSostituto) > 0);
+    const qint64 chiave = scorte.scrivi(riga, stratiACaso(c.casuale, acquisto));
+    c.venduti.push_back({chiave, riga.front().second.toString(), a.descrizione, listino1, acquisto, f.iva,
+                         c.iva.at(QString::number(f.iva)), c.unita.at(f.unita),
+                         catScoVen == QVariant(c.categorieSconti.at("NET"))});
 }
 
 }  // namespace
@@ -216,9 +244,9 @@ void scriviProdotti(ContestoDemo& c) {
     Scorte scorte(c.scrittore);
     scriviFissi(c, scorte);
     scriviVoci(c, scorte);
-    const int giaScritti = scorte.prodotti();
+    const std::set<int> sostituiti = scegliSostituiti(c);
     const auto articoli =
-        scegliArticoli(c.casuale, static_cast<size_t>(DemoNegozio::totaleProdotti - giaScritti));
+        scegliArticoli(c.casuale, static_cast<size_t>(c.totaleProdotti - scorte.prodotti()));
     for (const Articolo& a : articoli)
-        scriviArticolo(c, scorte, a, scorte.prodotti() + 1);
+        scriviArticolo(c, scorte, a, sostituiti);
 }

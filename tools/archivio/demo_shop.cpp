@@ -32,8 +32,14 @@ void scriviSistema(Scrittore& scrittore) {
 
 }  // namespace
 
-void riempiDemo(sqlite3* db, quint64 seme) {
-    ContestoDemo c(db, seme);
+void riempiDemo(Scrittore& scrittore, quint64 seme) {
+    ContestoDemo c(scrittore, seme);
+    c.totaleProdotti = DemoNegozio::totaleProdotti;
+    c.totaleClienti = DemoNegozio::totaleClienti;
+    scriviNegozio(c);
+}
+
+void scriviNegozio(ContestoDemo& c) {
     scriviOpzioniDemo(c.scrittore);
     scriviSistema(c.scrittore);
     scriviCodici(c);

@@ -5,15 +5,19 @@
 #include <QString>
 #include <QtGlobal>
 
-struct sqlite3;
+class Scrittore;
+struct ContestoDemo;
 
 // The demo shop: hardware and housewares, with 2,000 products. Everything in it is invented. The same seed
 // makes the same archive, byte by byte.
-void riempiDemo(sqlite3* db, quint64 seme);
+void riempiDemo(Scrittore& scrittore, quint64 seme);
+// The shop of a context, of the size that it says: everything but sales.
+void scriviNegozio(ContestoDemo& c);
 
 // Keys of the demo shop that no seed changes, for demonstrations and tests.
 struct DemoNegozio {
     static constexpr int totaleProdotti = 2000;
+    static constexpr int totaleClienti = 60;
 
     // Magazzini
     static constexpr int magazzinoNegozio = 1;
@@ -31,15 +35,20 @@ struct DemoNegozio {
     static constexpr int causaleVendita = 1;
     static constexpr int causaleContanti = 2;
     static constexpr int causaleBancomat = 3;
+    static constexpr int causaleFattura = 6;
 
     // TipoDocumenti
     static constexpr int tipoVenditaBanco = 1;
     static constexpr int tipoFattura = 2;
     static constexpr int tipoFatturaIvata = 3;  // prices with VAT, a number of its own for every sale
     static constexpr int tipoBolla = 4;         // accompanies the goods
+    static constexpr int numeratoreVenditaBanco = 1;
+    static constexpr int numeratoreFattura = 2;
 
     static constexpr int pagamentoContanti = 1;
     static constexpr int contoCassa = 1;
+    static constexpr int contoVendite = 5;
+    static constexpr int contoIvaVendite = 6;
     static constexpr int contoClienti = 3;
     static constexpr int contoFornitori = 4;
     static constexpr int categoriaPrezziNetti = 7;

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "archivio/demo_random.h"
-#include "archivio/statement.h"
+#include "archivio/row_writer.h"
 
 // Writes products together with their stock, so that GIACENZA is always the sum of the layers.
 class Scorte {

@@ -1,105 +1,102 @@
 #include "archivio/sales_report.h"
 
-#include "archivio/read_only_archive.h"
-#include "archivio/statement.h"
+#include "archivio/archive.h"
 #include "core/run_time_error.h"
 #include "core/value_helpers.h"
 
 namespace {
 
-QString dataItaliana(const QString& dataDb) {
-    return dataDb.mid(8, 2) + "/" + dataDb.mid(5, 2) + "/" + dataDb.left(4);
+// A file's dates are texts.
+QString dataItaliana(const QVariant& data) {
+    const QString testo = data.toString();
+    return testo.mid(8, 2) + "/" + testo.mid(5, 2) + "/" + testo.left(4);
 }
 
-QString soldi(const Istruzione& i, int colonna) {
-    return formattaImporto(i.importo(colonna), 2);
+QString soldi(const Recordset& r, const char* colonna) {
+    return formattaImporto(r.importo(colonna), 2);
 }
 
-QString sconti(const Istruzione& i, int prima) {
+QString sconti(const Recordset& r) {
     QStringList parti;
-    for (int colonna = prima; colonna < prima + 3; ++colonna) {
-        if (i.reale(colonna) != 0.0) parti << i.testo(colonna).replace('.', ',');
+    for (const char* colonna : {"SCONTO", "SCONTO2", "SCONTO3"}) {
+        if (r.reale(colonna) != 0.0) parti << QString::number(r.reale(colonna)).replace('.', ',');
     }
     return parti.join('+');
 }
 
-void stampaRighe(sqlite3* db, qint64 movimento, qint64 vendita, QTextStream& esito) {
-    Istruzione i(
-        db,
+void stampaRighe(Archivio& archivio, const Recordset& vendita, QTextStream& esito) {
+    Recordset r = archivio.leggi(
         "SELECT POS, CODPRODOTTO, DESCPRODOTTO, QUANTITA, PREZZO, PREZZONETTO, VALOREIVA, TOTALERIGA, "
-        "SCONTO, SCONTO2, SCONTO3, IK_DETTAGLIOMOVIMENTO FROM DettagliMovimento "
-        "WHERE FK_MOVIMENTO = ? AND EXTRAPROG = ? ORDER BY POS, RID");
-    i.lega({movimento, vendita});
+        "SCONTO, SCONTO2, SCONTO3, IK_DETTAGLIOMOVIMENTO FROM DettagliMovimento WHERE FK_MOVIMENTO = " +
+        vendita.testo("RID") + " AND EXTRAPROG = " + vendita.testo("EXTRAPROG") + " ORDER BY POS, RID");
     Currency totale;
-    while (i.passo()) {
-        const QString rientro = i.intero(11) > 0 ? "+ " : "";
+    for (; !r.eof(); r.moveNext()) {
+        const QString rientro = r.intero("IK_DETTAGLIOMOVIMENTO") > 0 ? "+ " : "";
         esito << QString("  %1 %2 %3 %4 x %5 %6 = %7  IVA %8%  %9\n")
-                     .arg(i.intero(0), 3)
-                     .arg((rientro + i.testo(1)).leftJustified(14))
-                     .arg(i.testo(2).left(44).leftJustified(44))
-                     .arg(formattaImporto(i.reale(3), 2), 8)
-                     .arg(soldi(i, 4), 9)
-                     .arg(sconti(i, 8).leftJustified(8))
-                     .arg(soldi(i, 5), 9)
-                     .arg(i.testo(6).replace(".0", ""), 2)
-                     .arg(soldi(i, 7), 10);
-        totale += i.importo(7);
+                     .arg(r.intero("POS"), 3)
+                     .arg((rientro + r.testo("CODPRODOTTO")).leftJustified(14))
+                     .arg(r.testo("DESCPRODOTTO").left(44).leftJustified(44))
+                     .arg(formattaImporto(r.reale("QUANTITA"), 2), 8)
+                     .arg(soldi(r, "PREZZO"), 9)
+                     .arg(sconti(r).leftJustified(8))
+                     .arg(soldi(r, "PREZZONETTO"), 9)
+                     .arg(QString::number(r.reale("VALOREIVA")), 2)
+                     .arg(soldi(r, "TOTALERIGA"), 10);
+        totale += r.importo("TOTALERIGA");
     }
     esito << "  Totale vendita: " << formattaImporto(totale, 2) << "\n";
 }
 
-void stampaRegistrazione(sqlite3* db, qint64 primaNota, QTextStream& esito) {
-    Istruzione i(
-        db,
-        "SELECT PN.PROGRESSIVO, PN.DESCRIZIONE, PC.DESCRIZIONE, D.DARE, D.AVERE FROM PrimaNota PN "
+void stampaRegistrazione(Archivio& archivio, const QVariant& primaNota, QTextStream& esito) {
+    if (primaNota.isNull()) return;
+    Recordset r = archivio.leggi(
+        "SELECT PN.PROGRESSIVO, PN.DESCRIZIONE, PC.DESCRIZIONE AS CONTO, D.DARE, D.AVERE FROM PrimaNota PN "
         "JOIN PrimaNotaDettagli D ON D.FK_PRIMANOTA = PN.RID JOIN PianoConti PC ON D.FK_CONTO = PC.RID "
-        "WHERE PN.RID = ? ORDER BY D.RID");
-    i.lega({primaNota});
-    bool prima = true;
-    while (i.passo()) {
-        if (prima) esito << "  Prima nota " << i.intero(0) << ": " << i.testo(1) << "\n";
-        prima = false;
+        "WHERE PN.RID = " +
+        QString::number(primaNota.toLongLong()) + " ORDER BY D.RID");
+    if (!r.eof())
+        esito << "  Prima nota " << r.testo("PROGRESSIVO") << ": " << r.testo("DESCRIZIONE") << "\n";
+    for (; !r.eof(); r.moveNext()) {
         esito << QString("      %1 dare %2 avere %3\n")
-                     .arg(i.testo(2).leftJustified(28))
-                     .arg(soldi(i, 3), 10)
-                     .arg(soldi(i, 4), 10);
+                     .arg(r.testo("CONTO").leftJustified(28))
+                     .arg(soldi(r, "DARE"), 10)
+                     .arg(soldi(r, "AVERE"), 10);
     }
 }
 
 const char* const vendite =
-    "SELECT M.RID, D.EXTRAPROG, M.PROGRESSIVO, M.DATA, M.ID_CASSA, TD.CODICE, TD.DESCRIZIONE, A.NUMERO, "
-    "A.DENOMINAZIONE, P.DESCRIZIONE, M.TOTDOCUMENTO, M.TOTIMPONIBILE, M.TOTIMPOSTA, M.FK_PRIMANOTA, "
-    "M.FK_PNPAGAMENTO, MAX(D.RID) AS ULTIMA FROM DettagliMovimento D JOIN Movimenti M ON D.FK_MOVIMENTO = "
-    "M.RID "
-    "JOIN TipoDocumenti TD ON M.FK_TIPODOCUMENTO = TD.RID LEFT JOIN Anagrafiche A ON M.FK_CONTROPARTITA = "
-    "A.RID "
-    "LEFT JOIN Pagamenti P ON M.FK_PAGAMENTO = P.RID GROUP BY M.RID, D.EXTRAPROG ORDER BY ULTIMA DESC LIMIT "
-    "?";
+    "SELECT M.RID, U.EXTRAPROG, M.PROGRESSIVO, M.DATA, M.ID_CASSA, TD.CODICE, TD.DESCRIZIONE, A.NUMERO, "
+    "A.DENOMINAZIONE, P.DESCRIZIONE AS PAGAMENTO, M.TOTDOCUMENTO, M.TOTIMPONIBILE, M.TOTIMPOSTA, "
+    "M.FK_PRIMANOTA, M.FK_PNPAGAMENTO FROM (SELECT FK_MOVIMENTO, EXTRAPROG, MAX(RID) AS ULTIMA "
+    "FROM DettagliMovimento GROUP BY FK_MOVIMENTO, EXTRAPROG) U JOIN Movimenti M ON U.FK_MOVIMENTO = M.RID "
+    "JOIN TipoDocumenti TD ON M.FK_TIPODOCUMENTO = TD.RID "
+    "LEFT JOIN Anagrafiche A ON M.FK_CONTROPARTITA = A.RID "
+    "LEFT JOIN Pagamenti P ON M.FK_PAGAMENTO = P.RID ORDER BY U.ULTIMA DESC";
 
-void stampaVendita(sqlite3* db, const Istruzione& i, QTextStream& esito) {
+void stampaVendita(Archivio& archivio, const Recordset& r, QTextStream& esito) {
     esito << QString("%1 %2 n. %3/%4 del %5, cassa %6\n")
-                 .arg(i.testo(5), i.testo(6), i.testo(2).rightJustified(4, '0'), i.testo(1),
-                      dataItaliana(i.testo(3)), i.testo(4));
-    esito << "  Cliente: " << i.testo(7) << " " << i.testo(8) << ", pagamento: " << i.testo(9) << "\n";
-    stampaRighe(db, i.intero(0), i.intero(1), esito);
-    esito << "  Totale documento: " << soldi(i, 10) << " (imponibile " << soldi(i, 11) << ", imposta "
-          << soldi(i, 12) << ")\n";
-    stampaRegistrazione(db, i.intero(13), esito);
-    stampaRegistrazione(db, i.intero(14), esito);
+                 .arg(r.testo("CODICE"), r.testo("DESCRIZIONE"),
+                      r.testo("PROGRESSIVO").rightJustified(4, '0'), r.testo("EXTRAPROG"),
+                      dataItaliana(r.campo("DATA")), r.testo("ID_CASSA"));
+    esito << "  Cliente: " << r.testo("NUMERO") << " " << r.testo("DENOMINAZIONE")
+          << ", pagamento: " << r.testo("PAGAMENTO") << "\n";
+    stampaRighe(archivio, r, esito);
+    esito << "  Totale documento: " << soldi(r, "TOTDOCUMENTO") << " (imponibile "
+          << soldi(r, "TOTIMPONIBILE") << ", imposta " << soldi(r, "TOTIMPOSTA") << ")\n";
+    stampaRegistrazione(archivio, r.campo("FK_PRIMANOTA"), esito);
+    stampaRegistrazione(archivio, r.campo("FK_PNPAGAMENTO"), esito);
     esito << "\n";
 }
 
 }  // namespace
 
-bool stampaVendite(const QString& percorso, int ultime, QTextStream& esito) {
+bool stampaVendite(const QString& nome, int ultime, QTextStream& esito) {
     try {
-        const ArchivioLetto archivio(percorso);
-        Istruzione i(archivio.db(), vendite);
-        i.lega({ultime});
-        int stampate = 0;
-        for (; i.passo(); ++stampate)
-            stampaVendita(archivio.db(), i, esito);
-        if (stampate == 0) esito << "Nessuna vendita salvata.\n";
+        const auto archivio = apriPerGuardare(NomeArchivio::da(nome));
+        Recordset r = archivio->leggi(primeRighe(vendite, ultime, archivio->tipoServer()));
+        if (r.eof()) esito << "Nessuna vendita salvata.\n";
+        for (; !r.eof(); r.moveNext())
+            stampaVendita(*archivio, r, esito);
     } catch (const RunTimeError& errore) {
         esito << "ERRORE: " << errore.descrizione() << "\n";
         return false;

@@ -5,4 +5,4 @@
 
 // Prints the last saved sales, the latest one first: header, rows, totals and the journal. A sale is one
 // sub-number of a document. False when the archive cannot be read; `esito` says why.
-bool stampaVendite(const QString& percorso, int ultime, QTextStream& esito);
+bool stampaVendite(const QString& nome, int ultime, QTextStream& esito);

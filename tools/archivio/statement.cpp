@@ -25,16 +25,6 @@ int legaValore(sqlite3_stmt* stmt, int posizione, const QVariant& valore) {
     }
 }
 
-QByteArray testoInserimento(const char* tabella, const Riga& riga) {
-    QByteArray colonne;
-    QByteArray segni;
-    for (const auto& [nome, valore] : riga) {
-        colonne += (colonne.isEmpty() ? "" : ", ") + QByteArray(nome);
-        segni += segni.isEmpty() ? "?" : ", ?";
-    }
-    return "INSERT INTO " + QByteArray(tabella) + " (" + colonne + ") VALUES (" + segni + ")";
-}
-
 }  // namespace
 
 Istruzione::Istruzione(sqlite3* db, const QString& sql) : mDb(db) {
@@ -59,30 +49,28 @@ bool Istruzione::passo() {
     return esito == SQLITE_ROW;
 }
 
-bool Istruzione::nullo(int colonna) const {
-    return sqlite3_column_type(mStmt, colonna) == SQLITE_NULL;
-}
-qint64 Istruzione::intero(int colonna) const {
-    return sqlite3_column_int64(mStmt, colonna);
-}
-double Istruzione::reale(int colonna) const {
-    return sqlite3_column_double(mStmt, colonna);
+int Istruzione::campi() const {
+    return sqlite3_column_count(mStmt);
 }
 
-QString Istruzione::testo(int colonna) const {
-    const auto* byte = reinterpret_cast<const char*>(sqlite3_column_text(mStmt, colonna));
-    return QString::fromUtf8(byte, sqlite3_column_bytes(mStmt, colonna));
+QStringList Istruzione::nomi() const {
+    QStringList nomi;
+    for (int i = 0; i < campi(); ++i)
+        nomi << QString::fromUtf8(sqlite3_column_name(mStmt, i));
+    return nomi;
 }
 
-qint64 Scrittore::inserisci(const char* tabella, const Riga& riga) {
-    const QByteArray sql = testoInserimento(tabella, riga);
-    std::unique_ptr<Istruzione>& istruzione = mPreparate[sql];
-    if (!istruzione) istruzione = std::make_unique<Istruzione>(mDb, QString::fromUtf8(sql));
-
-    std::vector<QVariant> valori;
-    for (const auto& [nome, valore] : riga)
-        valori.push_back(valore);
-    istruzione->lega(valori);
-    istruzione->passo();
-    return sqlite3_last_insert_rowid(mDb);
+QVariant Istruzione::valore(int colonna) const {
+    switch (sqlite3_column_type(mStmt, colonna)) {
+        case SQLITE_NULL:
+            return {};
+        case SQLITE_INTEGER:
+            return static_cast<qlonglong>(sqlite3_column_int64(mStmt, colonna));
+        case SQLITE_FLOAT:
+            return sqlite3_column_double(mStmt, colonna);
+        default: {
+            const auto* byte = reinterpret_cast<const char*>(sqlite3_column_text(mStmt, colonna));
+            return QString::fromUtf8(byte, sqlite3_column_bytes(mStmt, colonna));
+        }
+    }
 }

@@ -1,7 +1,6 @@
 #include "archivio/verify_archive.h"
 
-#include "archivio/read_only_archive.h"
-#include "archivio/statement.h"
+#include "archivio/archive.h"
 #include "archivio/verify_checks.h"
 #include "core/run_time_error.h"
 
@@ -14,16 +13,17 @@ QStringList ordinate(QStringList trovate, const QString& etichetta) {
     return trovate;
 }
 
-// Whether the pages, the indexes and the rows of the file are whole; a damaged one cannot be checked further.
-bool fileIntegro(sqlite3* db, EsitoVerifica& esito) {
-    Istruzione controllo(db, "PRAGMA integrity_check(20)");
-    while (controllo.passo()) {
-        if (controllo.testo(0) != "ok") esito.errori << "archivio danneggiato: " + controllo.testo(0);
-    }
-    return esito.errori.isEmpty();
-}
-
 }  // namespace
+
+QStringList danniFile(Archivio& archivio) {
+    QStringList danni;
+    Recordset controllo = archivio.leggi("PRAGMA integrity_check(20)");
+    for (; !controllo.eof(); controllo.moveNext()) {
+        const QString trovato = controllo.campo(0).toString();
+        if (trovato != "ok") danni << "archivio danneggiato: " + trovato;
+    }
+    return danni;
+}
 
 QStringList EsitoVerifica::righe() const {
     QStringList tutte = ordinate(errori, "ERRORE: ") + ordinate(note, "NOTA: ");
@@ -31,14 +31,17 @@ QStringList EsitoVerifica::righe() const {
     return tutte;
 }
 
-EsitoVerifica verificaArchivio(const QString& percorso) {
+EsitoVerifica verificaArchivio(const QString& nome) {
     EsitoVerifica esito;
     try {
-        const ArchivioLetto archivio(percorso);
-        if (!fileIntegro(archivio.db(), esito)) return esito;
+        const NomeArchivio archivioDetto = NomeArchivio::da(nome);
+        const auto archivio = apriPerGuardare(archivioDetto);
+        // A damaged file cannot be checked further; a server sees to that itself.
+        if (archivioDetto.file()) esito.errori = danniFile(*archivio);
+        if (!esito.errori.isEmpty()) return esito;
         for (auto* controllo :
              {verificaTotali, verificaNumeri, verificaGiacenze, verificaPrimaNota, verificaRiferimenti}) {
-            controllo(archivio.db(), esito);
+            controllo(*archivio, esito);
         }
     } catch (const RunTimeError& errore) {
         esito.errori << errore.descrizione();

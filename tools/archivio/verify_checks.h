@@ -2,17 +2,20 @@
 
 #include "archivio/verify_archive.h"
 
-struct sqlite3;
+class Archivio;
 
-// The single checks; each adds what it finds.
+// The single checks; each adds what it finds. Their statements are in words that all servers know.
 
 // Rows against the totals of their header, and the amounts of kits.
-void verificaTotali(sqlite3* db, EsitoVerifica& esito);
+void verificaTotali(Archivio& archivio, EsitoVerifica& esito);
 // Numbers that must be unique, and the counters that gave them.
-void verificaNumeri(sqlite3* db, EsitoVerifica& esito);
+void verificaNumeri(Archivio& archivio, EsitoVerifica& esito);
 // The stock of a product against its layers.
-void verificaGiacenze(sqlite3* db, EsitoVerifica& esito);
+void verificaGiacenze(Archivio& archivio, EsitoVerifica& esito);
 // Debit against credit of each journal entry.
-void verificaPrimaNota(sqlite3* db, EsitoVerifica& esito);
+void verificaPrimaNota(Archivio& archivio, EsitoVerifica& esito);
 // References to rows that are not there.
-void verificaRiferimenti(sqlite3* db, EsitoVerifica& esito);
+void verificaRiferimenti(Archivio& archivio, EsitoVerifica& esito);
+
+// The references between tables that point to nothing, one text each; the first of each kind only.
+QStringList riferimentiRotti(Archivio& archivio);

@@ -1,14 +1,19 @@
-#include "archivio/statement.h"
+#include "archivio/archive.h"
 #include "archivio/verify_checks.h"
 
 namespace {
 
+// Only entries that may be wrong; what counts is decided on exact amounts.
 const char* const registrazioni =
-    "SELECT PN.RID, PN.PROGRESSIVO, substr(PN.DATA, 1, 4), PN.IMPORTO, TOTAL(D.DARE), TOTAL(D.AVERE), "
-    "COUNT(D.RID), COALESCE(MIN(MIN(D.DARE, D.AVERE)), 0), COALESCE(C.FK_CONTODARE1, 0) > 0, "
-    "COALESCE(C.FK_CONTODARE2, 0) > 0, COALESCE(C.FK_CONTOAVERE1, 0) > 0, COALESCE(C.FK_CONTOAVERE2, 0) > 0 "
-    "FROM PrimaNota PN LEFT JOIN PrimaNotaDettagli D ON D.FK_PRIMANOTA = PN.RID "
-    "LEFT JOIN Causali C ON PN.FK_CAUSALE = C.RID GROUP BY PN.RID";
+    "SELECT PN.PROGRESSIVO, YEAR(PN.DATA) AS ANNO, PN.IMPORTO, COALESCE(D.DARE, 0) AS DARE, "
+    "COALESCE(D.AVERE, 0) AS AVERE, COALESCE(D.RIGHE, 0) AS RIGHE, COALESCE(D.MINIMO, 0) AS MINIMO, "
+    "COALESCE(C.FK_CONTODARE1, 0) AS DARE1, COALESCE(C.FK_CONTODARE2, 0) AS DARE2, "
+    "COALESCE(C.FK_CONTOAVERE1, 0) AS AVERE1, COALESCE(C.FK_CONTOAVERE2, 0) AS AVERE2 "
+    "FROM PrimaNota PN LEFT JOIN (SELECT FK_PRIMANOTA, SUM(DARE) AS DARE, SUM(AVERE) AS AVERE, "
+    "COUNT(*) AS RIGHE, MIN(CASE WHEN DARE < AVERE THEN DARE ELSE AVERE END) AS MINIMO "
+    "FROM PrimaNotaDettagli GROUP BY FK_PRIMANOTA) D ON D.FK_PRIMANOTA = PN.RID "
+    "LEFT JOIN Causali C ON PN.FK_CAUSALE = C.RID "
+    "WHERE D.RIGHE IS NULL OR ABS(COALESCE(D.DARE, 0) - COALESCE(D.AVERE, 0)) > 0.00001";
 
 struct Registrazione {
     QString nome;
@@ -22,17 +27,17 @@ struct Registrazione {
     bool scorporaIva;
 };
 
-Registrazione leggi(const Istruzione& i) {
-    const auto acceso = [&](int colonna) { return i.intero(colonna) != 0; };
-    return {QString("prima nota %1/%2").arg(i.intero(1)).arg(i.testo(2)),
-            i.importo(3),
-            i.importo(4),
-            i.importo(5),
-            i.intero(6) == 0,
-            i.reale(7) < 0,
-            acceso(8) || acceso(9),
-            acceso(10) || acceso(11),
-            acceso(9) || acceso(11)};
+Registrazione leggi(const Recordset& r) {
+    const auto acceso = [&](const char* colonna) { return r.intero(colonna) > 0; };
+    return {"prima nota " + r.testo("PROGRESSIVO") + "/" + r.testo("ANNO"),
+            r.importo("IMPORTO"),
+            r.importo("DARE"),
+            r.importo("AVERE"),
+            r.intero("RIGHE") == 0,
+            r.reale("MINIMO") < 0,
+            acceso("DARE1") || acceso("DARE2"),
+            acceso("AVERE1") || acceso("AVERE2"),
+            acceso("DARE2") || acceso("AVERE2")};
 }
 
 // Why the rules themselves leave an entry unbalanced; empty when they do not.
@@ -60,8 +65,8 @@ void verifica(const Registrazione& r, EsitoVerifica& esito) {
 
 }  // namespace
 
-void verificaPrimaNota(sqlite3* db, EsitoVerifica& esito) {
-    Istruzione i(db, registrazioni);
-    while (i.passo())
-        verifica(leggi(i), esito);
+void verificaPrimaNota(Archivio& archivio, EsitoVerifica& esito) {
+    Recordset righe = archivio.leggi(registrazioni);
+    for (; !righe.eof(); righe.moveNext())
+        verifica(leggi(righe), esito);
 }

@@ -1,6 +1,6 @@
 #include <cstdlib>
 
-#include "archivio/statement.h"
+#include "archivio/archive.h"
 #include "archivio/verify_checks.h"
 
 namespace {
@@ -18,15 +18,20 @@ QString leggibile(qint64 decimillesimi) {
     return Currency::daScalato(decimillesimi).testo();
 }
 
+// Only documents that may be wrong; what counts is decided on exact amounts.
 const char* const totali =
-    "SELECT M.RID, COALESCE(TD.CODICE, '?') || ' ' || M.PROGRESSIVO || '/' || M.ANNO, M.TOTDOCUMENTO, "
-    "M.TOTIMPOSTA, M.TOTIMPONIBILE, COALESCE(S.TOTALE, 0), COALESCE(S.IMPOSTA, 0), "
-    "COALESCE(S.VENDITE, 0), COALESCE(S.ULTIMA, 0), PN.IMPORTO, PP.IMPORTO "
-    "FROM Movimenti M LEFT JOIN TipoDocumenti TD ON M.FK_TIPODOCUMENTO = TD.RID "
+    "SELECT COALESCE(TD.CODICE, '?') AS TIPO, M.PROGRESSIVO, M.ANNO, M.TOTDOCUMENTO, M.TOTIMPOSTA, "
+    "M.TOTIMPONIBILE, COALESCE(S.TOTALE, 0) AS TOTALE, COALESCE(S.IMPOSTA, 0) AS IMPOSTA, "
+    "COALESCE(S.VENDITE, 0) AS VENDITE, COALESCE(S.ULTIMA, 0) AS ULTIMA, PN.IMPORTO AS REGISTRATO, "
+    "PP.IMPORTO AS INCASSATO FROM Movimenti M LEFT JOIN TipoDocumenti TD ON M.FK_TIPODOCUMENTO = TD.RID "
     "LEFT JOIN (SELECT FK_MOVIMENTO, SUM(TOTALERIGA) AS TOTALE, SUM(TOTALEIVA) AS IMPOSTA, "
     "COUNT(DISTINCT EXTRAPROG) AS VENDITE, MAX(EXTRAPROG) AS ULTIMA FROM DettagliMovimento "
     "GROUP BY FK_MOVIMENTO) S ON S.FK_MOVIMENTO = M.RID "
-    "LEFT JOIN PrimaNota PN ON M.FK_PRIMANOTA = PN.RID LEFT JOIN PrimaNota PP ON M.FK_PNPAGAMENTO = PP.RID";
+    "LEFT JOIN PrimaNota PN ON M.FK_PRIMANOTA = PN.RID LEFT JOIN PrimaNota PP ON M.FK_PNPAGAMENTO = PP.RID "
+    "WHERE ABS(COALESCE(M.TOTDOCUMENTO, 0) - COALESCE(S.TOTALE, 0)) > 0.0045 "
+    "OR ABS(COALESCE(M.TOTIMPOSTA, 0) - COALESCE(S.IMPOSTA, 0)) > 0.00005 "
+    "OR ABS(COALESCE(M.TOTDOCUMENTO, 0) - COALESCE(M.TOTIMPOSTA, 0) - COALESCE(M.TOTIMPONIBILE, 0)) > "
+    "0.00005";
 
 struct Testata {
     QString nome;
@@ -39,19 +44,20 @@ struct Testata {
     bool ripostata;        // the journal carries the sum of the rows that are left
 };
 
-Testata leggi(const Istruzione& i) {
-    const qint64 righe = i.importo(5).scalato();
-    const auto comeLeRighe = [&](int colonna) {
-        return !i.nullo(colonna) && !diversi(i.importo(colonna).scalato(), righe, mezzoCentesimo);
+Testata leggi(const Recordset& r) {
+    const qint64 righe = r.importo("TOTALE").scalato();
+    const auto comeLeRighe = [&](const char* colonna) {
+        return !r.campo(colonna).isNull() && !diversi(r.importo(colonna).scalato(), righe, mezzoCentesimo);
     };
-    return {i.testo(1),
-            i.importo(2).scalato(),
-            i.importo(3).scalato(),
-            i.importo(4).scalato(),
+    const int vendite = r.intero("VENDITE");
+    return {r.testo("TIPO") + " " + r.testo("PROGRESSIVO") + "/" + r.testo("ANNO"),
+            r.importo("TOTDOCUMENTO").scalato(),
+            r.importo("TOTIMPOSTA").scalato(),
+            r.importo("TOTIMPONIBILE").scalato(),
             righe,
-            i.importo(6).scalato(),
-            i.intero(7) > 0 && i.intero(7) < i.intero(8),
-            i.intero(7) > 0 && (comeLeRighe(9) || comeLeRighe(10))};
+            r.importo("IMPOSTA").scalato(),
+            vendite > 0 && vendite<r.intero("ULTIMA"), vendite> 0 &&
+                (comeLeRighe("REGISTRATO") || comeLeRighe("INCASSATO"))};
 }
 
 // A deletion re-posts the journal for the sales that remain but leaves the totals of the header, which the
@@ -70,10 +76,10 @@ void confrontaConRighe(const Testata& t, EsitoVerifica& esito) {
     }
 }
 
-void verificaTestate(sqlite3* db, EsitoVerifica& esito) {
-    Istruzione i(db, totali);
-    while (i.passo()) {
-        const Testata t = leggi(i);
+void verificaTestate(Archivio& archivio, EsitoVerifica& esito) {
+    Recordset righe = archivio.leggi(totali);
+    for (; !righe.eof(); righe.moveNext()) {
+        const Testata t = leggi(righe);
         if (diversi(t.documento - t.imposta, t.imponibile, ultimoDecimale)) {
             esito.errori << QString("documento %1: imponibile %2, ma totale meno imposta è %3")
                                 .arg(t.nome, leggibile(t.imponibile), leggibile(t.documento - t.imposta));
@@ -84,21 +90,20 @@ void verificaTestate(sqlite3* db, EsitoVerifica& esito) {
 }
 
 // The head of a kit stands in the document without money; its components carry it.
-void verificaTesteDistinta(sqlite3* db, EsitoVerifica& esito) {
-    Istruzione i(
-        db,
+void verificaTesteDistinta(Archivio& archivio, EsitoVerifica& esito) {
+    Recordset righe = archivio.leggi(
         "SELECT D.RID, D.CODPRODOTTO FROM DettagliMovimento D JOIN Opzioni O ON O.NOME = 'DistintaBase' "
-        "WHERE substr(D.CODPRODOTTO, 1, 1) = substr(O.VALORE, 1, 1) AND O.VALORE <> '' AND "
+        "WHERE SUBSTRING(D.CODPRODOTTO, 1, 1) = SUBSTRING(O.VALORE, 1, 1) AND O.VALORE <> '' AND "
         "(D.PREZZO <> 0 OR D.PREZZONETTO <> 0 OR D.TOTALEIVA <> 0 OR D.TOTALERIGA <> 0)");
-    while (i.passo()) {
-        esito.errori
-            << QString("riga %1: la testa di distinta %2 ha importi propri").arg(i.intero(0)).arg(i.testo(1));
+    for (; !righe.eof(); righe.moveNext()) {
+        esito.errori << "riga " + righe.testo("RID") + ": la testa di distinta " +
+                            righe.testo("CODPRODOTTO") + " ha importi propri";
     }
 }
 
 }  // namespace
 
-void verificaTotali(sqlite3* db, EsitoVerifica& esito) {
-    verificaTestate(db, esito);
-    verificaTesteDistinta(db, esito);
+void verificaTotali(Archivio& archivio, EsitoVerifica& esito) {
+    verificaTestate(archivio, esito);
+    verificaTesteDistinta(archivio, esito);
 }

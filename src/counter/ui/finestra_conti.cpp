@@ -6,6 +6,7 @@
 #include <QStackedWidget>
 
 #include "counter/ui/frmMain.h"
+#include "counter/ui/scan_queue.h"
 
 FinestraConti::FinestraConti(const QString& titolo) : mPagine(new QStackedWidget(this)) {
     setObjectName("FinestraConti");
@@ -13,6 +14,7 @@ FinestraConti::FinestraConti(const QString& titolo) : mPagine(new QStackedWidget
     auto* tutto = new QVBoxLayout(this);
     tutto->setContentsMargins(0, 0, 0, 0);
     tutto->addWidget(mPagine);
+    new ScansioniInAttesa(*this);
 }
 
 void FinestraConti::mostra(frmMain* pagina) {

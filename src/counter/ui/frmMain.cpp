@@ -11,11 +11,14 @@
 #include "counter/ui/assembly.h"
 #include "counter/ui/finestra_conti.h"
 #include "counter/ui/grid_view.h"
+#include "counter/ui/key_text.h"
 #include "data/gateway.h"
 #include "kit/ui/campo_edit.h"
+#include "kit/ui/frmRicerca.h"
 #include "kit/ui/frmSelectElement.h"
 #include "sale/alternatives.h"
 #include "sale/grid.h"
+#include "sale/kits.h"
 #include "sale/row_editor.h"
 
 namespace {
@@ -100,6 +103,12 @@ bool frmMain::selezionaElemento(Recordset& righe, const QString& colonne) {
     return elenco.elementoSelezionato();
 }
 
+QString frmMain::ricerca(const RichiestaRicerca& richiesta) {
+    frmRicerca finestra(mOperatore, window());
+    finestra.startMe(richiesta);
+    return finestra.risultato();
+}
+
 // ---- Buttons and fields
 
 EventiSchermo frmMain::eventi() {
@@ -127,6 +136,8 @@ void frmMain::collegaGriglia() {
             [this](int riga) { evento("flxVB_RowColChange", [&] { flxVB_RowColChange(vendita(), riga); }); });
     connect(mGriglia, &GrigliaVendita::rigaPremuta, this,
             [this](int riga) { evento("flxVB_Click", [&] { flxVB_Click(vendita(), riga); }); });
+    connect(mGriglia, &GrigliaVendita::iconaPremuta, this,
+            [this](int riga) { evento("flxVB_Click", [&] { piegaFigli(vendita(), riga); }); });
 }
 
 // ---- Timers
@@ -135,7 +146,9 @@ void frmMain::collegaTimer() {
     for (size_t i = 0; i < numeroTimer; ++i) {
         connect(&mTimer[i], &QTimer::timeout, this, [this, i] { scaduto(static_cast<Timer>(i)); });
     }
-    mTimer[static_cast<size_t>(Timer::Griglia)].setSingleShot(true);
+    for (const Timer unico : {Timer::Griglia, Timer::Raffica}) {
+        mTimer[static_cast<size_t>(unico)].setSingleShot(true);
+    }
 }
 
 void frmMain::avviaTimer(Timer timer, int millisecondi) {
@@ -164,6 +177,9 @@ void frmMain::scaduto(Timer timer) {
         case Timer::Fido:
             v.pctFido.visibile(!v.pctFido.visibile());
             break;
+        case Timer::Raffica:
+            evento("TimerRaffica_Timer", [&] { TimerRaffica_Timer(*this); });
+            break;
         case Timer::Segnala:
             v.pctSegnala.visibile(!v.pctSegnala.visibile());
             break;
@@ -188,9 +204,8 @@ bool frmMain::tastoGiu(const QKeyEvent& tasto) {
     if (!tasto.isAutoRepeat()) mTastiPremuti.insert(tasto.key(), modificatori);
     return evento("Form_KeyDown", [&] {
         if (Form_KeyDown(*this, tasto.key(), modificatori)) return true;
-        const QString testo = tasto.text();
-        const bool comando = tasto.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-        return !comando && testo.size() == 1 && testo[0].isPrint() && Form_KeyPress(*this, testo[0]);
+        const auto carattere = carattereDelTasto(tasto);
+        return carattere && Form_KeyPress(*this, *carattere, istanteDelTasto(tasto));
     });
 }
 

@@ -23,6 +23,8 @@ class frmMain final : public QWidget, public Conto {
 
     // The screen came to the front, in another's place. A box that closes over it is no such event.
     void attivata();
+    // No rule of an event is running, nor waiting for an answer.
+    bool libero() const { return mInCorso == 0 && !mDaEliminare; }
 
     // ---- Conto
     void mostra() override;
@@ -36,13 +38,14 @@ class frmMain final : public QWidget, public Conto {
     void avviaTimer(Timer timer, int millisecondi) override;
     void fermaTimer(Timer timer) override;
     bool selezionaElemento(Recordset& righe, const QString& colonne) override;
+    QString ricerca(const RichiestaRicerca& richiesta) override;
 
   protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void changeEvent(QEvent* evento) override;
 
   private:
-    static constexpr size_t numeroTimer = 4;
+    static constexpr size_t numeroTimer = 5;
 
     // The layout, once.
     void costruisci();

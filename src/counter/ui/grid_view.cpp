@@ -3,18 +3,14 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStyledItemDelegate>
 
-#include "core/numbers.h"
-#include "core/value_helpers.h"
+#include "counter/ui/grid_painter.h"
 #include "counter/ui/style.h"
 #include "sale/flxvb.h"
 
 namespace {
 
 constexpr int altezzaRiga = 34;
-constexpr int margineCella = 5;
-constexpr int larghezzaSegno = 6;
 constexpr char invito[] = "Scansiona o digita il primo prodotto";
 
 struct LarghezzaColonna {
@@ -25,57 +21,6 @@ struct LarghezzaColonna {
 constexpr LarghezzaColonna larghezze[] = {
     {Colonna::Icona, 22},    {Colonna::Marca, 52}, {Colonna::Codice, 128},     {Colonna::Iva, 62},
     {Colonna::Quantita, 84}, {Colonna::Um, 50},    {Colonna::ScontoTesto, 84}, {Colonna::Importo, 100},
-};
-
-// "10,00+5,50+0,00" as "10+5,5": the discounts that there are, without zeros that say nothing.
-QString scontiMostrati(const QString& testo) {
-    QStringList mostrati;
-    for (const QString& sconto : testo.split('+')) {
-        const float valore = getValoreSingle(sconto);
-        if (valore != 0.0F) mostrati << testoNumero(valore);
-    }
-    return mostrati.join('+');
-}
-
-// Paints a cell as the row's state asks: selected, shaded, in a colour of its own.
-class PittoreCelle final : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void paint(QPainter* pittore, const QStyleOptionViewItem& opzioni,
-               const QModelIndex& indice) const override {
-        pittore->save();
-        pittore->fillRect(opzioni.rect, QColor::fromRgb(fondo(indice)));
-        const int colore = indice.data(FlexVB::RuoloColoreTesto).toInt();
-        QFont carattere = opzioni.font;
-        carattere.setBold(colore >= 0 || indice.column() == static_cast<int>(Colonna::Importo));
-        pittore->setFont(carattere);
-        pittore->setPen(QColor::fromRgb(colore < 0 ? tinte::testo : static_cast<QRgb>(colore)));
-        const QRect spazio = opzioni.rect.adjusted(margineCella, 0, -margineCella, 0);
-        const QString testo =
-            QFontMetrics(carattere).elidedText(testoMostrato(indice), Qt::ElideRight, spazio.width());
-        const bool destra = indice.data(FlexVB::RuoloAllineaDestra).toBool();
-        pittore->drawText(spazio, (destra ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, testo);
-        if (indice.column() == static_cast<int>(Colonna::Icona) &&
-            indice.data(FlexVB::RuoloSelezionata).toBool()) {
-            QRect segno = opzioni.rect;
-            segno.setWidth(larghezzaSegno);
-            pittore->fillRect(segno, QColor::fromRgb(tinte::accento));
-        }
-        pittore->restore();
-    }
-
-  private:
-    static QString testoMostrato(const QModelIndex& indice) {
-        const QString testo = indice.data().toString();
-        return indice.column() == static_cast<int>(Colonna::ScontoTesto) ? scontiMostrati(testo) : testo;
-    }
-
-    static QRgb fondo(const QModelIndex& indice) {
-        const bool selezionata = indice.data(FlexVB::RuoloSelezionata).toBool();
-        if (selezionata && indice.column() >= static_cast<int>(Colonna::Marca)) return tinte::selezione;
-        return indice.row() % 2 == 0 ? tinte::pannello : tinte::alternata;
-    }
 };
 
 class Intestazione final : public QHeaderView {
@@ -129,8 +74,10 @@ GrigliaVendita::GrigliaVendita(FlexVB& righe, QWidget* padre) : QTableView(padre
         viewport()->update();
     });
     connect(&righe, &FlexVB::modelReset, this, [this] { nascondiRighe(0, mRighe.ultima() - 1); });
-    connect(this, &QTableView::clicked, this,
-            [this](const QModelIndex& indice) { emit rigaPremuta(indice.row() + 1); });
+    connect(this, &QTableView::clicked, this, [this](const QModelIndex& indice) {
+        emit rigaPremuta(indice.row() + 1);
+        if (indice.column() == static_cast<int>(Colonna::Icona)) emit iconaPremuta(indice.row() + 1);
+    });
 }
 
 void GrigliaVendita::mostraColonne(int prezzoType) {

@@ -23,6 +23,8 @@ class GrigliaVendita final : public QTableView {
     void rigaCambiata(int riga);
     // The operator clicked the row, changed or not.
     void rigaPremuta(int riga);
+    // The click was on its icon.
+    void iconaPremuta(int riga);
 
   protected:
     void currentChanged(const QModelIndex& nuovo, const QModelIndex& vecchio) override;

@@ -24,6 +24,7 @@ constexpr QRgb confermaPremuta = 0xFF0C4F28;
 constexpr QRgb pericolo = 0xFFB3261E;
 constexpr QRgb avviso = 0xFFFFC857;
 constexpr QRgb selezione = 0xFFC0C0FF;
+constexpr QRgb cambiato = 0xFF8A4B00;
 }  // namespace tinte
 
 // Parts of a panel that the sheet tells apart by the dynamic property "ruolo".

@@ -1,5 +1,6 @@
 #include "kit/ui/campo_edit.h"
 
+#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -93,6 +94,14 @@ void CampoEdit::coloraTesto() {
 
 void CampoEdit::inserisci(const QString& testo) {
     if (!isReadOnly()) insert(testo);
+}
+
+void CampoEdit::invio() {
+    // A real key, so that whoever sees the keys before this box sees it too.
+    for (const auto tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent tasto(tipo, Qt::Key_Return, Qt::NoModifier, "\r");
+        QCoreApplication::sendEvent(this, &tasto);
+    }
 }
 
 std::optional<QChar> CampoEdit::filtrato(QChar tasto) const {

@@ -30,6 +30,7 @@ class CampoEdit final : public QLineEdit, public CTextBox::Casella {
     void inserisci(const QString& testo) override;
     void prendiFuoco() override { setFocus(Qt::OtherFocusReason); }
     void tab() override { focusNextPrevChild(true); }
+    void invio() override;
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;

@@ -1,29 +1,21 @@
 #include "kit/ui/frmSelectElement.h"
 
 #include <QBoxLayout>
-#include <QDateTime>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScreen>
 #include <QTreeWidget>
 
-#include "core/format.h"
-#include "core/numbers.h"
 #include "data/recordset.h"
+#include "kit/column_spec.h"
 #include "kit/ui/campo_edit.h"
 
 namespace {
 
 constexpr int ruoloChiave = Qt::UserRole;
-// Widths of a specification are in twips, made for small type; this many are a pixel of ours.
-constexpr int twipPerPixel = 10;
-
-enum Parte { Titolo, Larghezza, NomeCampo };
-
-QString inTesto(const QVariant& valore) {
-    if (valore.typeId() == QMetaType::QDateTime) return Format(valore.toDateTime(), u"DD/MM/YYYY");
-    if (valore.typeId() == QMetaType::Double) return testoNumero(valore.toDouble());
-    return valore.toString();
-}
+constexpr QSize misura{760, 480};
+// Margins, borders and scroll bar beside the columns.
+constexpr int contorno = 80;
 
 QPushButton* pulsante(const char* nome, const QString& testo, QWidget* padre) {
     auto* nuovo = new QPushButton(testo, padre);
@@ -65,7 +57,6 @@ frmSelectElement::frmSelectElement(QWidget* padre)
     auto* tutto = new QVBoxLayout(this);
     tutto->addWidget(lswElenco);
     tutto->addLayout(pulsanti);
-    resize(760, 480);
 
     connect(cmdOk, &QPushButton::clicked, this, &frmSelectElement::conferma);
     connect(lswElenco, &QTreeWidget::itemDoubleClicked, this, &frmSelectElement::conferma);
@@ -92,31 +83,35 @@ void frmSelectElement::startMe(Recordset& righe, const QString& colonne, bool nu
     mRighe = nullptr;
 }
 
-void frmSelectElement::aggiungiColonne(const QStringList& colonne) {
+void frmSelectElement::aggiungiColonne(const std::vector<ColonnaElenco>& colonne) {
     QStringList titoli;
-    for (const QString& colonna : colonne) {
-        titoli += colonna.section(u'¤', Titolo, Titolo);
+    for (const ColonnaElenco& colonna : colonne) {
+        titoli += colonna.titolo;
     }
     lswElenco->setColumnCount(static_cast<int>(colonne.size()));
     lswElenco->setHeaderLabels(titoli);
-    for (int i = 0; i < colonne.size(); ++i) {
-        const int larghezza = colonne[i].section(u'¤', Larghezza, Larghezza).toInt() / twipPerPixel;
+    int totale = 0;
+    for (int i = 0; i < lswElenco->columnCount(); ++i) {
+        const int larghezza = colonne[static_cast<size_t>(i)].larghezza / twipPerPixel;
         lswElenco->setColumnHidden(i, larghezza == 0);
         if (larghezza > 0) lswElenco->setColumnWidth(i, larghezza);
+        totale += larghezza;
     }
+    resize(QSize(std::max(misura.width(), totale + contorno), misura.height())
+               .boundedTo(screen()->availableSize()));
 }
 
-void frmSelectElement::riempi(const QString& colonne) {
-    QStringList parti = colonne.split('|');
-    parti.removeLast();
+void frmSelectElement::riempi(const QString& specifica) {
+    std::vector<ColonnaElenco> colonne = getAddInfoCOls(specifica);
+    colonne.pop_back();
     lswElenco->clear();
-    aggiungiColonne(parti);
+    aggiungiColonne(colonne);
     for (mRighe->moveFirst(); !mRighe->eof(); mRighe->moveNext()) {
         auto* riga = new QTreeWidgetItem(lswElenco);
         riga->setData(0, ruoloChiave, "E_" + mRighe->testo("RID"));
         riga->setSizeHint(0, {0, altezzaTocco});
-        for (int i = 0; i < parti.size(); ++i) {
-            riga->setText(i, inTesto(mRighe->campo(parti[i].section(u'¤', NomeCampo, NomeCampo))));
+        for (int i = 0; i < lswElenco->columnCount(); ++i) {
+            riga->setText(i, testoCampo(mRighe->campo(colonne[static_cast<size_t>(i)].campo)));
         }
     }
     mRighe->moveFirst();

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <vector>
+
 #include <QDialog>
 
 class QPushButton;
 class QTreeWidget;
 class Recordset;
+struct ColonnaElenco;
 
 // A list over a recordset that the caller holds; the caller finds the recordset on the chosen record.
 class frmSelectElement final : public QDialog {
@@ -21,8 +24,8 @@ class frmSelectElement final : public QDialog {
     bool elementoNuovo() const { return mNuovo; }
 
   private:
-    void riempi(const QString& colonne);
-    void aggiungiColonne(const QStringList& colonne);
+    void riempi(const QString& specifica);
+    void aggiungiColonne(const std::vector<ColonnaElenco>& colonne);
     void conferma();
 
     Recordset* mRighe = nullptr;

@@ -1,0 +1,133 @@
+#include "counter/ui/scan_queue.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include "core/globals.h"
+#include "counter/ui/finestra_conti.h"
+#include "counter/ui/frmMain.h"
+#include "counter/ui/key_text.h"
+#include "data/gateway.h"
+
+namespace {
+
+constexpr int intervallo = 20;  // milliseconds between two looks at whether the screen is free
+// Behind its prefix a slow scanner is still one.
+constexpr int passoConPrefisso = 200;
+
+// Whether the box that is up is being typed into: then only the prefix tells a scan.
+bool siDigitaNelRiquadro() {
+    const auto* campo = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    return campo != nullptr && QApplication::activeModalWidget()->isAncestorOf(campo);
+}
+
+void premi(Qt::Key tasto, const QString& testo) {
+    for (const auto tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QWidget* fuoco = QApplication::focusWidget();
+        if (fuoco == nullptr) return;
+        QKeyEvent evento(tipo, tasto, Qt::NoModifier, testo);
+        QApplication::sendEvent(fuoco, &evento);
+    }
+}
+
+}  // namespace
+
+ScansioniInAttesa::ScansioniInAttesa(FinestraConti& finestra) : QObject(&finestra), mFinestra(finestra) {
+    setObjectName("ScansioniInAttesa");
+    mRiprova.setInterval(intervallo);
+    connect(&mRiprova, &QTimer::timeout, this, &ScansioniInAttesa::riprova);
+    mFinePrefisso.setSingleShot(true);
+    mFinePrefisso.setInterval(passoConPrefisso);
+    connect(&mFinePrefisso, &QTimer::timeout, this, &ScansioniInAttesa::finePrefisso);
+    qApp->installEventFilter(this);
+}
+
+bool ScansioniInAttesa::eventFilter(QObject* oggetto, QEvent* evento) {
+    // A key is looked at once, on its way to the widget that it is meant for.
+    if (evento->type() != QEvent::KeyPress || oggetto != QApplication::focusWidget()) return false;
+    if (mRestituisce || QApplication::activeModalWidget() == nullptr) return false;
+    return tasto(*static_cast<QKeyEvent*>(evento));
+}
+
+bool ScansioniInAttesa::tasto(const QKeyEvent& evento) {
+    const auto carattere = carattereDelTasto(evento);
+    if (!carattere) return false;
+    const qint64 distanza = istanteDelTasto(evento) - mUltimo;
+    mUltimo = istanteDelTasto(evento);
+    if (mConPrefisso) return dopoIlPrefisso(*carattere);
+    if (!gLaserChar.isEmpty() && *carattere == gLaserChar[0]) {
+        mConPrefisso = true;
+        mCodice.clear();
+        mFinePrefisso.start();
+        return true;
+    }
+    return !siDigitaNelRiquadro() && senzaPrefisso(*carattere, distanza <= RafficaTasti::passo);
+}
+
+bool ScansioniInAttesa::dopoIlPrefisso(QChar carattere) {
+    mFinePrefisso.start();
+    if (carattere == u'\r' || carattere == u'\t') {
+        tieni();
+    } else if (carattere == gLaserChar[0]) {
+        tieni();  // a code without its Enter
+        mConPrefisso = true;
+        mFinePrefisso.start();
+    } else {
+        mCodice += carattere;
+    }
+    return true;
+}
+
+bool ScansioniInAttesa::senzaPrefisso(QChar carattere, bool svelto) {
+    const frmMain* davanti = mFinestra.davanti();
+    if (davanti == nullptr || !davanti->raffica.attiva) return false;
+    if (!svelto) mCodice.clear();
+    if (carattere != u'\r' && carattere != u'\t') {
+        mCodice += carattere;
+        return svelto;
+    }
+    if (mCodice.size() < RafficaTasti::minima || mCodice.size() > RafficaTasti::massima) return false;
+    tieni();
+    return true;
+}
+
+// No key has followed. A code without its Enter is a scan all the same.
+void ScansioniInAttesa::finePrefisso() {
+    if (!mConPrefisso) return;
+    if (!mCodice.isEmpty()) return tieni();
+    mConPrefisso = false;
+    mRestituisce = true;
+    premi(Qt::Key_unknown, gLaserChar.left(1));
+    mRestituisce = false;
+}
+
+void ScansioniInAttesa::tieni() {
+    mConPrefisso = false;
+    mFinePrefisso.stop();
+    if (!mCodice.isEmpty()) mCoda << mCodice;
+    mCodice.clear();
+    if (!mCoda.isEmpty()) mRiprova.start();
+}
+
+void ScansioniInAttesa::riprova() {
+    frmMain* davanti = mFinestra.davanti();
+    if (QApplication::activeModalWidget() != nullptr || gAdo.inTransazione()) return;
+    if (davanti != nullptr && !davanti->libero()) return;
+    if (davanti == nullptr || gLaserChar.isEmpty() || mCoda.isEmpty()) {
+        mCoda.clear();
+        mRiprova.stop();
+        return;
+    }
+    // Keys need somewhere to go: the window may not have come back to the front yet.
+    if (!davanti->isAncestorOf(QApplication::focusWidget())) {
+        if (QApplication::activeWindow() == nullptr) mFinestra.activateWindow();
+        davanti->fuoco(davanti->vendita().txtCodProdotto);
+        return;
+    }
+    const QString codice = mCoda.takeFirst();
+    premi(Qt::Key_unknown, gLaserChar.left(1));
+    for (const QChar c : codice)
+        premi(Qt::Key_unknown, c);
+    premi(Qt::Key_Return, "\r");
+}

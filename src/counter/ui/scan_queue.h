@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+class FinestraConti;
+class QKeyEvent;
+
+// Scans that come while a box waits for its answer. Their keys do not reach the box, or the Enter behind a
+// code would answer it; the codes are kept, and entered in their order when the screen is free. A prefix that
+// no code follows was typed by a hand, and is given to the box after all.
+class ScansioniInAttesa final : public QObject {
+    Q_OBJECT
+  public:
+    explicit ScansioniInAttesa(FinestraConti& finestra);
+    const QStringList& inAttesa() const { return mCoda; }
+
+  protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+  private:
+    bool tasto(const QKeyEvent& evento);
+    bool dopoIlPrefisso(QChar carattere);
+    bool senzaPrefisso(QChar carattere, bool svelto);
+    void tieni();
+    void finePrefisso();
+    void riprova();
+
+    FinestraConti& mFinestra;
+    QStringList mCoda;
+    QTimer mRiprova;
+    QTimer mFinePrefisso;
+    QString mCodice;
+    bool mConPrefisso = false;
+    bool mRestituisce = false;
+    qint64 mUltimo = 0;
+};

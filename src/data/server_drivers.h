@@ -1,0 +1,13 @@
+#pragma once
+
+#include <memory>
+
+#include "data/server_driver.h"
+
+// The driver of a server type as in prepare_sql.h; nothing for any other.
+std::unique_ptr<ServerDriver> nuovoDriver(int tipoServer);
+
+// For tools: a connection to the server itself, where there is no archive yet. The connection string may
+// lack a database, and one that it names is not opened.
+std::unique_ptr<Connessione> apriServer(int tipoServer, const QString& stringaConnessione, int secondi,
+                                        ErroreServer& errore);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <functional>
+
+#include <QString>
+
+class QWidget;
+
+// On-screen keys, each a button "tasto_n" large enough for a finger. They leave the focus where it is.
+using TastoPremuto = std::function<void(const QString& tasto)>;
+
+// Letters, digits and the signs of codes; answers the character.
+QWidget* tastieraLettere(const TastoPremuto& premuto, QWidget* padre);
+
+// Digits and what CTastierino understands: "0" to "9", ",", "C", "D", "I".
+QWidget* tastierino(const TastoPremuto& premuto, QWidget* padre);

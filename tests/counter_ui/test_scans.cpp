@@ -1,0 +1,226 @@
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTimer>
+
+#include "counter/ui/scan_queue.h"
+#include "counter_screen.h"
+#include "kit/ui/message_port.h"
+
+namespace {
+
+constexpr auto ean = "8001234567890";
+
+// The real window with real boxes, and a scanner in front of it.
+class Scans : public CounterScreen {
+  protected:
+    Scans() {
+        negozio.prodotto({.codice = "CHIODO", .listino1 = 1.0, .barcode = "8009999999999"});
+        impostaFabbricaRiquadri();
+    }
+
+    void impostaFabbricaRiquadri() {
+        finestra = std::make_unique<FinestraConti>("Bottegon");
+        porta.impostaGenitore(finestra.get());
+        impostaFabbricaConti([this](int indice) { return new frmMain(indice, *finestra, porta); });
+        finestra->setGeometry(QRect(0, 0, 1280, 800));
+        finestra->show();
+        getConto(0, false);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(finestra.get()));
+    }
+
+    // What a scanner sends, to whatever has the focus then.
+    void scansiona(const QString& codice, int passo = -1) const {
+        for (const QChar c : codice)
+            QTest::keyClicks(QApplication::focusWidget(), c, Qt::NoModifier, passo);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::NoModifier, passo);
+    }
+    // Runs while the next box stands; it must leave the box closed.
+    void conRiquadro(const std::function<void(QWidget&)>& gesto) {
+        auto* attesa = new QTimer(finestra.get());
+        attesa->setInterval(5);
+        QObject::connect(attesa, &QTimer::timeout, attesa, [attesa, gesto] {
+            QWidget* riquadro = QApplication::activeModalWidget();
+            if (riquadro == nullptr || !riquadro->isAncestorOf(QApplication::focusWidget())) return;
+            attesa->stop();
+            gesto(*riquadro);
+        });
+        attesa->start();
+    }
+    static void premi(QWidget& riquadro, const char* pulsante) {
+        auto* trovato = riquadro.findChild<QPushButton*>(pulsante);
+        ASSERT_NE(trovato, nullptr) << pulsante;
+        QTest::mouseClick(trovato, Qt::LeftButton);
+    }
+    QStringList codici() const {
+        QStringList testi;
+        for (int r = 1; r <= vendita().flxVB.ultima(); ++r) {
+            if (vendita().flxVB.viva(r)) testi << vendita().flxVB.cella(r, Colonna::Codice);
+        }
+        return testi;
+    }
+    void aspettaCodici(const QStringList& attesi) const {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return codici() == attesi; })) << codici().join(' ').toStdString();
+    }
+    QStringList coda() const {
+        return finestra->findChild<ScansioniInAttesa*>("ScansioniInAttesa")->inAttesa();
+    }
+    // The row of the first product is to be deleted: a question.
+    void chiediDiCancellare() {
+        scansiona(QString("$") + ean);
+        ASSERT_EQ(codici(), QStringList{"VITE"});
+        tasto(Qt::Key_F9);
+    }
+
+    QtOperatorPort porta;
+};
+
+TEST_F(Scans, FiftyCodesAMillisecondApartLoseNone) {
+    for (int i = 0; i < 50; ++i) {
+        negozio.prodotto(
+            {.codice = QString("P%1").arg(i), .listino1 = 1.0, .barcode = QString::number(2000 + i)});
+    }
+    QStringList attesi;
+    for (int i = 0; i < 50; ++i) {
+        scansiona("$" + QString::number(2000 + i), 1);
+        attesi << QString("P%1").arg(i);
+    }
+    EXPECT_EQ(codici(), attesi);
+    EXPECT_EQ(vendita().lblMainDisplay.testo(), "61,00");
+}
+
+TEST_F(Scans, ScanWhileAQuestionStandsDoesNotAnswerIt) {
+    bool ancoraAperto = false;
+    conRiquadro([&](QWidget& riquadro) {
+        scansiona("$8009999999999");
+        ancoraAperto = riquadro.isVisible();
+        premi(riquadro, "cmdNo");
+    });
+    chiediDiCancellare();
+    EXPECT_TRUE(ancoraAperto);
+    EXPECT_TRUE(codici().contains("VITE"));
+}
+
+TEST_F(Scans, ScansWhileAQuestionStandsAreEnteredAfterItInTheirOrder) {
+    conRiquadro([&](QWidget& riquadro) {
+        scansiona("$8009999999999");
+        scansiona("$STAFFA");
+        premi(riquadro, "cmdNo");
+    });
+    chiediDiCancellare();
+    aspettaCodici({"VITE", "CHIODO", "STAFFA"});
+    EXPECT_EQ(vendita().flxVB.cella(2, Colonna::Quantita), "1,00");
+}
+
+TEST_F(Scans, ScansWithoutEnterWhileAQuestionStandsAreKept) {
+    conRiquadro([&](QWidget& riquadro) {
+        digita("$8009999999999$STAFFA");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return coda().size() == 2; }));
+        premi(riquadro, "cmdNo");
+    });
+    chiediDiCancellare();
+    aspettaCodici({"VITE", "CHIODO", "STAFFA"});
+}
+
+TEST_F(Scans, BurstWithoutPrefixDoesNotAnswerAQuestionEither) {
+    bool ancoraAperto = false;
+    conRiquadro([&](QWidget& riquadro) {
+        scansiona("8009999999999");
+        ancoraAperto = riquadro.isVisible();
+        premi(riquadro, "cmdNo");
+    });
+    chiediDiCancellare();
+    EXPECT_TRUE(ancoraAperto);
+    aspettaCodici({"VITE", "CHIODO"});
+}
+
+TEST_F(Scans, ScanThatRaisesAQuestionIsFollowedByThoseBehindIt) {
+    const int nuovo = negozio.prodotto({.codice = "NUOVO", .listino1 = 3.0, .descrizione = "Nuovo"});
+    negozio.prodotto({.codice = "DISMESSO", .listino1 = 2.0, .barcode = "8007", .idSostituito = nuovo});
+    conRiquadro([&](QWidget& riquadro) {
+        scansiona("$DISMESSO");  // raises its own question once it is entered
+        conRiquadro([](QWidget& altro) { premi(altro, "cmdSi"); });
+        scansiona("$STAFFA");
+        premi(riquadro, "cmdNo");
+    });
+    chiediDiCancellare();
+    aspettaCodici({"VITE", "NUOVO", "STAFFA"});
+}
+
+TEST_F(Scans, EnterOfAHandStillAnswersAQuestion) {
+    bool aperto = false;
+    conRiquadro([&](QWidget&) {
+        aperto = true;
+        tasto(Qt::Key_Return);
+    });
+    chiediDiCancellare();
+    EXPECT_TRUE(aperto);
+    EXPECT_EQ(codici(), QStringList{});
+}
+
+// A dialogue with a field that is typed into.
+struct Dialogo {
+    explicit Dialogo(QWidget* padre) : finestra(padre), campo(&finestra) {
+        finestra.setModal(true);
+        finestra.show();
+        campo.setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&finestra));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return campo.hasFocus(); }));
+    }
+    QDialog finestra;
+    QLineEdit campo;
+};
+
+TEST_F(Scans, ScanWhileADialogueIsTypedIntoIsKeptToo) {
+    {
+        Dialogo dialogo(finestra.get());
+        scansiona("$8009999999999");
+        EXPECT_EQ(dialogo.campo.text(), "");
+        EXPECT_TRUE(dialogo.finestra.isVisible());
+    }
+    aspettaCodici({"CHIODO"});
+}
+
+TEST_F(Scans, PrefixTypedByAHandReachesTheDialogue) {
+    Dialogo dialogo(finestra.get());
+    digita("$");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dialogo.campo.text() == "$"; }));
+    digita("5");
+    EXPECT_EQ(dialogo.campo.text(), "$5");
+}
+
+TEST_F(Scans, FastTypingInADialogueIsTyping) {
+    Dialogo dialogo(finestra.get());
+    digita("8009999999999");
+    EXPECT_EQ(dialogo.campo.text(), "8009999999999");
+}
+
+TEST_F(Scans, BurstInTheQuantityIsARowOfItsOwn) {
+    scansiona(QString("$") + ean);
+    schermo().fuoco(vendita().txtQta);
+    scansiona("8009999999999");
+    EXPECT_EQ(codici(), (QStringList{"VITE", "CHIODO"}));
+    EXPECT_EQ(vendita().flxVB.cella(1, Colonna::Quantita), "1,00");
+}
+
+TEST_F(Scans, BurstWhileTheRowsHaveTheFocusIsARow) {
+    scansiona(QString("$") + ean);
+    widget("flxVB").setFocus();
+    scansiona("8009999999999");
+    EXPECT_EQ(codici(), (QStringList{"VITE", "CHIODO"}));
+}
+
+TEST_F(Scans, RowJustAddedIsInSight) {
+    for (int i = 0; i < 60; ++i) {
+        negozio.prodotto({.codice = QString("P%1").arg(i), .listino1 = 1.0});
+        scansiona(QString("$P%1").arg(i));
+    }
+    auto& griglia = widget<QTableView>(QString("flxVB"));
+    EXPECT_TRUE(griglia.updatesEnabled());
+    EXPECT_TRUE(griglia.viewport()->rect().contains(
+        griglia.visualRect(griglia.model()->index(59, static_cast<int>(Colonna::Codice)))));
+}
+
+}  // namespace

@@ -1,0 +1,215 @@
+#include <csignal>
+
+#include "faults/cutting_proxy.h"
+#include "faults/faulty_shop.h"
+
+// The answer to a commit does not come back. The operator is told what is true, and nothing is booked twice.
+
+namespace {
+
+using Guasto = LineaTagliabile::Guasto;
+using Icona = OperatorPort::Icona;
+
+const char* const salvata =
+    "La vendita è stata salvata: N° %1.\n"
+    "Il collegamento con il server si era interrotto; la vendita è stata ritrovata nell'archivio.";
+const char* const nonSalvata =
+    "La vendita non è stata salvata: il collegamento con il server si è interrotto.\n"
+    "La vendita è ancora sullo schermo e si può salvare di nuovo.";
+const char* const incerta =
+    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
+    "La vendita resta sullo schermo; quando la si salva di nuovo si controlla prima se è già nell'archivio.";
+const char* const salvataPrima =
+    "La vendita era già stata salvata: N° 0001/0001.\n"
+    "Le modifiche fatte dopo non sono nell'archivio: si mostra la vendita come è stata salvata.";
+
+class LostCommit : public NegozioGuasto {
+  protected:
+    LostCommit() { collega(linea.porta()); }
+    ~LostCommit() override { gAdo.chiudiConnessioniCalde(); }
+
+    void salvaCon(Guasto guasto, bool restaInterrotta, const QString& messaggio, Icona icona) {
+        linea.guasta(guasto, restaInterrotta);
+        n->operatore.attendiMessaggio(messaggio, icona);
+        salva();
+        EXPECT_TRUE(linea.accaduto());
+        EXPECT_TRUE(n->operatore.esaurito());
+        EXPECT_FALSE(gAdo.inTransazione());
+        EXPECT_EQ(n->operatore.clessidre, 0);
+        EXPECT_EQ(n->operatore.attesa, QString());
+    }
+    // It is not known, and the sale stands as it was.
+    void salvaNelBuio(Guasto guasto) {
+        salvaCon(guasto, true, incerta, Icona::Critica);
+        EXPECT_EQ(schermata(vendita()), prima);
+    }
+    static QString ritrovata(const QString& numero = "0001/0001") { return QString(salvata).arg(numero); }
+
+    LineaTagliabile linea{server.porta()};
+};
+
+TEST_F(LostCommit, ASaleThatReachedTheServerGoesOnAsSaved) {
+    salvaCon(Guasto::DopoIlCommit, false, ritrovata(), Icona::Informazione);
+    venditaNeiLibri();
+    EXPECT_EQ(vendita().flxVB.gestione(1), RigaInvariata);
+    EXPECT_TRUE(gVenditaSalvata);
+}
+
+TEST_F(LostCommit, ASaleThatDidNotReachTheServerCanBeSavedAgain) {
+    salvaCon(Guasto::PrimaDelCommit, false, nonSalvata, Icona::Critica);
+    EXPECT_EQ(schermata(vendita()), prima);
+    nienteEPoiSalvata();
+}
+
+TEST_F(LostCommit, IsLoggedOnce) {
+    salvaCon(Guasto::PrimaDelCommit, false, nonSalvata, Icona::Critica);
+    EXPECT_EQ(n->registroErrori().count("commitTrasaction"), 1);
+}
+
+TEST_F(LostCommit, ANextSaleOfTheDayIsFoundByItsRows) {
+    salva();
+    conto->tasto(Qt::Key_F2);
+    vendi(*conto, "A");
+    salvaCon(Guasto::DopoIlCommit, false, ritrovata("0001/0002"), Icona::Informazione);
+    EXPECT_EQ(n->conta("DettagliMovimento"), 3);
+    EXPECT_EQ(n->verifica(), QStringList());
+}
+
+TEST_F(LostCommit, ANextSaleOfTheDayThatIsMissingIsNotTakenForTheFirst) {
+    salva();
+    conto->tasto(Qt::Key_F2);
+    vendi(*conto, "A");
+    salvaCon(Guasto::PrimaDelCommit, false, nonSalvata, Icona::Critica);
+    EXPECT_EQ(n->conta("DettagliMovimento"), 2);
+    salva();
+    EXPECT_EQ(n->conta("DettagliMovimento"), 3);
+    EXPECT_EQ(n->verifica(), QStringList());
+}
+
+class LostCommitOfAChange : public LostCommit {
+  protected:
+    // The quantity of the first row becomes 3, the second row goes, and a third one comes.
+    LostCommitOfAChange() {
+        salva();
+        conto->clicRiga(1);
+        conto->clic(vendita().txtQta);
+        conto->digita("3");
+        conto->tasto(Qt::Key_F6);
+        conto->clicRiga(2);
+        n->operatore.attendiDomanda("Eliminare il prodotto [B]?", OperatorPort::Risposta::Si);
+        conto->tasto(Qt::Key_F9);
+        vendi(*conto, "B", "7");
+        prima = schermata(vendita());
+    }
+    QStringList righe() {
+        return n->righe("SELECT CODPRODOTTO, QUANTITA FROM DettagliMovimento ORDER BY POS");
+    }
+};
+
+TEST_F(LostCommitOfAChange, ThatReachedTheServerGoesOnAsSaved) {
+    salvaCon(Guasto::DopoIlCommit, false, ritrovata(), Icona::Informazione);
+    EXPECT_EQ(righe(), (QStringList{"A|3", "B|7"}));
+}
+
+TEST_F(LostCommitOfAChange, ThatDidNotReachTheServerCanBeSavedAgain) {
+    salvaCon(Guasto::PrimaDelCommit, false, nonSalvata, Icona::Critica);
+    EXPECT_EQ(righe(), (QStringList{"A|1", "B|2"}));
+    EXPECT_EQ(schermata(vendita()), prima);
+    salva();
+    EXPECT_EQ(righe(), (QStringList{"A|3", "B|7"}));
+    EXPECT_EQ(n->verifica(), QStringList());
+}
+
+// ---- The server cannot be asked
+
+TEST_F(LostCommit, WithoutAServerTheOutcomeIsLeftOpen) {
+    salvaNelBuio(Guasto::DopoIlCommit);
+    n->operatore.attendiMessaggio(incerta, Icona::Critica);
+    salva();
+    EXPECT_EQ(schermata(vendita()), prima);
+}
+
+TEST_F(LostCommit, ASaleLeftOpenIsFoundInsteadOfSavedAgain) {
+    salvaNelBuio(Guasto::DopoIlCommit);
+    linea.ripristina();
+    n->operatore.attendiMessaggio(ritrovata(), Icona::Informazione);
+    salva();
+    venditaNeiLibri();
+    salva();
+    venditaNeiLibri();
+}
+
+TEST_F(LostCommit, ASaleLeftOpenThatIsMissingIsSaved) {
+    salvaNelBuio(Guasto::PrimaDelCommit);
+    linea.ripristina();
+    nienteEPoiSalvata();
+}
+
+TEST_F(LostCommit, ASaleLeftOpenAndChangedIsShownAsItWasSaved) {
+    salvaNelBuio(Guasto::DopoIlCommit);
+    linea.ripristina();
+    n->prodotto({.codice = "C", .listino1 = 1});
+    vendi(*conto, "C");
+    ASSERT_EQ(vendita().flxVB.ultima(), 3);
+    n->operatore.attendiMessaggio(salvataPrima, Icona::Esclamazione);
+    salva();
+    venditaNeiLibri();
+    EXPECT_EQ(vendita().flxVB.ultima(), 2);
+}
+
+TEST_F(LostCommit, ANewSaleForgetsTheOneLeftOpen) {
+    salvaNelBuio(Guasto::PrimaDelCommit);
+    linea.ripristina();
+    n->operatore.attendiDomanda("Attenzione Salvare la vendita corrente?", OperatorPort::Risposta::No);
+    conto->tasto(Qt::Key_F2);
+    EXPECT_FALSE(vendita().salvataggioIncerto);
+    vendi(*conto, "A");
+    salva();
+    EXPECT_EQ(n->conta("DettagliMovimento"), 1);
+}
+
+// The commit lies in the frozen server's line, and is done when it wakes up.
+TEST_F(LostCommit, ACommitThatIsStillUnderWayIsNotTakenForLost) {
+    collega(server.porta());
+    sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql == "COMMIT") server.sospendi();
+        return std::nullopt;
+    };
+    n->operatore.attendiMessaggio(incerta, Icona::Critica);
+    salva();
+    sondaIstruzioni() = {};
+    server.riprendi();
+    n->operatore.attendiMessaggio(ritrovata(), Icona::Informazione);
+    salva();
+    venditaNeiLibri();
+}
+
+// A backup holds the server up for longer than the till waits: the server gives the commit up with the line.
+TEST_F(LostCommit, ACommitThatIsHeldUpForTooLongIsLookedUp) {
+    ClienteMariaDb copia;
+    MySqlConnection::attesaMassima = 10000;
+    sondaIstruzioni() = [&, fermato = false](const QString& sql) mutable -> std::optional<ErroreServer> {
+        if (sql == "COMMIT" && !std::exchange(fermato, true)) copia.esegui("FLUSH TABLES WITH READ LOCK");
+        return std::nullopt;
+    };
+    n->operatore.attendiMessaggio(nonSalvata, Icona::Critica);
+    salva();
+    sondaIstruzioni() = {};
+    copia.esegui("UNLOCK TABLES");
+    nienteEPoiSalvata();
+}
+
+TEST_F(LostCommit, APowerCutBeforeTheCommitIsLookedUpAfterTheRestart) {
+    collega(server.porta());
+    sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql == "COMMIT" && server.acceso()) server.ferma(SIGKILL);
+        return std::nullopt;
+    };
+    n->operatore.attendiMessaggio(incerta, Icona::Critica);
+    salva();
+    sondaIstruzioni() = {};
+    server.avvia();
+    nienteEPoiSalvata();
+}
+
+}  // namespace
