@@ -1,6 +1,7 @@
 #include "postings/numbering.h"
 
 #include "core/clock.h"
+#include "core/format.h"
 #include "core/globals.h"
 #include "data/gateway.h"
 #include "data/prepare_sql.h"
@@ -53,4 +54,12 @@ int getNewSottoProgressivo(const Vendita& v, int progressivo) {
         sorgente(".getNewSottoProgressivo"));
     if (!lettura.trovata() || lettura->campo(0).isNull()) return 1;
     return lettura->campo(0).toInt() + 1;
+}
+
+int getNewProgressivoPrimaNota(QDate data) {
+    const Lettura lettura(
+        "SELECT MAX(PROGRESSIVO) FROM PrimaNota WHERE YEAR(DATA) = " + Format(data.year(), u"0000"),
+        sorgente(".getNewProgressivoPrimaNota"));
+    if (!lettura) return -1;
+    return lettura.trovata() && !lettura->campo(0).isNull() ? lettura->campo(0).toInt() + 1 : 1;
 }

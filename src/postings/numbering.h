@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 struct Vendita;
@@ -11,3 +12,6 @@ int getNewNumeratoreAnnuale(int idNumeratore, const QString& anno);
 // The next EXTRAPROG under a PROGRESSIVO of this year and the screen's document type; 1 with no query for
 // a progressive of 0 or less, and when the query failed, which ends the transaction by itself.
 int getNewSottoProgressivo(const Vendita& v, int progressivo);
+
+// The next PROGRESSIVO of the journal (PrimaNota) in the year of `data`, from 1; -1 when the query failed.
+int getNewProgressivoPrimaNota(QDate data);

@@ -4,128 +4,66 @@
 
 #include "core/errors.h"
 #include "core/globals.h"
-#include "core/numbers.h"
-#include "core/value_helpers.h"
-#include "data/gateway.h"
-#include "data/prepare_sql.h"
+#include "postings/product_statistics.h"
+#include "postings/receipt_text.h"
+#include "postings/row_statements.h"
+#include "postings/row_stock.h"
 #include "postings/weight.h"
+#include "register/register_link.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
 
 namespace {
 
-QString sorgente() {
-    return gNomeModulo + ".saveDettagli";
-}
-
 // What all rows of one save share, and what they add up to.
 struct Salvataggio {
     int idMovimento;
     int extraProg;
+    bool trasferimento;
     int pos = 0;
     int ultimaTesta = -1;  // key of the latest kit head
     float peso = 0;
     int colli = 0;
+    TestoScontrino scontrino = {};
 };
-
-// Money columns hold four decimals; the cells may show the tail of a product of two Singles. A kit's head
-// carries no money of its own: its components do.
-QString importo(const FlexVB& g, int r, Colonna colonna) {
-    if (testaDistinta(g.cella(r, Colonna::Codice))) return "0";
-    return getSqlNumber(g.currency(r, colonna));
-}
-
-QString taglioRiga(const FlexVB& g, int r) {
-    return getSqlNumber(std::max(g.currency(r, Colonna::Taglio), Currency()));
-}
-
-// The columns that an insert and an update share, each with its value, in the order of the table.
-std::vector<std::pair<QString, QString>> valoriRiga(const FlexVB& g, int r, const Salvataggio& s) {
-    return {
-        {"FK_Movimento", QString::number(s.idMovimento)},
-        {"FK_Prodotto", getIDOrNullStr(g.cella(r, Colonna::IdProdotto))},
-        {"CodProdotto", testoSQL(g.cella(r, Colonna::Codice))},
-        {"DescProdotto", testoSQL(g.cella(r, Colonna::Descrizione))},
-        {"Quantita", getSqlNumberOrZero(g.cella(r, Colonna::Quantita))},
-        {"Prezzo", importo(g, r, Colonna::PrezzoListino)},
-        {"ScontoNetto", importo(g, r, Colonna::ScNetto)},
-        {"PrezzoNetto", importo(g, r, Colonna::PrezzoNettoEsteso)},
-        {"TotPrezzoNetto", importo(g, r, Colonna::TotPrNetto)},
-        {"Iva", importo(g, r, Colonna::IvaProd)},
-        {"TotaleIva", importo(g, r, Colonna::TotIvaProd)},
-        {"TotaleRiga", importo(g, r, Colonna::Importo)},
-        {"FK_IVA", getIDOrNullStr(g.cella(r, Colonna::IdIva))},
-        {"ValoreIva", getSqlNumberOrZero(g.cella(r, Colonna::Iva))},
-        {"Pos", QString::number(s.pos)},
-        {"Sconto", getSqlNumberOrZero(g.cella(r, Colonna::Sconto1))},
-        {"Sconto2", getSqlNumberOrZero(g.cella(r, Colonna::Sconto2))},
-        {"Sconto3", getSqlNumberOrZero(g.cella(r, Colonna::Sconto3))},
-        {"Taglio", taglioRiga(g, r)},
-        {"ExtraProg", QString::number(s.extraProg)},
-        {"FK_UM", getIDOrNullStr(g.cella(r, Colonna::IdUm))},
-    };
-}
 
 // A kit that is a component of another belongs to that one's head, and so do its own components.
 bool nuovaTesta(const FlexVB& g, int r) {
     return testaDistinta(g.cella(r, Colonna::Codice)) && g.cella(r, Colonna::IdDistintaBase).isEmpty();
 }
 
-bool inserisciRiga(const FlexVB& g, int r, Salvataggio& s) {
-    QStringList colonne;
-    QStringList valori;
-    for (const auto& [colonna, valore] : valoriRiga(g, r, s)) {
-        colonne << colonna;
-        valori << valore;
-    }
-    colonne << "FK_Venditore"
-            << "Ora";
-    valori << getIDOrNullStr(g.cella(r, Colonna::IdVenditore));
-    const int rid = gAdo.getIDByInsert("INSERT INTO DettagliMovimento (" + colonne.join(", ") + ") VALUES (" +
-                                           valori.join(", ") +
-                                           ", "
-                                           "Now()) ",
-                                       sorgente(), "RID", "DettagliMovimento");
+bool inserisci(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
+    const int rid = inserisciRiga(riga);
     if (rid < 1) return false;
-    if (nuovaTesta(g, r)) s.ultimaTesta = rid;
-    if (g.cella(r, Colonna::IdDistintaBase).isEmpty()) return true;
-    return gAdo.executeSQL("UPDATE DettagliMovimento SET IK_DETTAGLIOMOVIMENTO = " +
-                               QString::number(s.ultimaTesta) + " WHERE RID = " + QString::number(rid),
-                           sorgente());
+    if (nuovaTesta(g, riga.riga)) s.ultimaTesta = rid;
+    if (!g.cella(riga.riga, Colonna::IdDistintaBase).isEmpty() && !collegaComponente(rid, s.ultimaTesta))
+        return false;
+    if (!gRegCassa.isEmpty()) s.scontrino.aggiungiRiga(g, riga.riga);
+    return true;
 }
 
-// The seller and the time keep their first value.
-bool modificaRiga(const FlexVB& g, int r, const Salvataggio& s) {
-    QStringList assegnazioni;
-    for (const auto& [colonna, valore] : valoriRiga(g, r, s)) {
-        assegnazioni << colonna + " = " + valore;
-    }
-    return gAdo.executeSQL("UPDATE DettagliMovimento SET " + assegnazioni.join(", ") + " " +
-                               "WHERE RID = " + QString::number(g.chiave(r, Colonna::Rid)),
-                           sorgente());
-}
-
-bool cancellaRiga(const FlexVB& g, int r) {
-    const int rid = g.chiave(r, Colonna::Rid);
-    return rid < 1 ||
-           gAdo.executeSQL("DELETE FROM DettagliMovimento WHERE RID = " + QString::number(rid), sorgente());
-}
-
-bool salvaRiga(const FlexVB& g, int r, Salvataggio& s) {
-    const int stato = g.gestione(r);
-    if (stato != RigaCancellata) ++s.pos;
-    // A component added to a kit that was saved before joins its head.
-    if (nuovaTesta(g, r) && g.chiave(r, Colonna::Rid) > 0) s.ultimaTesta = g.chiave(r, Colonna::Rid);
-    switch (stato) {
+bool scriviRiga(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
+    switch (g.gestione(riga.riga)) {
         case RigaNuova:
-            return inserisciRiga(g, r, s);
+            return inserisci(g, riga, s);
         case RigaModificata:
-            return g.chiave(r, Colonna::Rid) > 0 ? modificaRiga(g, r, s) : inserisciRiga(g, r, s);
+            return g.chiave(riga.riga, Colonna::Rid) > 0 ? modificaRiga(riga) : inserisci(g, riga, s);
         case RigaCancellata:
-            return cancellaRiga(g, r);
+            return cancellaRiga(g, riga.riga);
         default:
             return true;
     }
+}
+
+// Goods that leave a warehouse for a customer mark their product as sold.
+bool aggiornaStatistiche(const Vendita& v, int r) {
+    const FlexVB& g = v.flxVB;
+    const QString& codice = g.cella(r, Colonna::Codice);
+    const bool venduta = v.operazione && v.origine == 3 && v.destinazione == 1;
+    if (g.gestione(r) <= RigaInvariata || !venduta || testaDistinta(codice) || rigaLibera(codice))
+        return true;
+    return aggiornaStatisticaCarico(g.chiave(r, Colonna::IdProdotto), g.currency(r, Colonna::PrezzoListino),
+                                    QDate::fromString(v.txtData.testo(), "dd/MM/yyyy"));
 }
 
 // Every row counts, deleted ones too.
@@ -137,18 +75,40 @@ void sommaPeso(const FlexVB& g, int r, Salvataggio& s) {
     s.colli = arrotondaColli(s.colli + getColliProd(prodotto) * quantita);
 }
 
+bool salvaRiga(Vendita& v, int r, Salvataggio& s) {
+    if (v.flxVB.viva(r)) ++s.pos;
+    // A component added to a kit that was saved before joins its head.
+    if (nuovaTesta(v.flxVB, r) && v.flxVB.chiave(r, Colonna::Rid) > 0)
+        s.ultimaTesta = v.flxVB.chiave(r, Colonna::Rid);
+    Currency taglio;
+    if (!scaricaRiga(v, r, s.trasferimento, taglio)) return false;
+    const bool daScrivere = v.flxVB.gestione(r) == RigaNuova || v.flxVB.gestione(r) == RigaModificata;
+    if (s.trasferimento && daScrivere) valutaAlCosto(v, r, std::max(taglio, Currency()));
+    const RigaDaScrivere riga{v.flxVB, r, s.idMovimento, s.extraProg, s.pos, taglio, s.trasferimento};
+    if (!scriviRiga(v.flxVB, riga, s) || !aggiornaStatistiche(v, r)) return false;
+    if (v.mAccompagnatorio) sommaPeso(v.flxVB, r, s);
+    return true;
+}
+
+// The receipt leaves before the commit, and nothing calls it back.
+void emettiScontrino(const Vendita& v, const Salvataggio& s) {
+    const bool connesso = collegamentoRegCassa().statoConnessione();
+    if (!connesso || gRegCassa.isEmpty() || v.flxVB.ultima() < 1) return;
+    collegamentoRegCassa().sendData(s.scontrino.chiudi());
+}
+
 }  // namespace
 
-bool saveDettagli(Vendita& v, int idMovimento, int extraProg) {
+bool saveDettagli(Vendita& v, int idMovimento, int extraProg, bool trasferimento) {
     return protetto(
         gNomeModulo, "saveDettagli",
         [&] {
-            Salvataggio s{idMovimento, extraProg};
+            Salvataggio s{idMovimento, extraProg, trasferimento};
             for (int r = 1; r <= v.flxVB.ultima(); ++r) {
-                if (!salvaRiga(v.flxVB, r, s)) return false;
-                if (v.mAccompagnatorio) sommaPeso(v.flxVB, r, s);
+                if (!salvaRiga(v, r, s)) return false;
             }
             if (!getTotaleConto(v, idMovimento)) return false;
+            emettiScontrino(v, s);
             return !v.mAccompagnatorio || updatePesoColli(idMovimento, s.peso, s.colli);
         },
         false);

@@ -9,6 +9,7 @@
 #include "data/gateway.h"
 #include "postings/lost_save.h"
 #include "postings/numbering.h"
+#include "postings/post_accounts.h"
 #include "postings/save_rows.h"
 #include "sale/recall.h"
 #include "sale/totals.h"
@@ -36,7 +37,14 @@ class StatoPrimaDelSalvataggio {
           mTotConto(v.lblTotConto.testo()),
           mPrimaNota(v.idPrimaNota),
           mPNPagamento(v.idPNPagamento),
-          mPagamento(v.idPagamento) {}
+          mPagamento(v.idPagamento) {
+        if (trasferimento(v)) mCelle = celle(v.flxVB);
+    }
+
+    // Goods go from one of the shop's warehouses to another.
+    static bool trasferimento(const Vendita& v) {
+        return v.magazzinoOrigine >= 1 && v.magazzinoDestinazione >= 1;
+    }
 
     void ripristina(Vendita& v) const {
         v.lblRID.testo(mRid);
@@ -45,11 +53,36 @@ class StatoPrimaDelSalvataggio {
         v.idPrimaNota = mPrimaNota;
         v.idPNPagamento = mPNPagamento;
         v.idPagamento = mPagamento;
+        rimetti(v);
     }
 
   private:
+    using Celle = std::vector<std::array<QString, numeroColonne>>;
+
+    static Celle celle(const FlexVB& g) {
+        Celle tutte(static_cast<size_t>(g.ultima()));
+        for (int r = 1; r <= g.ultima(); ++r) {
+            for (int c = 0; c < numeroColonne; ++c)
+                tutte[static_cast<size_t>(r - 1)][static_cast<size_t>(c)] =
+                    g.cella(r, static_cast<Colonna>(c));
+        }
+        return tutte;
+    }
+
+    // A transfer has put costs in the place of the prices.
+    void rimetti(Vendita& v) const {
+        if (mCelle.empty()) return;
+        for (int r = 1; r <= v.flxVB.ultima(); ++r) {
+            for (int c = 0; c < numeroColonne; ++c)
+                v.flxVB.scrivi(r, static_cast<Colonna>(c),
+                               mCelle[static_cast<size_t>(r - 1)][static_cast<size_t>(c)]);
+        }
+        calcolaTotali(v, false);
+    }
+
     QString mRid, mProg, mTotConto;
     int mPrimaNota, mPNPagamento, mPagamento;
+    Celle mCelle;
 };
 
 // The keys and numbers of the save under way.
@@ -57,6 +90,7 @@ struct Documento {
     QDate data;
     int tipo = -1;
     bool trasferimento = false;
+    bool conversione = false;
     int idPagamento = -1;
     int idMovimento = -1;
     int progressivo = 0;
@@ -106,26 +140,33 @@ bool modificaTestata(Vendita& v, Documento& d) {
 }
 
 // The totals of the header are those of all sales that share it.
-bool scriviTotali(const Vendita& v, const Documento& d) {
+bool scriviTotali(const DocumentoContabile& d) {
+    return gAdo.executeSQL("UPDATE Movimenti SET TOTIMPONIBILE = " + getSqlNumber(d.totale - d.imposta) +
+                               ", TOTIMPOSTA = " + getSqlNumber(d.imposta) + ", TOTDOCUMENTO = " +
+                               getSqlNumber(d.totale) + " WHERE RID = " + QString::number(d.idMovimento),
+                           sorgente());
+}
+
+bool contabilizza(Vendita& v, const Documento& d) {
     Currency iva;
     if (!getTotIva(d.idMovimento, iva)) return false;
-    const Currency totale = getValoreCurrency(v.lblTotConto.testo());
-    return gAdo.executeSQL("UPDATE Movimenti SET TOTIMPONIBILE = " + getSqlNumber(totale - iva) +
-                               ", TOTIMPOSTA = " + getSqlNumber(iva) + ", TOTDOCUMENTO = " +
-                               getSqlNumber(totale) + " WHERE RID = " + QString::number(d.idMovimento),
-                           sorgente());
+    const DocumentoContabile contabile{
+        d.idMovimento, d.progressivo,   d.data,       getValoreCurrency(v.lblTotConto.testo()),
+        iva,           d.trasferimento, d.conversione};
+    return scriviTotali(contabile) && registraContabilita(v, contabile);
 }
 
 // Everything between begin and commit; false: roll back.
 bool scriviNeiLibri(Vendita& v, Documento& d) {
     if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
     d.idPagamento = v.idPagamento;
-    d.trasferimento = v.magazzinoOrigine >= 1 && v.magazzinoDestinazione >= 1;
+    d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
     if (!(v.rid() <= 0 ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
     const int sottoProg = valIntero(v.txtSottoProg.testo());
     d.extraProg = sottoProg > 0 ? sottoProg : getNewSottoProgressivo(v, d.progressivo);
-    if (!saveDettagli(v, d.idMovimento, d.extraProg)) return false;
-    return scriviTotali(v, d);
+    if (!saveDettagli(v, d.idMovimento, d.extraProg, d.trasferimento)) return false;
+    if (d.trasferimento) calcolaTotali(v, true);
+    return contabilizza(v, d);
 }
 
 void segnaSalvata(Vendita& v, const Documento& d) {
@@ -227,6 +268,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
     const Clessidra clessidra(v.schermo.operatore());
     Documento d;
     try {
+        d.conversione = conversione;
         d.data = conversione ? orologio().oggi() : QDate::fromString(v.txtData.testo(), "dd/MM/yyyy");
         d.tipo = conversione ? tipoDocumento : gTipoDocVb;
         if (!scriviNeiLibri(v, d)) {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/currency.h"
+#include "sale/flxvb.h"
+
+// One row of the grid as a row of DettagliMovimento.
+struct RigaDaScrivere {
+    const FlexVB& griglia;
+    int riga;
+    int idMovimento;
+    int extraProg;
+    int pos;
+    Currency taglio;  // cost layer moved; a negative one is stored as 0
+    bool trasferimento;
+};
+
+// The new row's key; below 1 on failure.
+int inserisciRiga(const RigaDaScrivere& r);
+// The seller and the time keep their first value.
+bool modificaRiga(const RigaDaScrivere& r);
+// A row that was never stored is none to delete.
+bool cancellaRiga(const FlexVB& griglia, int riga);
+// Ties a component of a kit to its head.
+bool collegaComponente(int idRiga, int idTesta);

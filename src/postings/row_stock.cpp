@@ -1,0 +1,85 @@
+#include "postings/row_stock.h"
+
+#include "core/errors.h"
+#include "core/globals.h"
+#include "core/value_helpers.h"
+#include "postings/average_price.h"
+#include "postings/stock.h"
+#include "sale/product_info.h"
+#include "sale/totals.h"
+#include "sale/vendita.h"
+
+namespace {
+
+MovimentoMerce movimento(const Vendita& v, int riga, Currency taglio) {
+    const FlexVB& g = v.flxVB;
+    MovimentoMerce m;
+    m.quantita = g.single(riga, Colonna::Quantita);
+    m.quantitaVecchia = g.single(riga, Colonna::OldQuantita);
+    m.taglio = taglio;
+    m.idProdotto = g.chiave(riga, Colonna::IdProdotto);
+    m.azione = g.gestione(riga);
+    m.idOrigine = v.magazzinoOrigine;
+    m.idDestinazione = v.magazzinoDestinazione;
+    m.informazioni =
+        "Prodotto [" + g.cella(riga, Colonna::Codice) + " - " + g.cella(riga, Colonna::Descrizione) + "]";
+    if (v.mGestioneTaglio && !m.trasferimento()) m.taglioVecchio = g.currency(riga, Colonna::Taglio);
+    return m;
+}
+
+// The layer that the row is to move, as far as it is known beforehand.
+Currency taglioRiga(const Vendita& v, int riga, bool trasferimento) {
+    const FlexVB& g = v.flxVB;
+    if (trasferimento) return getTaglioProdotto(g.chiave(riga, Colonna::IdProdotto), v.magazzinoOrigine);
+    return g.currency(riga, v.mGestioneTaglio ? Colonna::PrezzoNettoEsteso : Colonna::Taglio);
+}
+
+// A row taken away before it was ever saved has moved nothing.
+bool muoveMerce(const Vendita& v, int riga) {
+    const FlexVB& g = v.flxVB;
+    const bool maiSalvata = g.gestione(riga) == RigaCancellata && g.chiave(riga, Colonna::Rid) < 1;
+    return g.gestione(riga) > RigaInvariata && !maiSalvata && v.operazione &&
+           getAggiornamentoGiacenzeByProdotto(g.chiave(riga, Colonna::IdProdotto));
+}
+
+bool muovi(Vendita& v, int riga, Currency& taglio) {
+    const QString& codice = v.flxVB.cella(riga, Colonna::Codice);
+    if (testaDistinta(codice)) {
+        taglio = Currency();
+        return true;
+    }
+    MovimentoMerce m = movimento(v, riga, taglio);
+    if (!giacenzeAggiornate(aggiornaGiacenze(m, v.schermo.operatore()))) return false;
+    taglio = m.taglio;
+    if (gPrezzoMedio == 1 || taglio >= Currency() || rigaLibera(codice)) return true;
+    gErr.mostraMessaggio(
+        "Impossibile determinare il taglio su: [" + codice + "]. Riga: " + QString::number(riga),
+        OperatorPort::Icona::Critica);
+    return false;
+}
+
+}  // namespace
+
+bool scaricaRiga(Vendita& v, int riga, bool trasferimento, Currency& taglio) {
+    taglio = taglioRiga(v, riga, trasferimento);
+    return !muoveMerce(v, riga) || muovi(v, riga, taglio);
+}
+
+void valutaAlCosto(Vendita& v, int riga, Currency taglio) {
+    FlexVB& g = v.flxVB;
+    const double quantita = static_cast<double>(g.single(riga, Colonna::Quantita));
+    const Currency iva =
+        Currency::daDouble(taglio.toDouble() * static_cast<double>(g.single(riga, Colonna::Iva)) / 100);
+    const Currency netto = Currency::daDouble(taglio.toDouble() * quantita);
+    const Currency totaleIva = Currency::daDouble(iva.toDouble() * quantita);
+    const auto scrivi = [&](Colonna colonna, Currency valore) {
+        g.scrivi(riga, colonna, formattaImporto(valore, 2));
+    };
+    scrivi(Colonna::PrezzoListino, taglio);
+    scrivi(Colonna::PrezzoNettoEsteso, taglio);
+    g.scrivi(riga, Colonna::ScNetto, "0");
+    scrivi(Colonna::TotPrNetto, netto);
+    scrivi(Colonna::IvaProd, iva);
+    scrivi(Colonna::TotIvaProd, totaleIva);
+    scrivi(Colonna::Importo, netto + totaleIva);
+}
