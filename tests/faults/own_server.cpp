@@ -1,6 +1,7 @@
 #include "faults/own_server.h"
 
 #include <arpa/inet.h>
+#include <cerrno>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <mysql.h>
@@ -34,9 +35,21 @@ int portaLibera() {
     return ntohs(indirizzo.sin_port);
 }
 
+const QString nomeCartella = "bottegon-guasti-";
+
+// A run that was killed left its folder behind; its number is in the name.
+void togliCartelleAbbandonate(const QDir& dove) {
+    for (const QString& nome : dove.entryList({nomeCartella + "*"}, QDir::Dirs)) {
+        const pid_t processo = nome.mid(nomeCartella.size()).section('-', 0, 0).toInt();
+        if (processo > 0 && kill(processo, 0) != 0 && errno == ESRCH)
+            QDir(dove.filePath(nome)).removeRecursively();
+    }
+}
+
 QString cartellaInMemoria() {
-    return QDir("/dev/shm").exists() ? "/dev/shm/bottegon-guasti-XXXXXX"
-                                     : QDir::tempPath() + "/guasti-XXXXXX";
+    const QDir dove(QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath());
+    togliCartelleAbbandonate(dove);
+    return dove.filePath(nomeCartella + QString::number(getpid()) + "-XXXXXX");
 }
 
 }  // namespace
@@ -102,6 +115,10 @@ void ServerProprio::ferma(int segnale) {
 
 void ServerProprio::sospendi() {
     kill(mProcesso, SIGSTOP);
+    // The signal has been taken only when all threads stand.
+    int stato = 0;
+    while (waitpid(mProcesso, &stato, WUNTRACED) == mProcesso && !WIFSTOPPED(stato)) {
+    }
     mSospeso = true;
 }
 

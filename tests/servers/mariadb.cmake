@@ -7,6 +7,9 @@ add_test(NAME mariadb.stop COMMAND ${mariadb_script} stop ${mariadb_state})
 set_tests_properties(mariadb.start PROPERTIES FIXTURES_SETUP mariadb TIMEOUT 120)
 set_tests_properties(mariadb.stop PROPERTIES FIXTURES_CLEANUP mariadb TIMEOUT 60)
 
+add_test(NAME mariadb.goes_with_its_run COMMAND ${CMAKE_CURRENT_LIST_DIR}/test_private_mariadb.sh)
+set_tests_properties(mariadb.goes_with_its_run PROPERTIES TIMEOUT 120)
+
 # bottegon_mariadb_test(NAME COMMAND...): the whole program in one process, the shop's books on the server.
 function(bottegon_mariadb_test name)
     add_test(NAME mariadb.${name} COMMAND ${mariadb_script} run ${mariadb_state} ${ARGN})
