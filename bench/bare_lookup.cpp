@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include "data/connection_string.h"
+#include "data/prepare_sql.h"
 #include "data/sqlite_connection.h"
 
 namespace {
@@ -44,13 +45,15 @@ class SqliteNudo final : public ClienteNudo {
 class MySqlNudo final : public ClienteNudo {
   public:
     explicit MySqlNudo(const QString& stringaConnessione) : mServer(mysql_init(nullptr), &mysql_close) {
-        QString errore;
-        const auto dati = leggiStringaConnessione(stringaConnessione, MySql, errore);
-        if (!dati) rinuncia(qPrintable(errore));
+        QString motivo;
+        const auto dati = leggiStringaConnessione(stringaConnessione, MySql, motivo);
+        if (!dati) rinuncia(qPrintable(motivo));
         mysql_options(mServer.get(), MYSQL_SET_CHARSET_NAME, "utf8mb4");
+        const QByteArray socket = dati->socket.toUtf8();
         if (mysql_real_connect(mServer.get(), dati->server.toUtf8(), dati->utente.toUtf8(),
                                dati->password.toUtf8(), dati->database.toUtf8(),
-                               static_cast<unsigned>(dati->porta), nullptr, 0) == nullptr)
+                               static_cast<unsigned>(dati->porta),
+                               socket.isEmpty() ? nullptr : socket.constData(), 0) == nullptr)
             rinuncia(mysql_error(mServer.get()));
     }
 

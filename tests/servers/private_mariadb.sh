@@ -97,7 +97,7 @@ sorveglia() {
 }
 
 risponde() {
-    mariadb-admin --no-defaults -S "$1/s" -u prova -pprova ping >/dev/null 2>&1
+    mariadb --no-defaults -S "$1/s" -u prova -pprova -e "DO 0" >/dev/null 2>&1
 }
 
 # Starts a watched server for a process; the port is answered in `porta`, its folder in `cartella`.
