@@ -121,7 +121,7 @@ void cmdConto_Click(Conto& conto, int indice) {
                 return conto.fuoco(v.txtSconto1);
             case 12:
                 return conto.fuoco(prezzoFineRiga(v));
-            case 13:
+            case contoIva:
                 return cerca(conto, cercaIva);
             default:
                 return;

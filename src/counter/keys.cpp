@@ -60,8 +60,10 @@ bool premi(Conto& conto, int comando) {
 // The search that fills the field being typed in.
 bool cercaPerIlCampo(Conto& conto) {
     const Vendita& v = conto.vendita();
-    if (conto.campoAttivo() == &v.txtCodCliente) cmdConto_Click(conto, contoCliente);
-    if (conto.campoAttivo() == &v.txtCodProdotto) cmdConto_Click(conto, contoProdotto);
+    const Campo* campo = conto.campoAttivo();
+    if (campo == &v.txtCodCliente) cmdConto_Click(conto, contoCliente);
+    if (campo == &v.txtCodProdotto) cmdConto_Click(conto, contoProdotto);
+    if (campo == &v.txtIVA) cmdConto_Click(conto, contoIva);
     return true;
 }
 

@@ -329,7 +329,7 @@ int cAdoSqlServer::executeSQLWithRA(QString& sql, const QString& sorgente) {
 
 bool cAdoSqlServer::executeCmd(const Comando& comando, const QString& sorgente) {
     QString testo = comando.testo;
-    if (!testo.startsWith("exec", Qt::CaseInsensitive)) testo.prepend("exec ");
+    if (!testo.startsWith("exec ", Qt::CaseInsensitive)) testo.prepend("exec ");
     mUltimoSQL = testo;
     if (!apriSeServe()) return false;
     mErrori.clear();

@@ -234,8 +234,12 @@ bool ConnessioneSql::inizia() {
 }
 
 bool ConnessioneSql::conferma() {
+    mErrore = {};
     if (!inTransazione() || !verificaTransazione()) {
-        mErrore = {ErroreServer::Classe::Conflitto, 0, testoTransazioneAnnullata, mDatabase->driverName()};
+        if (mErrore.classe != ErroreServer::Classe::ConnessionePersa) {
+            mErrore = {ErroreServer::Classe::Conflitto, 0, testoTransazioneAnnullata,
+                       mDatabase->driverName()};
+        }
         return false;
     }
     if (chiudiTransazione(true)) {

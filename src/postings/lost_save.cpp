@@ -19,26 +19,43 @@ QString testoQuantita(double quantita) {
 
 QString rigaScritta(const FlexVB& g, int r) {
     const QString codice = g.cella(r, Colonna::Codice);
-    const Currency importo = testaDistinta(codice) ? Currency() : g.currency(r, Colonna::Importo);
-    const double quantita = getSqlNumberOrZero(g.cella(r, Colonna::Quantita)).toDouble();
-    return QStringList{codice, g.cella(r, Colonna::Descrizione), testoQuantita(quantita), importo.testo()}
+    const auto importo = [&](Colonna colonna) {
+        return (testaDistinta(codice) ? Currency() : g.currency(r, colonna)).testo();
+    };
+    const auto numero = [&](Colonna colonna) {
+        return testoQuantita(getSqlNumberOrZero(g.cella(r, colonna)).toDouble());
+    };
+    return QStringList{codice,
+                       g.cella(r, Colonna::Descrizione),
+                       numero(Colonna::Quantita),
+                       importo(Colonna::PrezzoListino),
+                       importo(Colonna::PrezzoNettoEsteso),
+                       importo(Colonna::Importo),
+                       numero(Colonna::Iva)}
         .join('|');
 }
 
 QString rigaLetta(const Recordset& riga) {
-    return QStringList{riga.testo("CODPRODOTTO"), riga.testo("DESCPRODOTTO"),
-                       testoQuantita(riga.reale("QUANTITA")), riga.importo("TOTALERIGA").testo()}
+    return QStringList{riga.testo("CODPRODOTTO"),
+                       riga.testo("DESCPRODOTTO"),
+                       testoQuantita(riga.reale("QUANTITA")),
+                       riga.importo("PREZZO").testo(),
+                       riga.importo("PREZZONETTO").testo(),
+                       riga.importo("TOTALERIGA").testo(),
+                       testoQuantita(riga.reale("VALOREIVA"))}
         .join('|');
 }
 
 std::optional<bool> testataRegistrata(const SalvataggioIncerto& s) {
-    const Lettura m("SELECT PROGRESSIVO, FK_PAGAMENTO, FK_CONTROPARTITA, DATA FROM Movimenti WHERE RID = " +
-                        QString::number(s.idMovimento),
-                    sorgente());
+    const Lettura m(
+        "SELECT PROGRESSIVO, FK_TIPODOCUMENTO, FK_PAGAMENTO, FK_CONTROPARTITA, DATA FROM Movimenti "
+        "WHERE RID = " +
+            QString::number(s.idMovimento),
+        sorgente());
     if (!m) return std::nullopt;
-    return m.trovata() &&
-           descriviTestata({m->intero("PROGRESSIVO"), m->intero("FK_PAGAMENTO"),
-                            m->intero("FK_CONTROPARTITA"), m->campo("DATA").toDate()}) == s.testata;
+    return m.trovata() && descriviTestata({m->intero("PROGRESSIVO"), m->intero("FK_TIPODOCUMENTO"),
+                                           m->intero("FK_PAGAMENTO"), m->intero("FK_CONTROPARTITA"),
+                                           m->campo("DATA").toDate()}) == s.testata;
 }
 
 // The rows are there as they were written, and no others.
@@ -58,7 +75,8 @@ bool coincidono(Recordset& lette, const RigheSalvate& attese) {
 
 std::optional<bool> righeRegistrate(const SalvataggioIncerto& s) {
     const Lettura righe(
-        "SELECT RID, CODPRODOTTO, DESCPRODOTTO, QUANTITA, TOTALERIGA FROM DettagliMovimento "
+        "SELECT RID, CODPRODOTTO, DESCPRODOTTO, QUANTITA, PREZZO, PREZZONETTO, TOTALERIGA, VALOREIVA "
+        "FROM DettagliMovimento "
         "WHERE FK_MOVIMENTO = " +
             QString::number(s.idMovimento) + " AND EXTRAPROG = " + QString::number(s.extraProg),
         sorgente());
@@ -69,8 +87,9 @@ std::optional<bool> righeRegistrate(const SalvataggioIncerto& s) {
 }  // namespace
 
 QString descriviTestata(const TestataScritta& t) {
-    return QStringList{QString::number(t.progressivo), QString::number(t.idPagamento),
-                       QString::number(std::max(t.idControparte, 0)), t.data.toString("yyyy-MM-dd")}
+    return QStringList{QString::number(t.progressivo), QString::number(t.tipo),
+                       QString::number(t.idPagamento), QString::number(std::max(t.idControparte, 0)),
+                       t.data.toString("yyyy-MM-dd")}
         .join('|');
 }
 

@@ -9,6 +9,7 @@
 // What a save has put into the header.
 struct TestataScritta {
     int progressivo = 0;
+    int tipo = -1;  // TipoDocumenti
     int idPagamento = -1;
     int idControparte = -1;  // below 1: none
     QDate data;

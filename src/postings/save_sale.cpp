@@ -202,9 +202,9 @@ QString numeroVendita(const Vendita& v) {
 bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     OperatorPort& operatore = v.schermo.operatore();
     const int controparte = d.trasferimento ? -1 : v.cliente();
-    SalvataggioIncerto salvataggio{d.idMovimento, d.extraProg,
-                                   descriviTestata({d.progressivo, d.idPagamento, controparte, d.data}),
-                                   descriviRighe(v.flxVB)};
+    SalvataggioIncerto salvataggio{
+        d.idMovimento, d.extraProg,
+        descriviTestata({d.progressivo, d.tipo, d.idPagamento, controparte, d.data}), descriviRighe(v.flxVB)};
     const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
         segnaSalvata(v, d);

@@ -187,6 +187,15 @@ TEST_F(Searches, AVatCodeChosenFillsItsBoxAndPricesTheRow) {
     EXPECT_EQ(c.vendita().lblMainDisplay.testo(), "11,00");
 }
 
+TEST_F(Searches, F3InTheVatBoxOffersTheVatCodes) {
+    ContoDiProva& c = n.apriConto();
+    c.scansiona("8001");
+    c.clic(c.vendita().txtIVA);
+    quandoCerca(c, [](Ricerca& r) { r.rigaCorrente(2); });
+    c.tasto(Qt::Key_F3);
+    EXPECT_EQ(c.vendita().txtIVA.testo(), "10");
+}
+
 // ---- Accounts
 
 TEST_F(Searches, F8OpensAnAccountAndItsCustomerSearch) {

@@ -78,3 +78,11 @@ TEST_F(TouchKeys, TheLettersAnswerTheirCharacters) {
 }
 
 }  // namespace
+
+TEST_F(TouchKeys, OnlyTheDeletingKeyRepeatsWhileItIsHeld) {
+    QWidget* cifre = tastierino([](const QString&) {}, &finestra);
+    QWidget* lettere = tastieraLettere([](const QString&) {}, &finestra);
+    EXPECT_TRUE(tasto(cifre, "⌫")->autoRepeat());
+    EXPECT_FALSE(tasto(cifre, "C")->autoRepeat());
+    EXPECT_FALSE(tasto(lettere, "D")->autoRepeat());
+}

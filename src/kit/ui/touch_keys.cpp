@@ -13,6 +13,7 @@ struct Tasto {
     QString didascalia;
     QString nomeAccessibile;
     int riga, colonna, righe, colonne;
+    bool ripete = false;  // while it is held
 };
 
 QWidget* tastiera(const std::vector<Tasto>& tasti, const TastoPremuto& premuto, QWidget* padre) {
@@ -27,7 +28,7 @@ QWidget* tastiera(const std::vector<Tasto>& tasti, const TastoPremuto& premuto, 
         pulsante->setAccessibleName(tasto.nomeAccessibile);
         pulsante->setFocusPolicy(Qt::NoFocus);
         pulsante->setAutoDefault(false);
-        pulsante->setAutoRepeat(tasto.codice == "D");
+        pulsante->setAutoRepeat(tasto.ripete);
         pulsante->setMinimumSize(altezzaTocco, altezzaTocco);
         pulsante->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         QObject::connect(pulsante, &QPushButton::clicked, tutto,
@@ -62,7 +63,7 @@ QWidget* tastierino(const TastoPremuto& premuto, QWidget* padre) {
     }
     tasti.push_back({"0", "0", "Cifra 0", 3, 0, 1, 2});
     tasti.push_back({",", ",", "Virgola", 3, 2, 1, 1});
-    tasti.push_back({"D", "⌫", "Cancella l'ultimo carattere", 0, 3, 1, 1});
+    tasti.push_back({"D", "⌫", "Cancella l'ultimo carattere", 0, 3, 1, 1, true});
     tasti.push_back({"C", "C", "Svuota", 1, 3, 1, 1});
     tasti.push_back({"I", "INVIO", "Invio", 2, 3, 2, 1});
     return tastiera(tasti, premuto, padre);
