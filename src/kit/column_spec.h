@@ -5,13 +5,13 @@
 #include <QString>
 #include <QVariant>
 
-// The columns of a list as the screens specify them: columns parted by "|", the parts of one by "¤".
+// The columns of a list as the screens ask for them: columns parted by "|", the parts of one by "¤".
 
 struct ColonnaElenco {
     QString titolo;     // without the sign of its alignment
     QChar allineata;    // '<' left, '>' right, '^' centre; null when nothing is said
     int larghezza = 0;  // twips; 0 hides the column
-    QString campo;      // the field that it shows, where the specification has a third part
+    QString campo;      // the field that it shows, where a third part names one
 };
 
 // One column for each piece, an empty one too.

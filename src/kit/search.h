@@ -36,7 +36,7 @@ class Ricerca {
     // ---- The grid. Rows are counted from 1, as the header is row 0; columns from 0.
     int colonne() const { return primaColonna + static_cast<int>(mColonne.size()); }
     const ColonnaElenco& colonna(int colonna) const;
-    // Without a specification from the caller, widths are the screen's own.
+    // Where the caller names no columns, widths are the screen's own.
     bool larghezzeProprie() const { return mColonnePredefinite; }
     int righe() const { return static_cast<int>(mRighe.size()); }
     const QString& cella(int riga, int colonna) const;

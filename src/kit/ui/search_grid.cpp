@@ -21,7 +21,7 @@ constexpr int altezzaSegnaColonna = 4;
 constexpr int twipMargine = 410;
 // Below this a column is not squeezed, and the grid scrolls to the side.
 constexpr double pixelPerTwipMinimi = 1.0 / 15.0;
-// Without a specification: a code and what it means.
+// Where the caller names no columns: a code and what it means.
 constexpr int twipPredefiniti[] = {1800, 6200};
 
 constexpr QRgb fondoSelezione = 0xFFC0C0FF;
@@ -196,7 +196,7 @@ void GrigliaRicerca::resizeEvent(QResizeEvent* evento) {
     disponiColonne();
 }
 
-// The columns share the width in the proportions of their specification.
+// The columns share the width in the proportions that were asked for.
 void GrigliaRicerca::disponiColonne() {
     std::vector<int> twip{twipMargine, 0};
     for (int c = Ricerca::primaColonna; c < mRicerca.colonne(); ++c) {
