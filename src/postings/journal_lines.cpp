@@ -102,7 +102,7 @@ bool scriviRiga(int idPrimaNota, const RigaPN& riga) {
 
 QString sostituisciRighe(const RegistrazionePN& r) {
     const auto conti = leggiConti(r.idCausale);
-    if (!conti) return "Impossibile assegnare i conti DARE/AVERE!";
+    if (!conti) return gAdo.transazioneFallita() ? "" : "Impossibile assegnare i conti DARE/AVERE!";
     const RighePN righe = ripartisci(*conti, r);
     if (!gAdo.executeSQL(
             "DELETE FROM PrimaNotaDettagli WHERE FK_PrimaNota = " + QString::number(r.idPrimaNota),

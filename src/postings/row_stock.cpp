@@ -65,21 +65,20 @@ bool scaricaRiga(Vendita& v, int riga, bool trasferimento, Currency& taglio) {
     return !muoveMerce(v, riga) || muovi(v, riga, taglio);
 }
 
+// Each amount is what its cell shows, so that the columns of the row agree with each other.
 void valutaAlCosto(Vendita& v, int riga, Currency taglio) {
     FlexVB& g = v.flxVB;
     const double quantita = static_cast<double>(g.single(riga, Colonna::Quantita));
-    const Currency iva =
-        Currency::daDouble(taglio.toDouble() * static_cast<double>(g.single(riga, Colonna::Iva)) / 100);
-    const Currency netto = Currency::daDouble(taglio.toDouble() * quantita);
-    const Currency totaleIva = Currency::daDouble(iva.toDouble() * quantita);
-    const auto scrivi = [&](Colonna colonna, Currency valore) {
-        g.scrivi(riga, colonna, formattaImporto(valore, 2));
+    const double aliquota = static_cast<double>(g.single(riga, Colonna::Iva));
+    const auto scrivi = [&](Colonna colonna, double valore) {
+        g.scrivi(riga, colonna, formattaImporto(Currency::daDouble(valore), 2));
+        return g.currency(riga, colonna);
     };
-    scrivi(Colonna::PrezzoListino, taglio);
-    scrivi(Colonna::PrezzoNettoEsteso, taglio);
+    scrivi(Colonna::PrezzoListino, taglio.toDouble());
+    scrivi(Colonna::PrezzoNettoEsteso, taglio.toDouble());
     g.scrivi(riga, Colonna::ScNetto, "0");
-    scrivi(Colonna::TotPrNetto, netto);
-    scrivi(Colonna::IvaProd, iva);
-    scrivi(Colonna::TotIvaProd, totaleIva);
-    scrivi(Colonna::Importo, netto + totaleIva);
+    const Currency netto = scrivi(Colonna::TotPrNetto, taglio.toDouble() * quantita);
+    const Currency iva = scrivi(Colonna::IvaProd, taglio.toDouble() * aliquota / 100);
+    const Currency totaleIva = scrivi(Colonna::TotIvaProd, iva.toDouble() * quantita);
+    scrivi(Colonna::Importo, (netto + totaleIva).toDouble());
 }

@@ -12,12 +12,12 @@ class OperatorPort;
 struct MovimentoMerce {
     float quantita = 0;
     float quantitaVecchia = 0;  // as the row was last saved
-    Currency taglio;            // unit cost that names the layer; after the call, the one that was moved
+    Currency taglio = {};       // unit cost that names the layer; after the call, the one that was moved
     int idProdotto = -1;
     int azione = 0;  // 1 insertion, 2 change, 3 deletion
     int idOrigine = -1;
     int idDestinazione = -1;
-    QString informazioni;  // names the row in a message
+    QString informazioni = {};  // names the row in a message
     Currency taglioVecchio =
         Currency::daScalato(-10000);  // the layer of the last save, when the cost changed
     int rigaEsclusa = -1;             // a DettagliMovimento row that the average leaves out

@@ -260,6 +260,19 @@ TEST_F(BooksTable, TransferBetweenWarehouses) {
     EXPECT_EQ(n.verifica(), QStringList());
 }
 
+// Each amount of a transfer is worked out of those that the cells show.
+TEST_F(BooksTable, TransferAtACostOfThreeDecimals) {
+    n.sql("UPDATE DettagliProdotto SET TAGLIO = 6.335 WHERE TAGLIO = 6");
+    gTipoDocVb = 6;
+    ContoDiProva& c = n.apriConto();
+    vendi(c, "A", "3");
+    ASSERT_TRUE(salvaVendita(c.vendita(), false, -1));
+    EXPECT_EQ(leggiLibri(n).dettagli,
+              QStringList{"1|1|1|1|1|A|A|3|6.34|0|0|0|0|6.34|19.01|1|22|1.39|4.17|23.18|1|6.335|||2026-03-16 "
+                          "10:30:00"});
+    EXPECT_EQ(n.riga("SELECT TOTIMPONIBILE, TOTIMPOSTA, TOTDOCUMENTO FROM Movimenti"), "19.01|4.17|23.18");
+}
+
 // A document made of the sale is of today, keeps its own payment, and is collected only when that is the
 // counter's.
 TEST_F(BooksTable, ConvertedSaleOnCreditIsNotCollectedThoughTicked) {
