@@ -173,6 +173,22 @@ TEST_F(DeleteSale, CollectionGoesBackToTheOptionsCausal) {
     EXPECT_EQ(n.valore("SELECT FK_CAUSALE FROM PrimaNota WHERE RID = 2"), "2");
 }
 
+// A desk with a causal of its own collects under it; its deletions still go to the shop's.
+TEST_F(DeleteSale, CollectionOfADeskWithItsOwnCausalGoesBackToTheShops) {
+    n.sql(
+        "INSERT INTO Causali (RID, CODICE, DESCRIZIONE, FK_CONTODARE1, FK_CONTOAVERE1) VALUES "
+        "(8,'POS','Incasso carta',2,1)");
+    n.sql("DELETE FROM Opzioni WHERE NOME = 'CausalePagVb'");
+    n.sql("INSERT INTO Opzioni (NOME, VALORE) VALUES ('CausalePagVb','2')");
+    gCausalePagOverride = gCausalePagVb = v.idCausalePagamento = 8;
+    vendiESalva("A", "2");
+    nuovaVendita();
+    vendiESalva("A", "1");
+    ASSERT_EQ(n.valore("SELECT FK_CAUSALE FROM PrimaNota WHERE RID = 2"), "8");
+    ASSERT_TRUE(cancella());
+    EXPECT_EQ(n.valore("SELECT FK_CAUSALE FROM PrimaNota WHERE RID = 2"), "2");
+}
+
 // The collection of a named customer stays as it was posted, and goes with the header only.
 TEST_F(DeleteSale, CollectionOfANamedCustomerIsNotRewritten) {
     Bottega::intesta(v, 1, 9);

@@ -2,6 +2,8 @@
 #include "data/gateway.h"
 #include "postings/books.h"
 #include "postings/numbering.h"
+#include "postings/save_sale.h"
+#include "sale/document_info.h"
 #include "sale/last_numbers.h"
 
 namespace {
@@ -173,4 +175,126 @@ TEST_F(Numbering, SaleBegunBeforeMidnightKeepsItsDay) {
     c.tasto(Qt::Key_F2);
     EXPECT_EQ(c.vendita().txtData.testo(), "17/03/2026");
     EXPECT_EQ(c.vendita().txtProg.testo(), "(Auto)");
+}
+
+// ---- The journal
+
+TEST_F(Numbering, FirstJournalNumberOfAYearIsOne) {
+    EXPECT_EQ(getNewProgressivoPrimaNota(QDate(2026, 3, 16)), 1);
+}
+
+TEST_F(Numbering, JournalNumberFollowsTheHighestOfItsYear) {
+    n.sql(
+        "INSERT INTO PrimaNota (PROGRESSIVO, DATA) VALUES (7,'2026-12-31 00:00:00'),(3,'2026-01-01 "
+        "00:00:00'),(90,'2025-12-31 00:00:00'),(NULL,'2026-05-01 00:00:00')");
+    EXPECT_EQ(getNewProgressivoPrimaNota(QDate(2026, 1, 1)), 8);
+    EXPECT_EQ(getNewProgressivoPrimaNota(QDate(2025, 6, 1)), 91);
+    EXPECT_EQ(getNewProgressivoPrimaNota(QDate(2027, 1, 1)), 1);
+}
+
+// ---- The sub-number
+
+// It is looked for under today's year, not under the sale's.
+TEST_F(Numbering, SubNumberOfASaleOfLastYearStartsAgain) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    vendita(c);
+    ASSERT_EQ(vendite(), "1/1,1/2");
+    n.orologio.istante = QDateTime(QDate(2027, 1, 1), QTime(0, 5));
+    EXPECT_EQ(getNewSottoProgressivo(c.vendita(), 1), 1);
+}
+
+TEST_F(Numbering, SubNumbersOfOtherDocumentTypesDoNotCount) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    n.sql("INSERT INTO TipoDocumenti (RID, CODICE, FK_CAUSALE, NCONTATORE) VALUES (5,'FT',1,2)");
+    n.sql("UPDATE Movimenti SET FK_TIPODOCUMENTO = 5");
+    EXPECT_EQ(getNewSottoProgressivo(c.vendita(), 1), 1);
+}
+
+TEST_F(Numbering, SubNumbersOfAllDesksCount) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    n.sql("UPDATE Movimenti SET ID_CASSA = 9");
+    EXPECT_EQ(getNewSottoProgressivo(c.vendita(), 1), 2);
+}
+
+TEST_F(Numbering, SubNumberOfADeletedSaleInTheMiddleIsNotGivenAgain) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    vendita(c);
+    vendita(c);
+    n.sql("DELETE FROM DettagliMovimento WHERE EXTRAPROG = 2");
+    EXPECT_EQ(getNewSottoProgressivo(c.vendita(), 1), 4);
+}
+
+// ---- The day's header
+
+TEST_F(Numbering, PrintedHeaderOfTheDayGoesOnAllTheSame) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    n.sql("UPDATE Movimenti SET DATASTAMPA = '2026-03-16 00:00:00'");
+    Vendita& v = c.vendita();
+    EXPECT_EQ(getProgByDataForNewVendita(v, QDate(2026, 3, 16), 1), 1);
+}
+
+TEST_F(Numbering, HeaderOfTheDayIsFoundWithItsEntries) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    Vendita& v = c.vendita();
+    v.lblRID.testo("-1");
+    v.idPrimaNota = v.idPNPagamento = -1;
+    EXPECT_EQ(getProgByDataForNewVendita(v, QDate(2026, 3, 16), 1), 1);
+    EXPECT_EQ(v.lblRID.testo(), n.valore("SELECT RID FROM Movimenti"));
+    EXPECT_EQ(QString::number(v.idPrimaNota), n.valore("SELECT FK_PRIMANOTA FROM Movimenti"));
+    EXPECT_EQ(QString::number(v.idPNPagamento), n.valore("SELECT FK_PNPAGAMENTO FROM Movimenti"));
+}
+
+TEST_F(Numbering, HeaderOfAnotherDayCustomerTypeOrDeskIsNotContinued) {
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    Vendita& v = c.vendita();
+    EXPECT_EQ(getProgByDataForNewVendita(v, QDate(2026, 3, 15), 1), -1);
+    EXPECT_EQ(getProgByDataForNewVendita(v, QDate(2026, 3, 16), 2), -1);
+    gIDCassa = 9;
+    EXPECT_EQ(getProgByDataForNewVendita(v, QDate(2026, 3, 16), 1), -1);
+    gIDCassa = 255;
+    v.idTipoDocumento = 5;
+    EXPECT_EQ(getProgByDataForNewVendita(v, QDate(2026, 3, 16), 1), -1);
+}
+
+TEST_F(Numbering, NewSaleLooksAtTodayThoughAPastDayWasSavedLast) {
+    ContoDiProva& c = n.apriConto();
+    vendi(c, "A");
+    c.vendita().txtData.testo("10/03/2026");
+    c.tasto(Qt::Key_F5);
+    c.tasto(Qt::Key_F2);
+    EXPECT_EQ(c.vendita().txtProg.testo(), "(Auto)");
+    EXPECT_EQ(c.vendita().txtData.testo(), "16/03/2026");
+}
+
+// ---- Counters
+
+TEST_F(Numbering, DocumentTypesOfOneCounterShareItsSequence) {
+    n.sql(
+        "INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
+        "ACCOMPAGNATORIO, MOSTRAVB) VALUES (5,'FT','Fattura',1,1,0,0,1)");
+    ContoDiProva& c = n.apriConto();
+    vendita(c);
+    n.vendita(0).lblRID.testo("-1");
+    setInfoDocumento(c.vendita(), 5);
+    vendi(c, "A");
+    ASSERT_TRUE(salvaVendita(c.vendita(), true, 5));
+    EXPECT_EQ(n.righe("SELECT FK_TIPODOCUMENTO, PROGRESSIVO FROM Movimenti ORDER BY RID"),
+              (QStringList{"1|1", "5|2"}));
+    EXPECT_EQ(contatori(), "1/2026=2");
+}
+
+TEST_F(Numbering, NumberBeyondFourDigitsIsShownWhole) {
+    n.sql("INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO) VALUES (1,'2026',12344)");
+    ContoDiProva& c = n.apriConto();
+    vendi(c, "A");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(c.vendita().txtProg.testo(), "12345");
+    EXPECT_EQ(n.valore("SELECT CODICEPARTITA FROM PrimaNota"), "VB/12345");
 }
