@@ -162,6 +162,19 @@ INSTANTIATE_TEST_SUITE_P(
               "INSERT INTO DettagliMovimento (FK_MOVIMENTO, EXTRAPROG, POS, FK_PRODOTTO) VALUES (3, 1, 1, 1);"
               "UPDATE Prodotti SET GIACENZA = GIACENZA + 5 WHERE RID = 1",
               "costo cambiato su un carico"},
+        Danno{"LoadDeleted",
+              "INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO) VALUES (4, '2026', 1);"
+              "UPDATE Prodotti SET GIACENZA = GIACENZA + 5 WHERE RID = 1",
+              "è stato cancellato un carico"},
+        Danno{
+            "SubNumberOfTheNewYear",
+            "UPDATE DettagliMovimento SET EXTRAPROG = 1, ORA = '2027-01-01 00:05:00' WHERE FK_MOVIMENTO = 1 "
+            "AND EXTRAPROG = 2",
+            "salvata in un anno diverso"},
+        Danno{"CausalWithoutTheFirstAccount",
+              "UPDATE Causali SET FK_CONTOAVERE1 = NULL, FK_CONTOAVERE2 = 6 WHERE RID = 2; DELETE FROM "
+              "PrimaNotaDettagli WHERE AVERE = 26.47",
+              "manca il primo conto"},
         Danno{"NumberZero", "UPDATE Movimenti SET PROGRESSIVO = 0 WHERE RID = 2", "contatore non scritto"}),
     [](const auto& info) { return std::string(info.param.nome); });
 

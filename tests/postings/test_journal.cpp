@@ -44,12 +44,13 @@ struct Journal : testing::Test {
         r.terzoImporto = Currency::daDouble(terzo);
         const int id = salvaPrimaNota(r);
         EXPECT_GE(id, 1);
-        return n
-            .righe(
-                "SELECT FK_CONTO || ' ' || DARE || '/' || AVERE FROM PrimaNotaDettagli WHERE FK_PRIMANOTA "
-                "= " +
-                QString::number(id) + " ORDER BY RID")
-            .join(", ");
+        QStringList tutte;
+        for (const QString& riga :
+             n.righe("SELECT FK_CONTO, DARE, AVERE FROM PrimaNotaDettagli WHERE FK_PRIMANOTA = " +
+                     QString::number(id) + " ORDER BY RID")) {
+            tutte << riga.section('|', 0, 0) + " " + riga.section('|', 1).replace('|', '/');
+        }
+        return tutte.join(", ");
     }
     Bottega n;
 };

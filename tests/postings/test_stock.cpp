@@ -22,9 +22,10 @@ struct Stock : testing::Test {
     // "warehouse/cost=quantity" of each layer, the oldest first; the product's figure last.
     QString merce() {
         QStringList tutti;
-        for (const QString& strato : n.righe("SELECT FK_MAGAZZINO || '/' || TAGLIO, QUANTITA FROM "
-                                             "DettagliProdotto ORDER BY RID")) {
-            tutti << QString(strato).replace('|', '=');
+        for (const QString& strato :
+             n.righe("SELECT FK_MAGAZZINO, TAGLIO, QUANTITA FROM DettagliProdotto ORDER BY RID")) {
+            const QStringList celle = strato.split('|');
+            tutti << celle[0] + "/" + celle[1] + "=" + celle[2];
         }
         return tutti.join(' ') + " : " + n.valore("SELECT GIACENZA FROM Prodotti WHERE RID = 1");
     }

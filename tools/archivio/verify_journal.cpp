@@ -24,6 +24,7 @@ struct Registrazione {
     bool importiNegativi;
     bool contiDare;
     bool contiAvere;
+    bool primiConti;  // the first account of either side
     bool scorporaIva;
 };
 
@@ -37,12 +38,14 @@ Registrazione leggi(const Recordset& r) {
             r.reale("MINIMO") < 0,
             acceso("DARE1") || acceso("DARE2"),
             acceso("AVERE1") || acceso("AVERE2"),
+            acceso("DARE1") && acceso("AVERE1"),
             acceso("DARE2") || acceso("AVERE2")};
 }
 
 // Why the rules themselves leave an entry unbalanced; empty when they do not.
 QString causaAmmessa(const Registrazione& r) {
     if (r.contiDare != r.contiAvere) return "la causale ha conti da una sola parte";
+    if (!r.primiConti) return "alla causale manca il primo conto di una parte";
     if (r.scorporaIva && r.importiNegativi) return "reso: l'imposta negativa non viene scorporata";
     return {};
 }

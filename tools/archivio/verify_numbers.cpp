@@ -44,15 +44,22 @@ void verificaContatori(Archivio& archivio, EsitoVerifica& esito) {
     }
 }
 
+// The sub-number of a sale is looked for under the year of the day on which it is saved. A sale that goes on
+// under a header of another year may so get the number of one that is there, and its rows the same places.
 void verificaPosizioni(Archivio& archivio, EsitoVerifica& esito) {
     Recordset r = archivio.leggi(
-        "SELECT FK_MOVIMENTO, EXTRAPROG, POS, COUNT(*) AS QUANTE FROM "
-        "DettagliMovimento "
-        "GROUP BY FK_MOVIMENTO, EXTRAPROG, POS HAVING COUNT(*) > 1");
+        "SELECT D.FK_MOVIMENTO, D.EXTRAPROG, D.POS, COUNT(*) AS QUANTE, MAX(YEAR(D.ORA)) AS SALVATA, "
+        "MAX(M.ANNO) AS ANNO FROM DettagliMovimento D JOIN Movimenti M ON D.FK_MOVIMENTO = M.RID "
+        "GROUP BY D.FK_MOVIMENTO, D.EXTRAPROG, D.POS HAVING COUNT(*) > 1");
     for (; !r.eof(); r.moveNext()) {
-        esito.errori << QString("movimento %1, vendita %2: %3 righe alla posizione %4")
-                            .arg(r.testo("FK_MOVIMENTO"), r.testo("EXTRAPROG"), r.testo("QUANTE"),
-                                 r.testo("POS"));
+        const QString doppia =
+            QString("movimento %1, vendita %2: %3 righe alla posizione %4")
+                .arg(r.testo("FK_MOVIMENTO"), r.testo("EXTRAPROG"), r.testo("QUANTE"), r.testo("POS"));
+        if (!r.campo("SALVATA").isNull() && r.intero("SALVATA") != r.intero("ANNO")) {
+            esito.note << doppia + " (vendita salvata in un anno diverso da quello del documento)";
+        } else {
+            esito.errori << doppia;
+        }
     }
 }
 

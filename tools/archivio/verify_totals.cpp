@@ -23,7 +23,10 @@ const char* const totali =
     "SELECT COALESCE(TD.CODICE, '?') AS TIPO, M.PROGRESSIVO, M.ANNO, M.TOTDOCUMENTO, M.TOTIMPOSTA, "
     "M.TOTIMPONIBILE, COALESCE(S.TOTALE, 0) AS TOTALE, COALESCE(S.IMPOSTA, 0) AS IMPOSTA, "
     "COALESCE(S.VENDITE, 0) AS VENDITE, COALESCE(S.ULTIMA, 0) AS ULTIMA, PN.IMPORTO AS REGISTRATO, "
-    "PP.IMPORTO AS INCASSATO FROM Movimenti M LEFT JOIN TipoDocumenti TD ON M.FK_TIPODOCUMENTO = TD.RID "
+    "PP.IMPORTO AS INCASSATO, CASE WHEN M.FK_PRIMANOTA IS NULL AND EXISTS (SELECT 1 FROM PrimaNota PO "
+    "WHERE PO.DATA = M.DATA AND PO.FK_CAUSALE = TD.FK_CAUSALE AND ABS(PO.IMPORTO - S.TOTALE) < 0.005 "
+    "AND NOT EXISTS (SELECT 1 FROM Movimenti L WHERE L.FK_PRIMANOTA = PO.RID)) THEN 1 ELSE 0 END AS "
+    "RIPOSTATO FROM Movimenti M LEFT JOIN TipoDocumenti TD ON M.FK_TIPODOCUMENTO = TD.RID "
     "LEFT JOIN (SELECT FK_MOVIMENTO, SUM(TOTALERIGA) AS TOTALE, SUM(TOTALEIVA) AS IMPOSTA, "
     "COUNT(DISTINCT EXTRAPROG) AS VENDITE, MAX(EXTRAPROG) AS ULTIMA FROM DettagliMovimento "
     "GROUP BY FK_MOVIMENTO) S ON S.FK_MOVIMENTO = M.RID "
@@ -41,7 +44,7 @@ struct Testata {
     qint64 righe;
     qint64 impostaRighe;
     bool venditaMancante;  // a gap in the sub-numbers
-    bool ripostata;        // the journal carries the sum of the rows that are left
+    bool ripostata;        // the journal carries the sum of the rows that are left, linked or not
 };
 
 Testata leggi(const Recordset& r) {
@@ -57,11 +60,11 @@ Testata leggi(const Recordset& r) {
             righe,
             r.importo("IMPOSTA").scalato(),
             vendite > 0 && vendite<r.intero("ULTIMA"), vendite> 0 &&
-                (comeLeRighe("REGISTRATO") || comeLeRighe("INCASSATO"))};
+                (comeLeRighe("REGISTRATO") || comeLeRighe("INCASSATO") || r.vero("RIPOSTATO"))};
 }
 
 // A deletion re-posts the journal for the sales that remain but leaves the totals of the header, which the
-// next save brings up to date.
+// next save brings up to date. Under a causal that posts nothing itself the new entry is linked to no header.
 void confrontaConRighe(const Testata& t, EsitoVerifica& esito) {
     const bool totale = diversi(t.documento, t.righe, mezzoCentesimo);
     const bool imposta = diversi(t.imposta, t.impostaRighe, ultimoDecimale);
