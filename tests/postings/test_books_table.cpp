@@ -65,6 +65,23 @@ TEST_F(BooksTable, CashSale) {
     EXPECT_EQ(n.verifica(), QStringList());
 }
 
+// At the moving average a warehouse holds one row, and the sale remembers what the goods cost on it.
+TEST_F(BooksTable, CashSaleAtTheMovingAverage) {
+    gPrezzoMedio = 1;
+    gMesiPrezzoMedio = 12;
+    n.sql("DELETE FROM DettagliProdotto WHERE TAGLIO = 7");
+    n.sql("UPDATE DettagliProdotto SET QUANTITA = 10");
+    n.sql("UPDATE Prodotti SET PREZZOACQUISTO = 5.5 WHERE RID = 1");
+    Vendita& v = dueAETreB();
+    Bottega::intesta(v, 0, 9);
+    ASSERT_TRUE(salvaERilegge(v));
+    LibriAttesi attesi = libriACredito("9", {"1||2026-04-15|20.45", "1||2026-05-15|20.45"});
+    attesi.dettagli = {"1|1|1|1|1|A|A|2|10|0|0|0|0|10|20|1|22|2.2|4.4|24.4|1|5.5|||2026-03-16 10:30:00",
+                       righeDueAETreB()[1]};
+    attesi.strati = {"1|1|5.5|8"};
+    confrontaLibri(n, attesi);
+}
+
 TEST_F(BooksTable, NamedCustomerPaidAtTheCounter) {
     Vendita& v = dueAETreB();
     Bottega::intesta(v, 1, 9);

@@ -375,6 +375,12 @@ TEST_F(AverageStock, TransferCarriesItsCostToBothEnds) {
     EXPECT_EQ(mosso, euro(6.5));
 }
 
+TEST_F(AverageStock, TransferOfAnUnknownCostLeavesItUnknownAtBothEnds) {
+    EXPECT_EQ(muovi({.quantita = 2, .taglio = ignoto, .azione = 1, .idOrigine = 2, .idDestinazione = 1}),
+              "OK");
+    EXPECT_EQ(merce(), "1/-1=12 2/-1=-2 : 10");
+}
+
 TEST_F(AverageStock, ActionThatIsNoneIsSaid) {
     EXPECT_EQ(muovi({.quantita = 2, .taglio = euro(6), .azione = 0, .idOrigine = 1}),
               "Azione (Inserimento/Modifica/Cancellazione) non impostata!\n\nInformazioni:\n"

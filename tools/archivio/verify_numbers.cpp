@@ -48,9 +48,11 @@ void verificaContatori(Archivio& archivio, EsitoVerifica& esito) {
 // under a header of another year may so get the number of one that is there, and its rows the same places.
 void verificaPosizioni(Archivio& archivio, EsitoVerifica& esito) {
     Recordset r = archivio.leggi(
-        "SELECT D.FK_MOVIMENTO, D.EXTRAPROG, D.POS, COUNT(*) AS QUANTE, MAX(YEAR(D.ORA)) AS SALVATA, "
-        "MAX(M.ANNO) AS ANNO FROM DettagliMovimento D JOIN Movimenti M ON D.FK_MOVIMENTO = M.RID "
-        "GROUP BY D.FK_MOVIMENTO, D.EXTRAPROG, D.POS HAVING COUNT(*) > 1");
+        "SELECT D.FK_MOVIMENTO, D.EXTRAPROG, D.POS, D.QUANTE, M.ANNO, (SELECT MAX(YEAR(X.ORA)) FROM "
+        "DettagliMovimento X WHERE X.FK_MOVIMENTO = D.FK_MOVIMENTO AND X.EXTRAPROG = D.EXTRAPROG AND "
+        "X.POS = D.POS) AS SALVATA FROM (SELECT FK_MOVIMENTO, EXTRAPROG, POS, COUNT(*) AS QUANTE FROM "
+        "DettagliMovimento GROUP BY FK_MOVIMENTO, EXTRAPROG, POS HAVING COUNT(*) > 1) D "
+        "JOIN Movimenti M ON D.FK_MOVIMENTO = M.RID");
     for (; !r.eof(); r.moveNext()) {
         const QString doppia =
             QString("movimento %1, vendita %2: %3 righe alla posizione %4")
