@@ -247,6 +247,35 @@ TEST_F(BooksOfALoad, DeletingItMovesNoStock) {
     EXPECT_EQ(libri.prodotti, QStringList{"A|15||0"});
 }
 
+// ---- Stock that cannot be told
+
+// The whole save is refused, whatever its other rows; the message comes when the books are as before.
+TEST_F(BooksChanges, ProductThatWasNeverInTheWarehouseRefusesTheSave) {
+    n.prodotto({.codice = "N", .listino1 = 1, .descrizione = "Nuovo", .gestioneGiacenza = true});
+    vendi(c, "A", "2");
+    vendi(c, "N");
+    const QStringList libriPrima = libri(n);
+    const QStringList schermoPrima = schermata(v);
+    n.operatore.attendiMessaggio(
+        "Impossibile determinare il taglio.\nManca il riferimento al prezzo di costo del prodotto.\n\n"
+        "Informazioni: \n - Prodotto [N - Nuovo]",
+        OperatorPort::Icona::Critica);
+    EXPECT_FALSE(salvaVendita(v, false, -1));
+    EXPECT_EQ(libri(n), libriPrima);
+    EXPECT_EQ(schermata(v), schermoPrima);
+}
+
+TEST_F(BooksChanges, RowTakenAwayBeforeItWasEverSavedMovesNothing) {
+    vendi(c, "A", "2");
+    vendi(c, "B", "3");
+    v.flxVB.scrivi(1, Colonna::Gestione, "3");
+    ASSERT_TRUE(salvaERilegge(v));
+    const LibriAttesi letti = leggiLibri(n);
+    EXPECT_EQ(letti.strati, (QStringList{"1|1|6|4", "1|1|7|6"}));
+    EXPECT_EQ(letti.prodotti, QStringList{"A|10||0"});
+    EXPECT_EQ(n.righe("SELECT POS, CODPRODOTTO FROM DettagliMovimento"), QStringList{"1|B"});
+}
+
 // ---- Statistics and transport data
 
 TEST_F(BooksChanges, LastSaleOfAProductMovesOnlyForward) {

@@ -79,6 +79,14 @@ TEST_F(DeleteSale, GoodsGoBackToTheLayerTheyCameFrom) {
     EXPECT_EQ(n.valore("SELECT GIACENZA FROM Prodotti WHERE RID = 1"), "10");
 }
 
+TEST_F(DeleteSale, LayerIsFoundAgainByAllItsDecimals) {
+    n.sql("UPDATE DettagliProdotto SET TAGLIO = 6.3355 WHERE TAGLIO = 6");
+    vendiESalva("A", "2");
+    ASSERT_EQ(strati(), (QStringList{"1|1|6.3355|2", "1|1|7|6"}));
+    ASSERT_TRUE(cancella());
+    EXPECT_EQ(strati(), (QStringList{"1|1|6.3355|4", "1|1|7|6"}));
+}
+
 TEST_F(DeleteSale, QuantityThatComesBackIsTheSavedOne) {
     vendiESalva("A", "2");
     c.clicRiga(1);
