@@ -119,6 +119,18 @@ TEST_F(PricesWithVat, RowTotalIsTakenBackThroughItsRoundedForm) {
     EXPECT_EQ(cella(v, 1, Colonna::Importo), "9,99");
 }
 
+TEST_F(PricesWithVat, FinalPriceIsTakenBackFromTheRowTotalThatItGives) {
+    ContoDiProva& c = entra(1);
+    Vendita& v = c.vendita();
+    scrivi(c, v.txtQta, "3");
+    // Row total 30; 10,00 a piece; / 1,22 = 8,1967, list 8,20; 8,20 x 3 x 1,22 = 30,012.
+    scriviELascia(c, v.txtPrezzoFinito, "10");
+    EXPECT_EQ(v.txtPrezzoListinoLordo.testo(), "10,00");
+    EXPECT_EQ(cella(v, 1, Colonna::PrezzoListino), "8,20");
+    EXPECT_EQ(cella(v, 1, Colonna::Importo), "30,01");
+    EXPECT_EQ(v.lblPos.testo(), "1");
+}
+
 TEST_F(PricesWithVat, DiscountedRowEndsWithoutDiscounts) {
     ContoDiProva& c = entra(0);
     Vendita& v = c.vendita();
