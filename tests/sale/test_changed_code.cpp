@@ -1,28 +1,27 @@
 #include "doubles/kit_di_prova.h"
-#include "gesti.h"
+#include "entry_shop.h"
 
 namespace {
 
 // A code typed over that of a row in the editor: another product takes the row's place.
-struct ChangedCode : testing::Test {
-    Negozio n;
-    int idA = n.prodotto({.codice = "A1", .listino1 = 10, .barcode = "8001", .descrizione = "Martello"});
-    int idB = n.prodotto({.codice = "B1", .listino1 = 20, .barcode = "8002", .descrizione = "Pinza"});
-    ContoDiProva& c = n.apriConto();
-    Vendita& v = c.vendita();
-
-    void entra(const QString& codice) {
-        c.digita(codice);
+struct ChangedCode : NegozioDiIngresso {
+    void riscrivi(int riga, const QString& codice) {
+        c.clicRiga(riga);
+        scrivi(c, v.txtCodProdotto, codice);
         c.invio();
+    }
+    // Row 1: "A1", four pieces.
+    void quattroMartelli() {
+        entra("A1");
+        scrivi(c, v.txtQta, "4");
+        c.tasto(Qt::Key_F6);
     }
     // Rows 1 "A1" and 2 "CODA"; the code is typed over the first.
     void scriviSopra(const QString& codice) {
         n.prodotto({.codice = "CODA", .listino1 = 1});
         vendi(c, "A1");
         vendi(c, "CODA");
-        c.clicRiga(1);
-        scrivi(c, v.txtCodProdotto, codice);
-        c.invio();
+        riscrivi(1, codice);
     }
     // Nothing came of it: the row stands as it was, and so does the total.
     void rigaRimasta() {
@@ -34,12 +33,8 @@ struct ChangedCode : testing::Test {
 };
 
 TEST_F(ChangedCode, ReplacingCodeKeepsTheQuantity) {
-    entra("A1");
-    scrivi(c, v.txtQta, "4");
-    c.tasto(Qt::Key_F6);
-    c.clicRiga(1);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
+    quattroMartelli();
+    riscrivi(1, "B1");
     EXPECT_EQ(codiciVivi(v), QStringList{"B1"});
     EXPECT_EQ(cella(v, 1, Colonna::Quantita), "4,00");
     EXPECT_EQ(v.lblMainDisplay.testo(), "97,60");
@@ -48,9 +43,7 @@ TEST_F(ChangedCode, ReplacingCodeKeepsTheQuantity) {
 TEST_F(ChangedCode, ReplacingCodeKeepsAReturn) {
     entra("A1");
     rendi(c, "2");
-    c.clicRiga(1);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
+    riscrivi(1, "B1");
     EXPECT_EQ(cella(v, 1, Colonna::Quantita), "-2,00");
 }
 
@@ -58,16 +51,12 @@ TEST_F(ChangedCode, KeptQuantityIsHeldAgainstTheStock) {
     gSottoScorta = 1;
     gBloccaSottoScorta = true;
     n.sql(QString("UPDATE Prodotti SET SETGIACENZA = 1, GIACENZA = 3 WHERE RID = %1").arg(idB));
-    entra("A1");
-    scrivi(c, v.txtQta, "4");
-    c.tasto(Qt::Key_F6);
-    c.clicRiga(1);
+    quattroMartelli();
     n.operatore.attendiMessaggio(
         "Impossibile scaricare la quantità desiderata per il prodotto [Pinza].\nLa scorta di [3,00] è "
         "inferiore alla quantità [4,00] scelta!",
         OperatorPort::Icona::Critica);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
+    riscrivi(1, "B1");
     EXPECT_EQ(codiciVivi(v), QStringList{"B1"});
     EXPECT_EQ(cella(v, 1, Colonna::Quantita), "1,00");
     EXPECT_EQ(v.txtQta.testo(), "1,00");
@@ -86,13 +75,11 @@ TEST_F(ChangedCode, RefusedCodeOverARowLeavesTheRow) {
     gAvvisaSottoScorta = true;
     vendi(c, "A1");
     n.sql("UPDATE Prodotti SET SETGIACENZA = 1 WHERE CODICE = 'B1'");
-    c.clicRiga(1);
     n.operatore.attendiDomanda(
         "Attenzione! La giacenza del prodotto [Pinza] è inferiore a [1].\nScegliere [Sì] per continuare "
         "oppure [No] per annullare l'operazione",
         OperatorPort::Risposta::No);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
+    riscrivi(1, "B1");
     c.tasto(Qt::Key_F6);
     EXPECT_EQ(codiciVivi(v), QStringList{"A1"});
     EXPECT_EQ(v.flxVB.chiave(1, Colonna::IdProdotto), idA);
@@ -122,9 +109,7 @@ TEST_F(ChangedCode, KitThatCannotBeReadLeavesTheRow) {
 
 TEST_F(ChangedCode, NoToASaleBelowCostLeavesTheRow) {
     n.prodotto({.codice = "VE", .descrizione = "Vecchio", .idSostituito = idB});
-    n.sql(QString("INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES "
-                  "(%1,1,30,5)")
-              .arg(idB));
+    strato(idB, 30, 5);
     gSottoCosto = 1;
     n.operatore.attendiDomanda(
         "Il prodotto [Vecchio] è stato sostituito.\nScegliere quello relativo [B1 - Pinza]?",
@@ -151,9 +136,7 @@ TEST_F(ChangedCode, KitThatGetsItsComponentsBackAboveTheRowTakesThatRowAway) {
     n.operatore.attendiDomanda("Eliminare il prodotto [Pinza]?", OperatorPort::Risposta::Si);
     c.tasto(Qt::Key_F9);
     vendi(c, "A1");
-    c.clicRiga(3);
-    scrivi(c, v.txtCodProdotto, "%KIT");
-    c.invio();
+    riscrivi(3, "%KIT");
     EXPECT_EQ(codiciVivi(v), (QStringList{"%KIT", "B1"}));
     EXPECT_EQ(v.lblMainDisplay.testo(), "6,10");
 }
@@ -162,9 +145,7 @@ TEST_F(ChangedCode, SavedRowIsDeletedAndTheNewOneSaved) {
     vendi(c, "A1");
     c.tasto(Qt::Key_F5);
     ASSERT_EQ(n.valore("SELECT CODPRODOTTO FROM DettagliMovimento"), "A1");
-    c.clicRiga(1);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
+    riscrivi(1, "B1");
     c.tasto(Qt::Key_F5);
     EXPECT_EQ(n.righe("SELECT CODPRODOTTO FROM DettagliMovimento"), QStringList{"B1"});
     EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "24.4");

@@ -1,28 +1,10 @@
 #include "doubles/kit_di_prova.h"
-#include "gesti.h"
+#include "entry_shop.h"
 #include "sale/product_entry.h"
 
 namespace {
 
-struct EntryEdges : testing::Test {
-    Negozio n;
-    int idA = n.prodotto({.codice = "A1", .listino1 = 10, .barcode = "8001", .descrizione = "Martello"});
-    int idB = n.prodotto({.codice = "B1", .listino1 = 20, .barcode = "8002", .descrizione = "Pinza"});
-    ContoDiProva& c = n.apriConto();
-    Vendita& v = c.vendita();
-
-    void entra(const QString& codice) {
-        c.digita(codice);
-        c.invio();
-    }
-    void strato(int prodotto, double taglio, double quantita) {
-        n.sql(QString("INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES "
-                      "(%1,1,%2,%3)")
-                  .arg(prodotto)
-                  .arg(taglio)
-                  .arg(quantita));
-    }
-};
+struct EntryEdges : NegozioDiIngresso {};
 
 // ---- Cost and margin
 
