@@ -9,6 +9,7 @@
 #include "sale/customer.h"
 #include "sale/line_pricing.h"
 #include "sale/product_entry.h"
+#include "sale/quantity.h"
 #include "sale/returns.h"
 #include "sale/row_editor.h"
 #include "sale/vat_entry.h"

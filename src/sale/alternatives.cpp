@@ -9,6 +9,7 @@
 #include "data/gateway.h"
 #include "sale/product_entry.h"
 #include "sale/product_info.h"
+#include "sale/product_query.h"
 #include "sale/row_editor.h"
 #include "sale/vendita.h"
 
@@ -36,6 +37,7 @@ void aggiungiAlternativi(Vendita& v, const QString& altro, const QString& questo
     const Lettura lettura(sqlAlternativi(altro, questo, idProdotto),
                           moduloFrmMain + QString(".showAlternativi"));
     if (!lettura) return;
+    if (giacenzaDiMagazzino()) unaRigaAProdotto(*lettura, altro);
     for (; !lettura->eof(); lettura->moveNext()) {
         const int id = lettura->intero(altro);
         if (verifyAlternativoExist(v, id)) continue;

@@ -90,6 +90,12 @@ void prezzoPositivoSeReso(Vendita& v, Campo& prezzo) {
     if (v.chkReso.valore() == 1) prezzo.testo(formattaImporto(valore(prezzo).assoluto(), 2));
 }
 
+// A list price keeps its decimals: the commit would take a rounded one for a change.
+void listinoPositivoSeReso(Vendita& v, Campo& listino, int decimali) {
+    if (v.chkReso.valore() == 1 && valore(listino) < Currency())
+        listino.testo(formattaImporto(valore(listino).assoluto(), decimali));
+}
+
 void lasciaPrezzo(Vendita& v) {
     if (v.mUsaPrezziIva) {
         ricalcolaPrezzi(v, true, true);
@@ -174,6 +180,7 @@ void applicaScontiRiga(Vendita& v) {
 }
 
 void txtPrezzoListino_LostFocus(Vendita& v) {
+    listinoPositivoSeReso(v, v.txtPrezzoListino, gDecimaliDopo);
     if (v.txtPrezzoListino.testo() == v.lblPrezzoListino.testo()) return;
     if (v.lblIDIva.testo().isEmpty() || getValoreSingle(v.lblIDIva.testo()) < 0) return;
     ricalcolaPrezzi(v, false, true);
@@ -181,6 +188,7 @@ void txtPrezzoListino_LostFocus(Vendita& v) {
 }
 
 void txtPrezzoListinoLordo_LostFocus(Vendita& v) {
+    listinoPositivoSeReso(v, v.txtPrezzoListinoLordo, 2);
     if (v.txtPrezzoListinoLordo.testo() == v.lblPrezzoListinoLordo.testo()) return;
     v.txtPrezzoListino.testo(formattaImporto(
         valore(v.txtPrezzoListinoLordo).toDouble() / fattoreIva(valore(v.lblValoraIva).toDouble()), 6));

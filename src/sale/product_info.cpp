@@ -66,6 +66,11 @@ void showInfrmazioniStatic(Vendita& v, int idProdotto) {
     });
 }
 
+void leggiGiacenza(Vendita& v) {
+    const int prodotto = v.txtCodProdotto.chiave();
+    if (prodotto > 0 && v.lblGiacenza.testo() == giacenzaNonLetta) showInfrmazioniStatic(v, prodotto);
+}
+
 void showMargineProdotto(Vendita& v, int idProdotto, Currency prezzoNetto) {
     protetto(moduloFrmMain, "showMargineProdotto", [&] {
         for (Campo* campo : {&v.lblMargineEuro, &v.lblMarginePerc, &v.lblPrezzoCosto}) {

@@ -18,14 +18,14 @@ int colonna(const Recordset& righe, const QString& nome) {
 
 }  // namespace
 
-void unaRigaAProdotto(Recordset& righe) {
+void unaRigaAProdotto(Recordset& righe, const QString& chiave) {
     if (righe.righe() < 2) return;
     const int campi = righe.campi();
     const int giacenza = colonna(righe, "GIACENZA");
     std::vector<QVariant> celle;
     std::map<int, size_t> prime;  // where the row of a product begins
     for (; !righe.eof(); righe.moveNext()) {
-        const auto [prima, nuova] = prime.emplace(righe.intero("RID"), celle.size());
+        const auto [prima, nuova] = prime.emplace(righe.intero(chiave), celle.size());
         if (!nuova) {
             QVariant& somma = celle[prima->second + static_cast<size_t>(giacenza)];
             somma = somma.toDouble() + righe.campo(giacenza).toDouble();

@@ -8,5 +8,6 @@ class Recordset;
 QString sqlProdotto(int idProdotto, const QString& codice, bool like);
 
 // A product whose stock lies in several cost layers of the warehouse is found once for each: they become one
-// row with the stock of all. Fields RID and GIACENZA; the first row is the current one.
-void unaRigaAProdotto(Recordset& righe);
+// row with the stock of all. `chiave`: the field of the product's key; the stock is GIACENZA. The first row
+// is the current one.
+void unaRigaAProdotto(Recordset& righe, const QString& chiave);

@@ -8,6 +8,7 @@
 #include "sale/vendita.h"
 
 const char* const moduloFrmMain = "frmMain";
+const char* const giacenzaNonLetta = "0";
 
 namespace {
 
@@ -46,7 +47,7 @@ void pulisciProdotto(Vendita& v) {
     v.txtIVA.tag("-1");
     v.lblIDIva.testo("-1");
     v.lblValoraIva.testo("0");
-    v.lblGiacenza.testo("0");
+    v.lblGiacenza.testo(giacenzaNonLetta);
     v.lblGiacenza.tag("0");
     v.lblPrezzoListinoPanel.testo(formattaImporto(0.0, gDecimaliDopo));
 }
@@ -119,6 +120,11 @@ void setVenditaModificata(Vendita& v) {
     v.venditaModificata = true;
     v.pctSave.testo("Vendita non salvata");
     v.pctSave.visibile(true);
+}
+
+int rigaInEditor(const Vendita& v) {
+    const int riga = valIntero(v.lblPos.testo());
+    return riga >= 1 && riga <= v.flxVB.ultima() && v.flxVB.viva(riga) ? riga : 0;
 }
 
 void setResoStatus(Vendita& v, int valore) {

@@ -8,6 +8,9 @@ struct Vendita;
 // The module name under which the screen's procedures report.
 extern const char* const moduloFrmMain;
 
+// What lblGiacenza shows in an empty editor; a stock that was read has its decimals.
+extern const char* const giacenzaNonLetta;
+
 // To their empty state; with `mantieniCodice` the typed code stays.
 void pulisciCampiRiga(Vendita& v, bool mantieniCodice);
 // Pushes modificaConsentita to commands and fields.
@@ -23,6 +26,9 @@ bool valoreCambiato(Campo& campo);
 
 // There are unsaved changes from now on.
 void setVenditaModificata(Vendita& v);
+
+// The live row of the grid that is in the editor; 0 when there is none.
+int rigaInEditor(const Vendita& v);
 
 // Return mode of the row in the editor: 1 a return, 0 not.
 void setResoStatus(Vendita& v, int valore);

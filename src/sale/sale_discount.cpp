@@ -107,8 +107,8 @@ void scriviRighe(Vendita& v, const RigheNuove& righe) {
 
 // The row in the editor as the grid has it now: committed later, the editor must not bring back what it held.
 void rileggiEditor(Vendita& v) {
-    const int riga = valIntero(v.lblPos.testo());
-    if (riga < 1 || riga > v.flxVB.ultima() || !v.flxVB.viva(riga)) return;
+    const int riga = rigaInEditor(v);
+    if (riga < 1) return;
     mostraPrezziRiga(v, riga);
     showMargineProdotto(v, v.txtCodProdotto.chiave(), getValoreCurrency(v.txtPrezzoNetto.testo()));
 }

@@ -5,7 +5,9 @@
 #include "core/format.h"
 #include "core/globals.h"
 #include "core/numbers.h"
+#include "core/operator_port.h"
 #include "core/value_helpers.h"
+#include "data/gateway.h"
 #include "sale/customer.h"
 #include "sale/grid.h"
 #include "sale/last_numbers.h"
@@ -139,4 +141,16 @@ int contaRigheDaSalvare(const Vendita& v) {
         if (v.flxVB.gestione(r) != RigaInvariata) ++righe;
     }
     return righe;
+}
+
+bool controlloDataMovimento(Vendita& v) {
+    const QString inizio = "Attenzione, la Data della Vendita corrente è diversa dalla Data attuale.\n";
+    if (gVenditeGiorniDiversi != 1) return true;
+    const QDateTime adesso = gAdo.getDataOraServer(moduloFrmMain + QString(".controlloDataMovimento"));
+    if (v.txtData.testo() == Format(adesso, u"DD/MM/YYYY")) return true;
+    if (gBloccaVenditeGiorniDiversi) {
+        v.schermo.operatore().messaggio(inizio + "Impossibile continuare!", OperatorPort::Icona::Critica);
+        return false;
+    }
+    return !gAvvisaVenditeGiorniDiversi || v.schermo.operatore().chiedeSi(inizio + "Si desidera continuare?");
 }

@@ -16,3 +16,5 @@ bool setForNewMovimento(Vendita& v);
 void checkPolicyDeleteUpadte(Vendita& v);
 // How many rows the next save has to write.
 int contaRigheDaSalvare(const Vendita& v);
+// The sale's date is today's, or the shop lets it differ.
+bool controlloDataMovimento(Vendita& v);

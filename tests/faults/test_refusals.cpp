@@ -24,21 +24,28 @@ TEST_F(Refusals, AWrongPasswordIsSaidAndNotShown) {
     nienteEPoiSalvata();
 }
 
-TEST_F(Refusals, ADatabaseThatIsNotThereIsSaid) {
+struct BancaNegata {
+    const char* nome;
+    const char* banca;
+    const char* detto;
+};
+
+class DatabaseRefused : public Refusals, public testing::WithParamInterface<BancaNegata> {};
+
+TEST_P(DatabaseRefused, IsSaid) {
     const QString giusta = gStrConnessione;
-    gStrConnessione = server.stringaCassa("prova_che_non_esiste", server.porta());
-    salvaInvano(connessione, "Il database indicato non esiste sul server MySQL");
+    gStrConnessione = server.stringaCassa(GetParam().banca, server.porta());
+    salvaInvano(connessione, GetParam().detto);
     gStrConnessione = giusta;
     nienteEPoiSalvata();
 }
 
-TEST_F(Refusals, ADatabaseWithoutRightsIsSaid) {
-    const QString giusta = gStrConnessione;
-    gStrConnessione = server.stringaCassa("mysql", server.porta());
-    salvaInvano(connessione, "L'utente non può usare questo database MySQL");
-    gStrConnessione = giusta;
-    nienteEPoiSalvata();
-}
+INSTANTIATE_TEST_SUITE_P(Connection, DatabaseRefused,
+                         testing::Values(BancaNegata{"NotThere", "prova_che_non_esiste",
+                                                     "Il database indicato non esiste sul server MySQL"},
+                                         BancaNegata{"WithoutRights", "mysql",
+                                                     "L'utente non può usare questo database MySQL"}),
+                         [](const auto& info) { return std::string(info.param.nome); });
 
 TEST_F(Refusals, ATableWithoutRightsIsSaid) {
     altro.esegui("CREATE USER IF NOT EXISTS 'limitata'@'%' IDENTIFIED BY 'cassa'");

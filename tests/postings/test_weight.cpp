@@ -26,49 +26,42 @@ struct Weight : testing::Test {
     }
 };
 
-TEST_F(Weight, IsSummedOverTheRows) {
-    riga(a, "3,00");
-    riga(b, "2,00");
+struct RigaPesata {
+    char prodotto;
+    const char* quantita;
+    Colonna colonna = Colonna::Gestione;
+    const char* valore = "1";
+};
+
+struct PesoAtteso {
+    const char* nome;
+    std::vector<RigaPesata> righe;
+    float peso;
+    int colli;
+};
+
+class WeightOf : public Weight, public testing::WithParamInterface<PesoAtteso> {};
+
+TEST_P(WeightOf, IsThatOfThePiecesThatLeave) {
+    for (const RigaPesata& r : GetParam().righe) {
+        v.flxVB.scrivi(riga(r.prodotto == 'A' ? a : b, r.quantita), r.colonna, r.valore);
+    }
     getNewPesoColli(v, colli, peso);
-    EXPECT_EQ(peso, 4.55F);
-    EXPECT_EQ(colli, 6);
+    EXPECT_EQ(peso, GetParam().peso);
+    EXPECT_EQ(colli, GetParam().colli);
 }
 
-TEST_F(Weight, EmptySaleHasNone) {
-    getNewPesoColli(v, colli, peso);
-    EXPECT_EQ(peso, 0.0F);
-    EXPECT_EQ(colli, 0);
-}
-
-TEST_F(Weight, DeletedRowDoesNotCount) {
-    riga(a, "1,00");
-    v.flxVB.scrivi(riga(a, "5,00"), Colonna::Gestione, "3");
-    getNewPesoColli(v, colli, peso);
-    EXPECT_EQ(peso, 1.25F);
-    EXPECT_EQ(colli, 2);
-}
-
-TEST_F(Weight, ComponentOfAKitDoesNotCount) {
-    riga(a, "1,00");
-    v.flxVB.scrivi(riga(b, "5,00"), Colonna::IdDistintaBase, "1*");
-    getNewPesoColli(v, colli, peso);
-    EXPECT_EQ(peso, 1.25F);
-}
-
-TEST_F(Weight, ReturnedPiecesAreTakenOff) {
-    riga(a, "3,00");
-    riga(a, "-1,00");
-    getNewPesoColli(v, colli, peso);
-    EXPECT_EQ(peso, 2.5F);
-    EXPECT_EQ(colli, 4);
-}
-
-TEST_F(Weight, PackagesAreWholeRowByRow) {
-    riga(a, "0,20");  // 0,4 of a package
-    riga(a, "0,30");  // 0,6
-    getNewPesoColli(v, colli, peso);
-    EXPECT_EQ(colli, 1);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Sales, WeightOf,
+    testing::Values(
+        PesoAtteso{"SeveralRows", {{'A', "3,00"}, {'B', "2,00"}}, 4.55F, 6}, PesoAtteso{"NoRows", {}, 0, 0},
+        PesoAtteso{"DeletedRow", {{'A', "1,00"}, {'A', "5,00", Colonna::Gestione, "3"}}, 1.25F, 2},
+        PesoAtteso{
+            "ComponentOfAKit", {{'A', "1,00"}, {'B', "5,00", Colonna::IdDistintaBase, "1*"}}, 1.25F, 2},
+        PesoAtteso{"ReturnedPieces", {{'A', "3,00"}, {'A', "-1,00"}}, 2.5F, 4},
+        // 0,4 and 0,6 of a package: whole row by row.
+        PesoAtteso{"PartsOfAPackage", {{'A', "0,20"}, {'A', "0,30"}}, 0.625F, 1}),
+    [](const auto& info) { return std::string(info.param.nome); });
 
 TEST_F(Weight, MorePackagesThanSixteenBitsOverflow) {
     riga(a, "20.000,00");

@@ -27,6 +27,13 @@ inline void scriviELascia(ContoDiProva& c, Campo& campo, const QString& testo) {
     c.clic(c.vendita().txtDescProdotto);
 }
 
+// A text that comes from the clipboard, which no filter of the keys has seen; the field is left.
+inline void incolla(ContoDiProva& c, Campo& campo, const QString& testo) {
+    c.clic(campo);
+    campo.testo(testo);
+    c.clic(c.vendita().txtDescProdotto);
+}
+
 // The product in the editor becomes a return of that many pieces, and the row is ended.
 inline void rendi(ContoDiProva& c, const QString& quantita) {
     c.vendita().chkReso.valore(1);
@@ -61,4 +68,18 @@ class ContaIstruzioni {
     ContaIstruzioni& operator=(const ContaIstruzioni&) = delete;
 
     QStringList istruzioni;
+};
+
+// While it lives, the server refuses the statements that hold that text.
+class IstruzioneRotta {
+  public:
+    explicit IstruzioneRotta(const QString& parte) {
+        sondaIstruzioni() = [parte](const QString& sql) -> std::optional<ErroreServer> {
+            if (!sql.contains(parte)) return std::nullopt;
+            return ErroreServer{ErroreServer::Classe::Altro, 4711, "guasto di prova", "prova"};
+        };
+    }
+    ~IstruzioneRotta() { sondaIstruzioni() = {}; }
+    IstruzioneRotta(const IstruzioneRotta&) = delete;
+    IstruzioneRotta& operator=(const IstruzioneRotta&) = delete;
 };

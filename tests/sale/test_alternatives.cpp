@@ -69,3 +69,12 @@ TEST_F(Alternatives, TheStockOfOneWarehouseIsShownWhenTheDeskAsksForIt) {
     gIDMagazzino = 1;
     EXPECT_EQ(codici(contoConA()), QStringList({"B 7,00", "C 0,00"}));
 }
+
+TEST_F(Alternatives, TheStockOfAllCostLayersIsOne) {
+    n.sql(
+        "INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES (2, 1, 5, 0), "
+        "(2, 1, 6, 7), (2, 1, 7, 1.5)");
+    gGiacenzaMagazzino = 1;
+    gIDMagazzino = 1;
+    EXPECT_EQ(codici(contoConA()), QStringList({"B 8,50", "C 0,00"}));
+}

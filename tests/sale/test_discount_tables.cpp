@@ -54,6 +54,13 @@ TEST_F(DiscountTables, BrandRowAppliesAtEntry) {
     EXPECT_EQ(v.lblCatSconto.testo(), "Cat C");
 }
 
+TEST_F(DiscountTables, FirstOfTwoRangesThatOverlapCounts) {
+    n.sql(
+        "INSERT INTO CatScVenditeSconti (FK_CATSCVENDITE, RANGEMIN, RANGEMAX, SCONTO1, SCONTO2, SCONTO3) "
+        "VALUES (1,5,20,33,0,0)");
+    EXPECT_EQ(sconti(entra("5")), "10,00+5,00+0,00");
+}
+
 TEST_F(DiscountTables, UpperEndOfARangeIsInside) {
     EXPECT_EQ(sconti(entra("9")), "10,00+5,00+0,00");
 }

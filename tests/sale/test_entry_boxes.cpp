@@ -1,5 +1,6 @@
 #include "counter/fields.h"
 #include "gesti.h"
+#include "sale/row_writer.h"
 
 namespace {
 
@@ -128,6 +129,26 @@ TEST_F(EntryBoxes, RowToDeleteIsAQuestion) {
     n.operatore.attendiDomanda("Eliminare il prodotto [Pala]?", OperatorPort::Risposta::No);
     c.tasto(Qt::Key_F9);
     EXPECT_EQ(n.operatore.visti, unaDomanda());
+}
+
+TEST_F(EntryBoxes, PriceThatIsNoNumberIsAskedFor) {
+    entra();
+    v.txtPrezzoNetto.testo("abc");
+    n.operatore.attendiMessaggio("Attenzione:\n - Campo [Prezzo] Obbligatorio", Icona::Esclamazione);
+    EXPECT_FALSE(controllaElemento(v));
+    EXPECT_EQ(c.fuocoSu(), &v.txtCodProdotto);
+    EXPECT_EQ(cella(v, 1, Colonna::Importo), "12,20");
+}
+
+TEST_F(EntryBoxes, WhatIsMissingIsAskedForInOneBox) {
+    entra();
+    c.clic(v.txtDescProdotto);
+    v.txtQta.testo({});
+    v.txtPrezzoNetto.testo({});
+    n.operatore.attendiMessaggio(
+        "Attenzione:\n - Campo [Quantità] Obbligatorio\n - Campo [Prezzo] Obbligatorio", Icona::Esclamazione);
+    EXPECT_FALSE(controllaElemento(v));
+    EXPECT_EQ(n.operatore.visti, unMessaggio(Icona::Esclamazione));
 }
 
 }  // namespace

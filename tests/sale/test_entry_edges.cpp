@@ -1,28 +1,10 @@
 #include "doubles/kit_di_prova.h"
-#include "gesti.h"
+#include "entry_shop.h"
 #include "sale/product_entry.h"
 
 namespace {
 
-struct EntryEdges : testing::Test {
-    Negozio n;
-    int idA = n.prodotto({.codice = "A1", .listino1 = 10, .barcode = "8001", .descrizione = "Martello"});
-    int idB = n.prodotto({.codice = "B1", .listino1 = 20, .barcode = "8002", .descrizione = "Pinza"});
-    ContoDiProva& c = n.apriConto();
-    Vendita& v = c.vendita();
-
-    void entra(const QString& codice) {
-        c.digita(codice);
-        c.invio();
-    }
-    void strato(int prodotto, double taglio, double quantita) {
-        n.sql(QString("INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES "
-                      "(%1,1,%2,%3)")
-                  .arg(prodotto)
-                  .arg(taglio)
-                  .arg(quantita));
-    }
-};
+struct EntryEdges : NegozioDiIngresso {};
 
 // ---- Cost and margin
 
@@ -137,47 +119,7 @@ TEST_F(EntryEdges, SelectedRowShowsTheStockOfAllLayers) {
     EXPECT_EQ(v.lblGiacenza.testo(), "5,00");
 }
 
-// ---- A code changed in place
-
-TEST_F(EntryEdges, ReplacingCodeKeepsTheQuantity) {
-    entra("A1");
-    scrivi(c, v.txtQta, "4");
-    c.tasto(Qt::Key_F6);
-    c.clicRiga(1);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
-    EXPECT_EQ(codiciVivi(v), QStringList{"B1"});
-    EXPECT_EQ(cella(v, 1, Colonna::Quantita), "4,00");
-    EXPECT_EQ(v.lblMainDisplay.testo(), "97,60");
-}
-
-TEST_F(EntryEdges, ReplacingCodeKeepsAReturn) {
-    entra("A1");
-    rendi(c, "2");
-    c.clicRiga(1);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
-    EXPECT_EQ(cella(v, 1, Colonna::Quantita), "-2,00");
-}
-
-TEST_F(EntryEdges, KeptQuantityIsHeldAgainstTheStock) {
-    gSottoScorta = 1;
-    gBloccaSottoScorta = true;
-    n.sql(QString("UPDATE Prodotti SET SETGIACENZA = 1, GIACENZA = 3 WHERE RID = %1").arg(idB));
-    entra("A1");
-    scrivi(c, v.txtQta, "4");
-    c.tasto(Qt::Key_F6);
-    c.clicRiga(1);
-    n.operatore.attendiMessaggio(
-        "Impossibile scaricare la quantità desiderata per il prodotto [Pinza].\nLa scorta di [3,00] è "
-        "inferiore alla quantità [4,00] scelta!",
-        OperatorPort::Icona::Critica);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
-    EXPECT_EQ(codiciVivi(v), QStringList{"B1"});
-    EXPECT_EQ(cella(v, 1, Colonna::Quantita), "1,00");
-    EXPECT_EQ(v.txtQta.testo(), "1,00");
-}
+// ---- A replaced product
 
 TEST_F(EntryEdges, ReplacedProductFromASearchTouchesNoOtherRow) {
     const int vecchio = n.prodotto({.codice = "VE", .descrizione = "Vecchio", .idSostituito = idB});
@@ -187,31 +129,6 @@ TEST_F(EntryEdges, ReplacedProductFromASearchTouchesNoOtherRow) {
         OperatorPort::Risposta::Si);
     setArticoloGrid(v, QString("%1|").arg(vecchio));
     EXPECT_EQ(codiciVivi(v), (QStringList{"A1", "B1"}));
-}
-
-TEST_F(EntryEdges, LettersTypedOverACodeNeverReachTheRow) {
-    vendi(c, "A1");
-    c.clicRiga(1);
-    scrivi(c, v.txtCodProdotto, "XYZ");
-    c.tasto(Qt::Key_F6);
-    EXPECT_EQ(cella(v, 1, Colonna::Codice), "A1");
-}
-
-TEST_F(EntryEdges, RefusedCodeOverARowLeavesTheRow) {
-    gSottoScorta = 1;
-    gAvvisaSottoScorta = true;
-    vendi(c, "A1");
-    n.sql("UPDATE Prodotti SET SETGIACENZA = 1 WHERE CODICE = 'B1'");
-    c.clicRiga(1);
-    n.operatore.attendiDomanda(
-        "Attenzione! La giacenza del prodotto [Pinza] è inferiore a [1].\nScegliere [Sì] per continuare "
-        "oppure [No] per annullare l'operazione",
-        OperatorPort::Risposta::No);
-    scrivi(c, v.txtCodProdotto, "B1");
-    c.invio();
-    c.tasto(Qt::Key_F6);
-    EXPECT_EQ(codiciVivi(v), QStringList{"A1"});
-    EXPECT_EQ(v.flxVB.chiave(1, Colonna::IdProdotto), idA);
 }
 
 // ---- Repeat and below cost

@@ -158,17 +158,9 @@ TEST_F(Kits, KitThatContainsItselfIsOpenedOnce) {
 }
 
 TEST_F(Kits, KitWhoseComponentsCannotBeReadIsNotSold) {
-    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
-        if (!sql.contains("DBD.POS")) return std::nullopt;
-        ErroreServer errore;
-        errore.classe = ErroreServer::Classe::Altro;
-        errore.codice = 1;
-        errore.descrizione = "rotto";
-        return errore;
-    };
+    const IstruzioneRotta rotta("DBD.POS");
     n.operatore.attendiAvviso("cAdoSqlServer.getNewRecordset -> frmMain.getProdFigli");
     entra();
-    sondaIstruzioni() = {};
     EXPECT_EQ(v.flxVB.righe(), 1);
     EXPECT_EQ(v.txtCodProdotto.chiave(), -1);
 }

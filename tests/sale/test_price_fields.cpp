@@ -1,4 +1,5 @@
 #include "gesti.h"
+#include "sale/row_editor.h"
 
 namespace {
 
@@ -92,6 +93,20 @@ TEST_P(PriceAtTheEnd, IsTheOneThatTheWorkstationChose) {
 }
 
 INSTANTIATE_TEST_SUITE_P(PrezzoType, PriceAtTheEnd, testing::Values(0, 1, 2));
+
+TEST(PriceBox, StaysAsItIsWhenTheSettingNamesNone) {
+    Negozio n;
+    gPrezzoType = 1;
+    Vendita& v = n.apriConto().vendita();
+    for (const int ignoto : {-1, 3}) {
+        gPrezzoType = ignoto;
+        impostaCampiPrezzo(v);
+        EXPECT_FALSE(v.txtPrezzoNetto.visibile());
+        EXPECT_TRUE(v.txtPrezzoFinito.visibile());
+        EXPECT_FALSE(v.TxtPrezzoRiga.visibile());
+        EXPECT_EQ(v.cmdConto[12].testo(), "P.FIN");
+    }
+}
 
 // ---- Net price
 
@@ -418,6 +433,27 @@ TEST_F(PriceFields, UnknownVatCodeChangesNothing) {
     scriviELascia(*conto, vendita->txtIVA, "99");
     EXPECT_EQ(vendita->lblCodIva.testo(), "22");
     EXPECT_EQ(vendita->lblValoraIva.testo(), "22,00");
+    EXPECT_EQ(nella(Colonna::CodIva), "22");
+    EXPECT_EQ(nella(Colonna::Importo), "12,20");
+}
+
+TEST_F(PriceFields, EmptiedVatCodeIsTheOneOfItsKey) {
+    entra();
+    conto->clic(vendita->txtIVA);
+    vendita->txtIVA.tag("2");
+    vendita->txtIVA.testo({});
+    conto->clic(vendita->txtDescProdotto);
+    EXPECT_EQ(vendita->txtIVA.testo(), "10");
+    EXPECT_EQ(nella(Colonna::CodIva), "10");
+    EXPECT_EQ(nella(Colonna::Importo), "11,00");
+}
+
+TEST_F(PriceFields, EmptiedVatCodeWithoutAKeyChangesNothing) {
+    entra();
+    conto->clic(vendita->txtIVA);
+    vendita->txtIVA.tag("-1");
+    vendita->txtIVA.testo({});
+    conto->clic(vendita->txtDescProdotto);
     EXPECT_EQ(nella(Colonna::CodIva), "22");
     EXPECT_EQ(nella(Colonna::Importo), "12,20");
 }

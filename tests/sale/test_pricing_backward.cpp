@@ -107,17 +107,36 @@ TEST_F(PricesWithVat, LeavingThePriceKeepsTheRowInTheEditor) {
     EXPECT_EQ(cella(v, 1, Colonna::Importo), "24,40");
 }
 
-TEST_F(PricesWithVat, RowTotalIsTakenBackThroughItsRoundedForm) {
-    ContoDiProva& c = entra(2);
+// Three pieces under prices with VAT; "10" typed into the price at the end of the row.
+struct PrezzoConIva {
+    const char* nome;
+    int prezzoType;
+    Campo Vendita::*campo;
+    const char* lordo;
+    const char* listino;
+    const char* importo;
+};
+
+class PriceWithVat : public PricesWithVat, public testing::WithParamInterface<PrezzoConIva> {};
+
+TEST_P(PriceWithVat, IsTakenBackFromTheRowTotalThatItGives) {
+    ContoDiProva& c = entra(GetParam().prezzoType);
     Vendita& v = c.vendita();
     scrivi(c, v.txtQta, "3");
-    // 10 / 1,22 / 3 = 2,7322, list 2,73; 2,73 x 3 x 1,22 = 9,9918; 9,99 / 3 = 3,33; / 1,22 = 2,7295.
-    scriviELascia(c, v.TxtPrezzoRiga, "10");
-    EXPECT_EQ(v.TxtPrezzoRiga.testo(), "9,99");
-    EXPECT_EQ(v.txtPrezzoListinoLordo.testo(), "3,33");
-    EXPECT_EQ(cella(v, 1, Colonna::PrezzoListino), "2,73");
-    EXPECT_EQ(cella(v, 1, Colonna::Importo), "9,99");
+    scriviELascia(c, v.*GetParam().campo, "10");
+    EXPECT_EQ(v.txtPrezzoListinoLordo.testo(), GetParam().lordo);
+    EXPECT_EQ(cella(v, 1, Colonna::PrezzoListino), GetParam().listino);
+    EXPECT_EQ(cella(v, 1, Colonna::Importo), GetParam().importo);
+    EXPECT_EQ(v.lblPos.testo(), "1");
 }
+
+// Final price: row total 30; 10,00 a piece; / 1,22 = 8,1967, list 8,20; 8,20 x 3 x 1,22 = 30,012.
+// Row total: 10 / 1,22 / 3 = 2,7322, list 2,73; 2,73 x 3 x 1,22 = 9,9918; 9,99 / 3 = 3,33; / 1,22 = 2,7295.
+INSTANTIATE_TEST_SUITE_P(
+    Boxes, PriceWithVat,
+    testing::Values(PrezzoConIva{"FinalPrice", 1, &Vendita::txtPrezzoFinito, "10,00", "8,20", "30,01"},
+                    PrezzoConIva{"RowTotal", 2, &Vendita::TxtPrezzoRiga, "3,33", "2,73", "9,99"}),
+    [](const auto& info) { return std::string(info.param.nome); });
 
 TEST_F(PricesWithVat, DiscountedRowEndsWithoutDiscounts) {
     ContoDiProva& c = entra(0);

@@ -1,5 +1,6 @@
 #include "gesti.h"
 #include "sale/product_entry.h"
+#include "sale/product_row.h"
 
 namespace {
 

@@ -79,6 +79,36 @@ TEST_F(RepeatScan, ReturnOfTwoBecomesAReturnOfThree) {
     EXPECT_EQ(v.lblMainDisplay.testo(), "-36,60");
 }
 
+struct RowBefore {
+    const char* nome;
+    const char* prima;
+    const char* dopo;
+};
+
+class RepeatScanOf : public testing::TestWithParam<RowBefore> {};
+
+TEST_P(RepeatScanOf, AddsAPieceAboveZeroAndTakesOneOffBelow) {
+    Negozio n;
+    n.prodotto({.codice = "P", .listino1 = 10, .barcode = "8001"});
+    ContoDiProva& c = n.apriConto();
+    Vendita& v = c.vendita();
+    c.scansiona("8001");
+    c.tasto(Qt::Key_F6);
+    v.flxVB.scrivi(1, Colonna::Quantita, GetParam().prima);
+    c.scansiona("8001");
+    EXPECT_EQ(cella(v, 1, Colonna::Quantita), GetParam().dopo);
+    EXPECT_EQ(v.txtQta.testo(), GetParam().dopo);
+    EXPECT_EQ(v.txtQta.tag(), GetParam().dopo);
+    EXPECT_EQ(v.chkReso.valore(), v.flxVB.single(1, Colonna::Quantita) < 0 ? 1 : 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Quantities, RepeatScanOf,
+                         testing::Values(RowBefore{"Nothing", "0,00", "-1,00"},
+                                         RowBefore{"HalfAPiece", "0,50", "1,50"},
+                                         RowBefore{"HalfAReturn", "-0,50", "-1,50"},
+                                         RowBefore{"AReturn", "-1,00", "-2,00"}),
+                         [](const auto& info) { return std::string(info.param.nome); });
+
 TEST_F(RepeatScan, KeepsAPriceSetByHand) {
     c.scansiona("8001");
     scrivi(c, v.txtPrezzoListino, "8");
@@ -98,6 +128,17 @@ TEST_F(RepeatScan, OfADeletedRowStartsANewOne) {
     EXPECT_EQ(codiciVivi(v), QStringList{"P"});
     ASSERT_EQ(v.flxVB.righe(), 3);
     EXPECT_EQ(cella(v, 2, Colonna::Quantita), "1,00");
+}
+
+TEST_F(RepeatScan, OfAScannerWithoutPrefixLeavesTheNextEnterItsStep) {
+    n.prodotto({.codice = "R", .listino1 = 1, .barcode = "80012345"});
+    c.scansiona("8001");
+    c.clic(v.txtQta);
+    c.raffica("80012345");
+    ASSERT_EQ(codiciVivi(v), (QStringList{"P", "R"}));
+    c.clic(v.txtCodProdotto);
+    c.invio();
+    EXPECT_EQ(c.fuocoSu(), &v.txtDescProdotto);
 }
 
 TEST_F(RepeatScan, OnlyBeepsUnlessTheMessageIsAskedFor) {
@@ -129,12 +170,12 @@ TEST_F(RepeatScan, TypedAgainShowsTheQuantityForEditing) {
     EXPECT_EQ(cella(v, 1, Colonna::Quantita), "7,00");
 }
 
-TEST_F(RepeatScan, TypedReturnShowsItsAbsoluteQuantity) {
+TEST_F(RepeatScan, TypedReturnShowsTheQuantityOfItsRow) {
     c.scansiona("8001");
     rendi(c, "2");
     c.digita("P");
     c.invio();
-    EXPECT_EQ(v.txtQta.testo(), "2,00");
+    EXPECT_EQ(v.txtQta.testo(), "-2,00");
     EXPECT_EQ(v.chkReso.valore(), 1);
     EXPECT_EQ(cella(v, 1, Colonna::Quantita), "-2,00");
 }

@@ -66,11 +66,12 @@ TEST_F(ExtraDiscount, WritesTheAmountsOfTheRow) {
 }
 
 TEST_F(ExtraDiscount, RowTotalIsNetAmountAndVatOfTheRoundedNetPrice) {
-    // Net 2,22 = 3,33 - 1,11 (33,33 % is 1,1099); 2,22 + 0,222 = 2,442; from the list price it were 2,44.
-    ricalcolaScontiAfterPag(v, 33.33F);
-    EXPECT_EQ(nella(2, Colonna::ScNetto), "1,11");
-    EXPECT_EQ(nella(2, Colonna::PrezzoNetto), "2,22");
-    EXPECT_EQ(nella(2, Colonna::Importo), "2,44");
+    // Net 1,66 = 3,33 - 1,67; ten pieces 16,60 + 1,66. From the list price it were 18,32.
+    v.flxVB.scrivi(2, Colonna::Quantita, "10,00");
+    ricalcolaScontiAfterPag(v, 50);
+    EXPECT_EQ(nella(2, Colonna::ScNetto), "1,67");
+    EXPECT_EQ(nella(2, Colonna::PrezzoNetto), "1,66");
+    EXPECT_EQ(nella(2, Colonna::Importo), "18,26");
 }
 
 TEST_F(ExtraDiscount, ReturnedPiecesKeepTheirSign) {

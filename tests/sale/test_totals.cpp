@@ -22,6 +22,11 @@ struct Totals : testing::Test {
         v.flxVB.scrivi(r, Colonna::Gestione, "1");
         return r;
     }
+    void unaRigaConta(const QString& totale) {
+        calcolaTotali(v, false);
+        EXPECT_EQ(v.lblMainDisplay.testo(), totale);
+        EXPECT_EQ(v.lblTotRighe.testo(), "1");
+    }
 };
 
 TEST_F(Totals, SumOfTwoRows) {
@@ -45,27 +50,29 @@ TEST_F(Totals, DisplayIsTheSumOfTheRoundedRows) {
     EXPECT_EQ(v.lblTotNetto.testo(), "0,01");  // 0,0123
 }
 
-TEST_F(Totals, AllThreeDiscountsLowerTheNetTotal) {
-    const int r = riga("A", "1,00", "100,00", "22,00", "10,00", "0,00");
-    v.flxVB.scrivi(r, Colonna::Sconto2, "20,00");
-    v.flxVB.scrivi(r, Colonna::Sconto3, "50,00");
+struct TreSconti {
+    const char* nome;
+    const char* sconti[3];
+    const char* netto;
+};
+
+class NetTotal : public Totals, public testing::WithParamInterface<TreSconti> {};
+
+TEST_P(NetTotal, TakesTheThreeDiscountsOfEachRow) {
+    const auto& [nome, sconti, netto] = GetParam();
+    const int r = riga("A", "1,00", "100,00", "22,00", sconti[0], "0,00");
+    v.flxVB.scrivi(r, Colonna::Sconto2, sconti[1]);
+    v.flxVB.scrivi(r, Colonna::Sconto3, sconti[2]);
+    riga("B", "1,00", "100,00", "22,00", "", "122,00");  // keeps nothing of the row before
     calcolaTotali(v, false);
-    EXPECT_EQ(v.lblTotNetto.testo(), "36,00");
+    EXPECT_EQ(v.lblTotNetto.testo(), netto);
 }
 
-TEST_F(Totals, DiscountThatIsNoNumberCountsAsZero) {
-    const int r = riga("A", "1,00", "100,00", "22,00", "abc", "122,00");
-    v.flxVB.scrivi(r, Colonna::Sconto2, "");
-    calcolaTotali(v, false);
-    EXPECT_EQ(v.lblTotNetto.testo(), "100,00");
-}
-
-TEST_F(Totals, DiscountsOfARowDoNotReachTheNext) {
-    riga("A", "1,00", "100,00", "22,00", "50,00", "61,00");
-    riga("B", "1,00", "100,00", "22,00", "", "122,00");
-    calcolaTotali(v, false);
-    EXPECT_EQ(v.lblTotNetto.testo(), "150,00");
-}
+INSTANTIATE_TEST_SUITE_P(Discounts, NetTotal,
+                         testing::Values(TreSconti{"AllThree", {"10,00", "20,00", "50,00"}, "136,00"},
+                                         TreSconti{"One", {"50,00", "0,00", "0,00"}, "150,00"},
+                                         TreSconti{"NoNumbers", {"abc", "", "-"}, "200,00"}),
+                         [](const auto& info) { return std::string(info.param.nome); });
 
 TEST_F(Totals, ReturnedPieceLowersTheAmountsNotThePieces) {
     riga("A", "2,00", "10,00", "22,00", "0,00", "24,40");
@@ -81,17 +88,13 @@ TEST_F(Totals, ReturnedPieceLowersTheAmountsNotThePieces) {
 TEST_F(Totals, DeletedRowDoesNotCount) {
     riga("A", "2,00", "10,00", "22,00", "0,00", "24,40");
     v.flxVB.scrivi(riga("B", "1,00", "10,00", "22,00", "0,00", "12,20"), Colonna::Gestione, "3");
-    calcolaTotali(v, false);
-    EXPECT_EQ(v.lblMainDisplay.testo(), "24,40");
-    EXPECT_EQ(v.lblTotRighe.testo(), "1");
+    unaRigaConta("24,40");
 }
 
 TEST_F(Totals, HeadOfAKitDoesNotCountItsComponentsDo) {
     riga("%KIT", "1,00", "99,00", "22,00", "0,00", "99,00");
     v.flxVB.scrivi(riga("B", "1,00", "10,00", "22,00", "0,00", "12,20"), Colonna::IdDistintaBase, "1*");
-    calcolaTotali(v, false);
-    EXPECT_EQ(v.lblMainDisplay.testo(), "12,20");
-    EXPECT_EQ(v.lblTotRighe.testo(), "1");
+    unaRigaConta("12,20");
 }
 
 TEST_F(Totals, OnlyDeletedRowsShowZero) {
