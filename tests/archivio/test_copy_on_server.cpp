@@ -17,7 +17,7 @@
 
 namespace {
 
-using enum ArchivioDiProva::Contenuto;
+using enum ArchivioInCartella::Contenuto;
 
 struct Esito {
     bool riuscito;
@@ -32,7 +32,7 @@ Esito copia(const QString& da, const QString& a, bool sovrascrivi = false) {
 }
 
 // Values that have been lost on some way before.
-void aggiungiDifficili(const ArchivioDiProva& archivio) {
+void aggiungiDifficili(const ArchivioInCartella& archivio) {
     const QByteArray testi[] = {"è ß 😀 ‰ ¤ ‡ ¿ •",
                                 "l''ora \"doppia\" `grave`",
                                 "a\\b\\''c\\",
@@ -69,7 +69,7 @@ QString rifiutoAllaCassa(const DatabaseDiProva& database) {
 }  // namespace
 
 TEST(CopyOnServer, ThereAndBackEveryRowIsTheSame) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const DatabaseDiProva database;
     archivio.aggiungiVendite();
     aggiungiDifficili(archivio);
@@ -82,7 +82,7 @@ TEST(CopyOnServer, ThereAndBackEveryRowIsTheSame) {
 }
 
 TEST(CopyOnServer, FromServerToServer) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva prima;
     const DatabaseDiProva seconda;
     ASSERT_TRUE(copia(archivio.percorso(), prima.nome()).riuscito);
@@ -91,7 +91,7 @@ TEST(CopyOnServer, FromServerToServer) {
 }
 
 TEST(CopyOnServer, MoneyThatNoFileKeepsIsNamed) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     database.esegui("UPDATE Anagrafiche SET FIDO = 922337203685477.5807 WHERE RID = 3");
@@ -102,7 +102,7 @@ TEST(CopyOnServer, MoneyThatNoFileKeepsIsNamed) {
 }
 
 TEST(CopyOnServer, NextKeyIsAboveTheHighestEverGiven) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     archivio.esegui("INSERT INTO Gruppi (RID, CODICE) VALUES (500, 'A'); DELETE FROM Gruppi WHERE RID = 500");
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
@@ -111,7 +111,7 @@ TEST(CopyOnServer, NextKeyIsAboveTheHighestEverGiven) {
 }
 
 TEST(CopyOnServer, TargetWithAnArchiveStaysUnlessToldOtherwise) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     database.esegui("UPDATE Gruppi SET CODICE = 'MIO' WHERE RID = 1");
@@ -121,7 +121,7 @@ TEST(CopyOnServer, TargetWithAnArchiveStaysUnlessToldOtherwise) {
 }
 
 TEST(CopyOnServer, OverwritingReplacesAllRows) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     database.esegui("INSERT INTO Gruppi (CODICE) VALUES ('MIO')");
@@ -130,7 +130,7 @@ TEST(CopyOnServer, OverwritingReplacesAllRows) {
 }
 
 TEST(CopyOnServer, TablesOfOthersAreLeftAlone) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     database.esegui("CREATE TABLE Altrui (A INT)");
@@ -139,7 +139,7 @@ TEST(CopyOnServer, TablesOfOthersAreLeftAlone) {
 }
 
 TEST(CopyOnServer, FailedCopyLeavesADatabaseThatNoTillOpens) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     archivio.esegui("UPDATE Prodotti SET FK_MARCA = 9999 WHERE RID = 3", false);
     ASSERT_FALSE(copia(archivio.percorso(), database.nome()).riuscito);
@@ -149,7 +149,7 @@ TEST(CopyOnServer, FailedCopyLeavesADatabaseThatNoTillOpens) {
 }
 
 TEST(CopyOnServer, CompleteCopyIsOpenedByATill) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     EXPECT_EQ(rifiutoAllaCassa(database), "");
@@ -157,7 +157,7 @@ TEST(CopyOnServer, CompleteCopyIsOpenedByATill) {
 
 // The process dies when a part of the rows is in for good.
 TEST(CopyOnServer, KilledCopyCanBeRunAgain) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const DatabaseDiProva database;
     const pid_t figlio = fork();
     if (figlio == 0) {
@@ -182,7 +182,7 @@ TEST(CopyOnServer, KilledCopyCanBeRunAgain) {
 }
 
 TEST(CopyOnServer, ConnectionKilledOnTheWayFailsTheCopy) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     bool uccisa = false;
     sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
@@ -203,7 +203,7 @@ TEST(CopyOnServer, ConnectionKilledOnTheWayFailsTheCopy) {
 }
 
 TEST(CopyOnServer, SecondCopyToTheSamePlaceIsRefused) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     QString seconda;
     sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
@@ -228,7 +228,7 @@ TEST(CreateOnServer, EmptyArchiveHasItsOptionsAndOpensAtTheTill) {
 }
 
 TEST(CreateOnServer, DemoShopIsTheOneOfAFile) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const DatabaseDiProva database;
     QString testo;
     QTextStream esito(&testo);

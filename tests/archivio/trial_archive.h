@@ -8,10 +8,10 @@
 
 // An archive of its own for each test, in a folder that vanishes with it: the demo shop, or a handful of rows
 // where a test is quicker with them.
-class ArchivioDiProva {
+class ArchivioInCartella {
   public:
     enum class Contenuto { Demo, Poco };
-    explicit ArchivioDiProva(Contenuto contenuto = Contenuto::Demo);
+    explicit ArchivioInCartella(Contenuto contenuto = Contenuto::Demo);
 
     QString percorso() const { return mCartella.filePath("prova.db"); }
     QString percorso(const QString& nome) const { return mCartella.filePath(nome); }

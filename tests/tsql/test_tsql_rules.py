@@ -26,6 +26,16 @@ GIUSTE = (
     "UPDATE Iva SET VALORE = N'22' WHERE CODICE = N'22' AND VALORE = 10",
     "INSERT INTO Iva (VALORE, CODICE) VALUES (N'4', 22)",
     "CREATE UNIQUE INDEX IX ON Iva (CODICE)",
+    "SET ANSI_NULLS, XACT_ABORT ON; SET NOCOUNT OFF; SET LOCK_TIMEOUT 1000",
+    "SET TRANSACTION ISOLATION LEVEL READ COMMITTED",
+    "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION",
+    "DECLARE @r INT; EXEC @r = sp_getapplock @Resource = N'Negozio', @LockMode = 'Exclusive', "
+    "@LockOwner = 'Session', @LockTimeout = 0; SELECT @r",
+    "SELECT @@TRANCOUNT, XACT_STATE()",
+    "SET IDENTITY_INSERT Iva ON",
+    "ALTER TABLE Iva WITH CHECK CHECK CONSTRAINT ALL",
+    "DBCC CHECKIDENT (N'Iva', RESEED, 12)",
+    "SELECT TABLE_NAME, COLUMN_NAME FROM INFORMATION_SCHEMA.COLUMNS",
 )
 
 SBAGLIATE = (
@@ -81,6 +91,16 @@ SBAGLIATE = (
     "CREATE INDEX IX ON Iva (NOTE)",
     "CREATE INDEX IX ON Iva (NOME)",
     "CREATE VIEW V AS SELECT RID FROM Iva",
+    "SET ANSI_NULL ON",
+    "SET LOCK_TIMEOUT",
+    "SET IDENTITY_INSERT Aliquote ON",
+    "IF @@TRANCOUNT > 0 COMMIT",
+    "DECLARE @r INT; EXEC @s = sp_getapplock @Resource = N'N', @LockMode = 'Exclusive', "
+    "@LockOwner = 'Session', @LockTimeout = 0; SELECT @r",
+    "EXEC @r = sp_getapplock @Resource = N'N', @LockMode = 'Exclusive', @LockOwner = 'Session', @LockTimeout = 0",
+    "ALTER TABLE Iva CHECK CONSTRAINT",
+    "DBCC CHECKIDENT ('Iva', RESEED, 12)",
+    "START TRANSACTION",
 )
 
 
@@ -101,6 +121,12 @@ class Regole(unittest.TestCase):
         for sql in SBAGLIATE:
             with self.subTest(sql):
                 self.assertNotEqual(list(difetti(sql, schema())), [])
+
+    def test_a_key_is_told_only_where_the_server_was_asked_to_take_it(self):
+        con_chiavi = schema()
+        con_chiavi.chiavi_date = True
+        sql = "INSERT INTO Iva (RID, CODICE) VALUES (1, N'22')"
+        self.assertEqual(list(difetti(sql, con_chiavi)), [])
 
     def test_a_batch_is_two_statements(self):
         lotto = "SET NOCOUNT ON DELETE FROM Iva SELECT SCOPE_IDENTITY() SET NOCOUNT OFF"

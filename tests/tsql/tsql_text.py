@@ -5,14 +5,14 @@ import re
 # A text of Unicode, a plain text, a quoted name, a word, a number, any other mark.
 PEZZI = re.compile(
     r"""(?P<unicode>N'(?:[^']|'')*')|(?P<testo>'(?:[^']|'')*')|(?P<nome>"(?:[^"]|"")*")"""
-    r"""|(?P<parola>[^\W\d]\w*)|(?P<numero>\d+(?:\.\d*)?(?:[eE][+-]?\d+)?|\.\d+)"""
+    r"""|(?P<parola>[^\W\d]\w*|@@(?:TRANCOUNT|SPID))|(?P<numero>\d+(?:\.\d*)?(?:[eE][+-]?\d+)?|\.\d+)"""
     r"""|(?P<vuoto>\s+)|(?P<segno>.)""",
     re.DOTALL,
 )
 
 FUNZIONI = {
-    "ABS", "AVG", "CAST", "CONCAT", "COUNT", "DATEADD", "GETDATE", "ISNULL", "LEN", "MAX", "MIN",
-    "REPLICATE", "SCOPE_IDENTITY", "SUM", "YEAR",
+    "ABS", "AVG", "CAST", "COALESCE", "CONCAT", "COUNT", "DATEADD", "GETDATE", "ISNULL", "LEN", "MAX", "MIN",
+    "OBJECT_ID", "REPLICATE", "SCOPE_IDENTITY", "SUM", "XACT_STATE", "YEAR",
 }
 # Words that a bracket may follow without a call; types with a length among them.
 PRIMA_DI_PARENTESI = {

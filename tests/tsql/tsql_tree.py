@@ -34,6 +34,8 @@ def regola_colonne(albero, schema):
     uscite = {a.alias.upper() for a in albero.find_all(exp.Alias)}
     for colonna in albero.find_all(exp.Column):
         nome, di = colonna.name.upper(), colonna.table.upper()
+        if nome.startswith("@@"):
+            continue
         if di:
             if not schema.ha(note.get(di, ""), nome):
                 yield f"no column {di}.{nome}"
@@ -142,7 +144,7 @@ def regola_insert(albero, schema):
     for colonna in colonne:
         if not schema.ha(tabella, colonna):
             yield f"no column {tabella}.{colonna}"
-        if schema.chiavi.get(tabella) == colonna.upper():
+        if not schema.chiavi_date and schema.chiavi.get(tabella) == colonna.upper():
             yield f"{tabella}.{colonna} is given by the server"
     for riga in albero.args["expression"].expressions:
         if len(riga.expressions) != len(colonne):
