@@ -31,32 +31,6 @@ Esito copia(const QString& da, const QString& a, bool sovrascrivi = false) {
     return {riuscito, testo};
 }
 
-// Values that have been lost on some way before.
-void aggiungiDifficili(const ArchivioInCartella& archivio) {
-    const QByteArray testi[] = {"è ß 😀 ‰ ¤ ‡ ¿ •",
-                                "l''ora \"doppia\" `grave`",
-                                "a\\b\\''c\\",
-                                "1\n2\r\n3\t4",
-                                "%_?:a;--/*x*/",
-                                "  due spazi  ",
-                                "",
-                                QByteArray("lungo ").repeated(20000)};
-    for (const QByteArray& testo : testi)
-        ASSERT_EQ(archivio.esegui("INSERT INTO Opzioni (NOME, VALORE) VALUES (hex(randomblob(9)), '" + testo +
-                                  "')"),
-                  SQLITE_OK);
-    ASSERT_EQ(
-        archivio.esegui(
-            "INSERT INTO Gruppi (RID, CODICE) VALUES (0, 'zero'), (-3, 'sotto'), (2147483647, 'ultimo');"
-            "INSERT INTO Anagrafiche (NUMERO, DATANASCITA, FIDO, SCONTO) VALUES "
-            "(900, '1899-12-30 00:00:00', 1234567.8901, 0.1), (901, '9999-12-31 23:59:59', -0.0001, 1e-9),"
-            "(902, NULL, NULL, 123456789.125), (903, '2024-02-29 12:00:00', 99999999999.9999, "
-            "-0.3333333333333333);"
-            "INSERT INTO Movimenti (PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO, ORACONS) VALUES "
-            "(1, 2026, '2026-01-01 00:00:00', 1, '1899-12-30 23:59:59')"),
-        SQLITE_OK);
-}
-
 // What a till that starts now would be told; empty when it may work.
 QString rifiutoAllaCassa(const DatabaseDiProva& database) {
     const auto connessione = database.apri();
@@ -72,7 +46,7 @@ TEST(CopyOnServer, ThereAndBackEveryRowIsTheSame) {
     const ArchivioInCartella archivio;
     const DatabaseDiProva database;
     archivio.aggiungiVendite();
-    aggiungiDifficili(archivio);
+    archivio.aggiungiDifficili();
     const Esito andata = copia(archivio.percorso(), database.nome());
     ASSERT_TRUE(andata.riuscito) << andata.testo.toStdString();
     const Esito ritorno = copia(database.nome(), archivio.percorso("ritorno.db"));

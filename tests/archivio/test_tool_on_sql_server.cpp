@@ -27,7 +27,7 @@ class ToolOnSqlServer : public testing::Test {
 };
 
 TEST_F(ToolOnSqlServer, AnArchiveGoesThereAndComesBackTheSame) {
-    archivio.aggiungiVendite();
+    archivio.aggiungiDifficili();
     const QString ritorno = archivio.percorso("ritorno.db");
     riesce([&](QTextStream& e) { return copiaArchivio(archivio.percorso(), server.nome(), false, e); });
     riesce([&](QTextStream& e) { return copiaArchivio(server.nome(), ritorno, false, e); });

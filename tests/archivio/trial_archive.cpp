@@ -105,6 +105,29 @@ QString ArchivioInCartella::piano(const QByteArray& sql) const {
     return leggi("prova.db", "EXPLAIN QUERY PLAN " + sql, 3);
 }
 
+void ArchivioInCartella::aggiungiDifficili() const {
+    const QByteArray testi[] = {"è ß 😀 ‰ ¤ ‡ ¿ •",
+                                "l''ora \"doppia\" `grave`",
+                                "a\\b\\''c\\",
+                                "1\n2\r\n3\t4",
+                                "%_?:a;--/*x*/",
+                                "  due spazi  ",
+                                "",
+                                QByteArray("lungo ").repeated(20000)};
+    for (const QByteArray& testo : testi)
+        ASSERT_EQ(esegui("INSERT INTO Opzioni (NOME, VALORE) VALUES (hex(randomblob(9)), '" + testo + "')"),
+                  SQLITE_OK);
+    ASSERT_EQ(
+        esegui("INSERT INTO Gruppi (RID, CODICE) VALUES (0, 'zero'), (-3, 'sotto'), (2147483647, 'ultimo');"
+               "INSERT INTO Anagrafiche (NUMERO, DATANASCITA, FIDO, SCONTO) VALUES "
+               "(900, '1899-12-30 00:00:00', 1234567.8901, 0.1), (901, '9999-12-31 23:59:59', -0.0001, 1e-9),"
+               "(902, NULL, NULL, 123456789.125), (903, '2024-02-29 12:00:00', 99999999999.9999, "
+               "-0.3333333333333333);"
+               "INSERT INTO Movimenti (PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO, ORACONS) VALUES "
+               "(1, 2026, '2026-01-01 00:00:00', 1, '1899-12-30 23:59:59')"),
+        SQLITE_OK);
+}
+
 void ArchivioInCartella::aggiungiVendite() const {
     const QByteArray testate =
         "INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO, NOTE) VALUES (1, '2026', 2, 'n/d');"

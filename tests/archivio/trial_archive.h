@@ -32,6 +32,8 @@ class ArchivioInCartella {
     // Two sales of a day on one header (RID 1, rows 1 to 3) with their journal entries (1 and 2), and a kit
     // on a second header (RID 2, rows 4 and 5), all as the till would have saved them.
     void aggiungiVendite() const;
+    // Values that have been lost on some way before.
+    void aggiungiDifficili() const;
 
   private:
     QString leggi(const QString& file, const QByteArray& sql, int colonna) const;

@@ -146,6 +146,17 @@ TEST(Gateway, AnyValueReachesTheArchiveAsItself) {
     }
 }
 
+TEST(Gateway, TextThatAServerWouldCutIsRefusedWithAReason) {
+    for (const QString& testo : {QString("a") + QChar(u'\0') + "b", QString("a") + QChar(0xD83D) + "b"}) {
+        GatewayDiProva g;
+        EXPECT_FALSE(g.ado.executeSQL("INSERT INTO Prova (CODICE) VALUES ('" + testo + "')", "prova"));
+        ASSERT_EQ(g.operatore.avvisi.size(), 1u);
+        EXPECT_TRUE(g.operatore.avvisi.front().descrizione.contains("carattere"))
+            << g.operatore.avvisi.front().descrizione.toStdString();
+        EXPECT_EQ(g.valore("SELECT COUNT(*) FROM Prova"), "0");
+    }
+}
+
 TEST(Gateway, RowsAffectedAreThoseOfTheStatement) {
     GatewayDiProva g;
     g.inserisci("A");

@@ -169,6 +169,7 @@ class LostCommitOfOneColumn : public LostCommit, public testing::WithParamInterf
         const int cliente = n->cliente(120, "Rossi");
         vendita().txtCodCliente.testoETag("120");
         vendita().txtCodCliente.tag(QString::number(cliente));
+        vendita().chkPagato.valore(0);
         salva();
         EXPECT_EQ(n->valore("SELECT COUNT(*) FROM Movimenti WHERE FK_PNPAGAMENTO IS NULL"), "1");
         GetParam().fai(vendita());
