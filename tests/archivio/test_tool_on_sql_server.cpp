@@ -27,6 +27,7 @@ class ToolOnSqlServer : public testing::Test {
 };
 
 TEST_F(ToolOnSqlServer, AnArchiveGoesThereAndComesBackTheSame) {
+    ASSERT_EQ(archivio.esegui("INSERT INTO TipoDocumenti (RID, CODICE) VALUES (1, 'VB')"), SQLITE_OK);
     archivio.aggiungiDifficili();
     const QString ritorno = archivio.percorso("ritorno.db");
     riesce([&](QTextStream& e) { return copiaArchivio(archivio.percorso(), server.nome(), false, e); });

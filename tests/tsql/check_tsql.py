@@ -13,8 +13,8 @@ from tsql_rules import Schema, difetti
 FORME_MINIME = 120
 TABELLE_MINIME = 40
 
-# Programs that write rows with their keys, under IDENTITY_INSERT.
-CON_CHIAVI = {"archivio"}
+# Programs that write rows with their keys, under IDENTITY_INSERT, and no texts of a person but Unicode ones.
+ATTREZZI = {"archivio"}
 
 VALORI = re.compile(r"N'(?:[^']|'')*'|\b\d+(?:\.\d+)?(?:E[+-]?\d+)?\b")
 
@@ -31,7 +31,7 @@ def raccolte(cartella):
 def main(cartella):
     schema, sbagliate, lette = Schema(), 0, raccolte(cartella)
     for sql, programma in lette:
-        schema.chiavi_date = programma in CON_CHIAVI
+        schema.attrezzo = programma in ATTREZZI
         trovati = list(difetti(sql, schema))
         if trovati:
             sbagliate += 1

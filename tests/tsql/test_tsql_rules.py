@@ -17,6 +17,9 @@ GIUSTE = (
     "WHERE ((P.DATA) IS NULL)",
     "SELECT FK_IVA, SUM(RID) AS S FROM Prodotti WHERE DATA = CAST(N'20260316' AS DATE) GROUP BY FK_IVA "
     "ORDER BY S",
+    "SELECT YEAR(DATA) AS ANNO, COUNT(*) AS N FROM Prodotti GROUP BY YEAR(DATA)",
+    "SELECT I.CODICE, S.N FROM Iva I LEFT JOIN (SELECT FK_IVA, COUNT(*) AS N FROM Prodotti GROUP BY FK_IVA) S "
+    "ON S.FK_IVA = I.RID",
     "SELECT DISTINCT TOP 3 CODICE FROM Iva ORDER BY CODICE",
     "SELECT CONCAT(REPLICATE(N'0', 5 - LEN(RID)), RID, N'/') AS N FROM Iva",
     "INSERT INTO Iva (CODICE, \"NOTE\") VALUES (N'22', (CAST(N'' AS NVARCHAR(MAX)) + N'a\\' + N'\nb'))",
@@ -65,6 +68,9 @@ SBAGLIATE = (
     "SELECT RID FROM Prodotti P INNER JOIN Iva I",
     "SELECT SUM(VALORE), CODICE FROM Iva",
     "SELECT CODICE FROM Iva HAVING VALORE > 1",
+    "SELECT DATA, COUNT(*) AS N FROM Prodotti GROUP BY YEAR(DATA)",
+    "SELECT I.CODICE, S.M FROM Iva I LEFT JOIN (SELECT FK_IVA, COUNT(*) AS N FROM Prodotti GROUP BY FK_IVA) S "
+    "ON S.FK_IVA = I.RID",
     "SELECT FK_IVA FROM Prodotti GROUP BY FK_IVA ORDER BY DATA",
     "SELECT DISTINCT CODICE FROM Iva ORDER BY VALORE",
     "SELECT TOP 5 DISTINCT CODICE FROM Iva",
@@ -122,11 +128,17 @@ class Regole(unittest.TestCase):
             with self.subTest(sql):
                 self.assertNotEqual(list(difetti(sql, schema())), [])
 
+    def test_a_plain_text_is_taken_only_from_the_tool_and_without_accents(self):
+        attrezzo = schema()
+        attrezzo.attrezzo = True
+        self.assertEqual(list(difetti("SELECT RID FROM Iva WHERE CODICE = 'x'", attrezzo)), [])
+        self.assertNotEqual(list(difetti("SELECT RID FROM Iva WHERE CODICE = 'è'", attrezzo)), [])
+
     def test_a_key_is_told_only_where_the_server_was_asked_to_take_it(self):
-        con_chiavi = schema()
-        con_chiavi.chiavi_date = True
+        attrezzo = schema()
+        attrezzo.attrezzo = True
         sql = "INSERT INTO Iva (RID, CODICE) VALUES (1, N'22')"
-        self.assertEqual(list(difetti(sql, con_chiavi)), [])
+        self.assertEqual(list(difetti(sql, attrezzo)), [])
 
     def test_a_batch_is_two_statements(self):
         lotto = "SET NOCOUNT ON DELETE FROM Iva SELECT SCOPE_IDENTITY() SET NOCOUNT OFF"

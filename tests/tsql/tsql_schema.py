@@ -23,7 +23,8 @@ class Schema:
             nome: {colonna: exp.DataType.build(tipo) for colonna, tipo in colonne.items()}
             for nome, colonne in CATALOGO.items()
         }  # table name to its columns, each with its type as sqlglot tells it
-        self.chiavi_date = False  # the keys of new rows may be told
+        # The statements of the archive tool: they tell the keys of new rows, and their own plain texts.
+        self.attrezzo = False
         self.chiavi = {}  # table name to the column that the server numbers
 
     def crea(self, albero):
