@@ -216,7 +216,8 @@ class KitTotals : public testing::Test {
 
 TEST_F(KitTotals, AreTheSumsOverTheComponentsWithTheirQuantities) {
     archivio.sql(
-        "INSERT INTO Movimenti (RID, PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO) VALUES (1, 1, 2026, '2026-03-16 00:00:00', 1)");
+        "INSERT INTO Movimenti (RID, PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO) VALUES (1, 1, 2026, "
+        "'2026-03-16 00:00:00', 1)");
     archivio.sql(
         "INSERT INTO DettagliMovimento (FK_MOVIMENTO, IK_DETTAGLIOMOVIMENTO, QUANTITA, PREZZO, "
         "PREZZONETTO, VALOREIVA) VALUES (1, 50, 2, 10, 9, 22), (1, 50, 1.5, 4, 4, 10), (1, 51, 1, 7, 7, 4)");
