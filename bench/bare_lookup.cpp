@@ -18,33 +18,39 @@ namespace {
 
 class SqliteNudo final : public ClienteNudo {
   public:
-    explicit SqliteNudo(const QString& archivio) {
+    SqliteNudo(const QString& archivio, const QByteArray& query) {
         ErroreServer errore;
         mConnessione = SqliteConnection::apri(archivio, errore);
         if (!mConnessione) rinuncia(qPrintable(errore.descrizione));
-    }
-
-    int leggi(const QByteArray& sql) override {
-        sqlite3_stmt* istruzione = nullptr;
+        const QByteArray sql = query + "?";
         if (sqlite3_prepare_v2(mConnessione->nativa(), sql.constData(), static_cast<int>(sql.size()),
-                               &istruzione, nullptr) != SQLITE_OK)
+                               &mIstruzione, nullptr) != SQLITE_OK)
             rinuncia(sqlite3_errmsg(mConnessione->nativa()));
+    }
+    ~SqliteNudo() override { sqlite3_finalize(mIstruzione); }
+    SqliteNudo(const SqliteNudo&) = delete;
+    SqliteNudo& operator=(const SqliteNudo&) = delete;
+
+    int cerca(int chiave) override {
+        sqlite3_bind_int(mIstruzione, 1, chiave);
         int celle = 0;
-        while (sqlite3_step(istruzione) == SQLITE_ROW) {
-            for (int i = 0; i < sqlite3_column_count(istruzione); ++i, ++celle)
-                sqlite3_column_text(istruzione, i);
+        while (sqlite3_step(mIstruzione) == SQLITE_ROW) {
+            for (int i = 0; i < sqlite3_column_count(mIstruzione); ++i, ++celle)
+                sqlite3_column_text(mIstruzione, i);
         }
-        sqlite3_finalize(istruzione);
+        sqlite3_reset(mIstruzione);
         return celle;
     }
 
   private:
     std::unique_ptr<SqliteConnection> mConnessione;
+    sqlite3_stmt* mIstruzione = nullptr;
 };
 
 class MySqlNudo final : public ClienteNudo {
   public:
-    explicit MySqlNudo(const QString& stringaConnessione) : mServer(mysql_init(nullptr), &mysql_close) {
+    MySqlNudo(const QString& stringaConnessione, QByteArray query)
+        : mServer(mysql_init(nullptr), &mysql_close), mQuery(std::move(query)) {
         QString motivo;
         const auto dati = leggiStringaConnessione(stringaConnessione, MySql, motivo);
         if (!dati) rinuncia(qPrintable(motivo));
@@ -57,7 +63,8 @@ class MySqlNudo final : public ClienteNudo {
             rinuncia(mysql_error(mServer.get()));
     }
 
-    int leggi(const QByteArray& sql) override {
+    int cerca(int chiave) override {
+        const QByteArray sql = mQuery + QByteArray::number(chiave);
         if (mysql_real_query(mServer.get(), sql.constData(), static_cast<unsigned long>(sql.size())) != 0)
             rinuncia(mysql_error(mServer.get()));
         MYSQL_RES* risultato = mysql_store_result(mServer.get());
@@ -70,11 +77,13 @@ class MySqlNudo final : public ClienteNudo {
 
   private:
     std::unique_ptr<MYSQL, void (*)(MYSQL*)> mServer;
+    QByteArray mQuery;
 };
 
 }  // namespace
 
-std::unique_ptr<ClienteNudo> nuovoClienteNudo(const QString& stringaConnessione, const QString& archivio) {
-    if (stringaConnessione.isEmpty()) return std::make_unique<SqliteNudo>(archivio);
-    return std::make_unique<MySqlNudo>(stringaConnessione);
+std::unique_ptr<ClienteNudo> nuovoClienteNudo(const QString& stringaConnessione, const QString& archivio,
+                                              const QByteArray& query) {
+    if (stringaConnessione.isEmpty()) return std::make_unique<SqliteNudo>(archivio, query);
+    return std::make_unique<MySqlNudo>(stringaConnessione, query);
 }

@@ -20,9 +20,10 @@ void riempi(Negozio& n) {
         n.prodotto({.codice = "P" + QString::number(i), .listino1 = i * 1.25});
 }
 
-QString perChiave(int i) {
-    return "SELECT CODICE, DESCRIZIONE, LISTINO1 FROM Prodotti WHERE RID = " +
-           QString::number(i % prodotti + 1);
+const char* const query = "SELECT CODICE, DESCRIZIONE, LISTINO1 FROM Prodotti WHERE RID = ";
+
+int chiave(int i) {
+    return i % prodotti + 1;
 }
 
 }  // namespace
@@ -32,7 +33,7 @@ static void chiaveAttraversoIlGateway(benchmark::State& stato) {
     riempi(n);
     int i = 0;
     for (auto _ : stato) {
-        const Lettura lettura(perChiave(++i), "bench");
+        const Lettura lettura(query + QString::number(chiave(++i)), "bench");
         benchmark::DoNotOptimize(lettura->importo("LISTINO1"));
     }
 }
@@ -42,9 +43,9 @@ static void chiaveNuda(benchmark::State& stato) {
     Negozio n;
     riempi(n);
     const auto nudo = nuovoClienteNudo(archivioSuFile() ? QString() : gStrConnessione,
-                                       archivioSuFile() ? n.percorso() : QString());
+                                       archivioSuFile() ? n.percorso() : QString(), query);
     int i = 0;
     for (auto _ : stato)
-        benchmark::DoNotOptimize(nudo->leggi(perChiave(++i).toUtf8()));
+        benchmark::DoNotOptimize(nudo->cerca(chiave(++i)));
 }
 BENCHMARK(chiaveNuda)->UseRealTime()->Repetitions(5)->ReportAggregatesOnly();

@@ -411,6 +411,15 @@ QVariant cAdoSqlServer::getStoredResult(const QString& testo, const QString& sor
 }
 
 void cAdoSqlServer::setNewTable(const QString& rifForm, const QString& nome) {
+    try {
+        registraTabella(rifForm, nome);
+    } catch (const std::exception&) {
+        segnalaErrore(erroreInCorso(), mNomeClasse, "setNewTable", "Table=" + rifForm + "\nDesc=" + nome);
+    }
+}
+
+// A statement that fails has been reported by its own operation.
+void cAdoSqlServer::registraTabella(const QString& rifForm, const QString& nome) {
     const QString sorgente = mNomeClasse + ".setNewTable";
     const QVariant quante =
         getValueBySQL("SELECT COUNT(*) FROM ElencoTabelle WHERE RifForm = " + testoSQL(rifForm), sorgente);
@@ -418,8 +427,12 @@ void cAdoSqlServer::setNewTable(const QString& rifForm, const QString& nome) {
     const int tabella = getIDByInsert("INSERT INTO ElencoTabelle (RifForm, Nome) VALUES (" +
                                           testoSQL(rifForm) + ", " + testoSQL(nome) + ")",
                                       sorgente, "ID", "ElencoTabelle");
+    if (tabella < 1) return;
+    mErrore = {};
     const QVariant gruppo = getValueBySQL("SELECT RID FROM GRUPPOUTENTI WHERE AMMINISTRATORE=1", sorgente);
-    if (tabella < 1 || gruppo.isNull()) return;
+    if (mErrore.classe != ErroreServer::Classe::Nessuno) return;
+    // Nobody is there to be given the rights.
+    if (gruppo.isNull()) throw RunTimeError(RunTimeError::TipoNonCorrispondente);
     executeSQL(
         "INSERT INTO GRUPPOPERMESSI (FK_GRUPPOUTENTI, FK_TABELLE, VISUALIZZA, SCRIVI, ELIMINA, STAMPA) "
         "VALUES (" +

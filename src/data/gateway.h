@@ -101,6 +101,7 @@ class cAdoSqlServer {
     QString getSQLDateTime(const QVariant& valore, int tipoServer = -1) const;
     QString getSQLTime(const QVariant& valore, int tipoServer = -1) const;
 
+    // ElencoTabelle: a screen's table that is not there yet, with all rights for the administrators' group.
     void setNewTable(const QString& rifForm, const QString& nome);
 
     Connessione* getActiveConnection() const { return mConn; }
@@ -127,6 +128,7 @@ class cAdoSqlServer {
     bool fallita();
     void segnala(const QString& operazione, const QString& sorgente, const QString& dettagli);
     void segnalaIntegrita(bool conSpiegazione);
+    void registraTabella(const QString& rifForm, const QString& nome);
     void segnalaCommit(const QString& sorgente);
     bool chiudiTransazione(bool conferma, const QString& sorgente);
     bool transazioneViva();

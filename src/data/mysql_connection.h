@@ -33,9 +33,14 @@ class MySqlConnection final : public ConnessioneSql {
     bool lasciaTurno() override { return spedisci("DO RELEASE_LOCK('" + mNomeTurno + "')"); }
     bool serverInTransazione() const override;
     bool verificaTransazione() override;
+    // InnoDB undoes the one statement that has waited, where it is not told to undo the transaction.
+    bool attesaSenzaTraccia() override { return errore().codice == attesaScaduta; }
     using ConnessioneSql::spedisci;
 
   private:
+    // ER_LOCK_WAIT_TIMEOUT.
+    static constexpr int attesaScaduta = 1205;
+
     bool preparaSessione();
     bool controllaCifratura();
 

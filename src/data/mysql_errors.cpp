@@ -1,17 +1,12 @@
 #include "data/mysql_errors.h"
 
-#include <algorithm>
-#include <iterator>
+#include <QRegularExpression>
+
+#include "data/server_errors.h"
 
 namespace {
 
 using Classe = ErroreServer::Classe;
-
-struct Significato {
-    int codice;
-    Classe classe;
-    const char* testo;  // nullptr: the server's own
-};
 
 const char* const irraggiungibile =
     "Il server MySQL non risponde: controllare che sia acceso, la rete, e le voci Server e Port.";
@@ -23,7 +18,10 @@ const char* const solaLettura = "L'archivio MySQL è in sola lettura.";
 const char* const occupato = "Un'altra cassa o un altro programma sta usando gli stessi dati.";
 const char* const cifratura = "La connessione cifrata con il server MySQL non è riuscita.";
 
-constexpr Significato significati[] = {
+// The number of a full disk among the operating system's errors.
+constexpr int discoSenzaSpazio = 28;
+
+constexpr SignificatoErrore significati[] = {
     {1216, Classe::Integrita, nullptr},
     {1217, Classe::Integrita, nullptr},
     {1451, Classe::Integrita, nullptr},
@@ -66,23 +64,30 @@ constexpr Significato significati[] = {
     {1836, Classe::SolaLettura, solaLettura},
     {1036, Classe::SolaLettura, solaLettura},
     {3, Classe::DiscoPieno, discoPieno},
-    {28, Classe::DiscoPieno, discoPieno},
+    {discoSenzaSpazio, Classe::DiscoPieno, discoPieno},
     {1021, Classe::DiscoPieno, discoPieno},
     {1114, Classe::DiscoPieno, discoPieno},
     {1406, Classe::Altro, "Un testo è più lungo di quanto l'archivio può tenere."},
     {1264, Classe::Altro, "Un numero è fuori dai limiti che l'archivio può tenere."},
 };
 
+// Writing a file failed; the server's text tells the number of the reason.
+constexpr int erroriDelFile[] = {1026, 1030};
+
+int codiceRivelatore(int codice, const QString& testoServer) {
+    if (std::find(std::begin(erroriDelFile), std::end(erroriDelFile), codice) == std::end(erroriDelFile))
+        return codice;
+    static const QRegularExpression motivo("\\b(?:Got error|errno:) *(\\d+)");
+    const int detto = motivo.match(testoServer).captured(1).toInt();
+    return detto == discoSenzaSpazio ? detto : codice;
+}
+
 }  // namespace
 
 ErroreServer erroreMySql(int codice, const QString& testoServer) {
-    const auto* trovato = std::find_if(std::begin(significati), std::end(significati),
-                                       [codice](const Significato& s) { return s.codice == codice; });
-    const bool noto = trovato != std::end(significati);
-    QString testo = testoServer;
-    if (noto && trovato->testo != nullptr) {
-        testo = trovato->testo;
-        if (!testoServer.isEmpty()) testo += " [" + testoServer + "]";
-    }
-    return {noto ? trovato->classe : Classe::Altro, codice, testo, "MySQL"};
+    const int codici[] = {codiceRivelatore(codice, testoServer)};
+    ErroreServer errore =
+        comeErroreServer(cercaSignificato(significati, codici), codice, testoServer, "MySQL");
+    errore.codice = codice;
+    return errore;
 }

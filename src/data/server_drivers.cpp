@@ -6,7 +6,13 @@
 #include "data/sqlite_driver.h"
 #include "data/sqlserver_driver.h"
 
+FabbricaDriver& fabbricaDriver() {
+    static FabbricaDriver fabbrica;
+    return fabbrica;
+}
+
 std::unique_ptr<ServerDriver> nuovoDriver(int tipoServer) {
+    if (auto altro = fabbricaDriver() ? fabbricaDriver()(tipoServer) : nullptr) return altro;
     switch (tipoServer) {
         case SqlServer:
             return std::make_unique<SqlServerDriver>();
@@ -21,6 +27,8 @@ std::unique_ptr<ServerDriver> nuovoDriver(int tipoServer) {
 
 std::unique_ptr<Connessione> apriServer(int tipoServer, const QString& stringaConnessione, int secondi,
                                         ErroreServer& errore) {
+    if (const auto altro = fabbricaDriver() ? fabbricaDriver()(tipoServer) : nullptr)
+        return altro->apri(stringaConnessione, secondi, {}, errore);
     switch (tipoServer) {
         case SqlServer:
             return apriSoloServer<SqlServerConnection>(stringaConnessione, secondi, errore);

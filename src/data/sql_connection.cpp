@@ -165,8 +165,10 @@ bool ConnessioneSql::eseguiNativo(const QString& sql, Recordset* righe) {
     inizio.start();
     bool riaperta = false;
     while (!spedisci(sql, righe)) {
-        guardaTransazione();
-        if (!siPuoRipetere(lettura && !riaperta, inizio)) return false;
+        if (!siPuoRipetere(lettura && !riaperta, inizio)) {
+            if (mTransazione == Transazione::Aperta) mTransazione = Transazione::Perduta;
+            return false;
+        }
         if (mDatabase->isOpen()) continue;
         riaperta = true;
         if (!connetti()) return false;
@@ -174,16 +176,8 @@ bool ConnessioneSql::eseguiNativo(const QString& sql, Recordset* righe) {
     return true;
 }
 
-// A server that has rolled back by itself would commit what comes next statement by statement.
-void ConnessioneSql::guardaTransazione() {
-    if (mTransazione != Transazione::Aperta) return;
-    const ErroreServer errore = mErrore;
-    if (!verificaTransazione()) mTransazione = Transazione::Perduta;
-    mErrore = errore;
-}
-
 bool ConnessioneSql::siPuoRipetere(bool lettura, const QElapsedTimer& inizio) {
-    if (mTransazione == Transazione::Perduta) return false;
+    if (mTransazione != Transazione::Nessuna && !siPuoRipetereDentro()) return false;
     switch (mErrore.classe) {
         case ErroreServer::Classe::ConnessionePersa:
             return lettura && inizio.elapsed() < perditaImmediata;
@@ -192,6 +186,17 @@ bool ConnessioneSql::siPuoRipetere(bool lettura, const QElapsedTimer& inizio) {
         default:
             return false;
     }
+}
+
+// After the first error in a transaction nothing more runs in it but the rollback: a server that has rolled
+// back by itself would commit what comes next statement by statement. Only a wait for a lock may go on, where
+// the server promises that it left no trace and then says that the transaction stands.
+bool ConnessioneSql::siPuoRipetereDentro() {
+    if (mErrore.classe != ErroreServer::Classe::Conflitto || !attesaSenzaTraccia()) return false;
+    const ErroreServer errore = mErrore;
+    const bool viva = verificaTransazione();
+    mErrore = errore;
+    return viva;
 }
 
 bool ConnessioneSql::pazienta(const QElapsedTimer& inizio) const {

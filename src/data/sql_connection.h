@@ -71,6 +71,9 @@ class ConnessioneSql : public Connessione {
     virtual bool serverInTransazione() const { return true; }
     // Asks the server.
     virtual bool verificaTransazione() = 0;
+    // Of a statement that failed in a transaction by waiting for a lock: the server has undone all of it, and
+    // the transaction stands as it was.
+    virtual bool attesaSenzaTraccia() { return false; }
 
     // Sends one text and takes its rows.
     virtual bool spedisci(const QString& sql, Recordset* righe);
@@ -78,14 +81,15 @@ class ConnessioneSql : public Connessione {
     bool fallita(ErroreServer errore);
 
   private:
-    // Perduta: the server has ended it, and nothing more may run until the caller has rolled back.
+    // Perduta: a statement has failed or the server has ended it, and nothing more may run until the caller
+    // has rolled back.
     enum class Transazione { Nessuna, Aperta, Perduta };
 
     bool riapri();
     bool assicura();
     bool pazienta(const QElapsedTimer& inizio) const;
     bool siPuoRipetere(bool lettura, const QElapsedTimer& inizio);
-    void guardaTransazione();
+    bool siPuoRipetereDentro();
     bool leggiRisultati(QSqlQuery& query, Recordset* righe);
 
     const QString mLuogo;

@@ -1,17 +1,12 @@
 #include "data/sqlserver_errors.h"
 
 #include <algorithm>
-#include <iterator>
+
+#include "data/server_errors.h"
 
 namespace {
 
 using Classe = ErroreServer::Classe;
-
-struct Significato {
-    int codice;
-    Classe classe;
-    const char* testo;  // nullptr: the server's own
-};
 
 const char* const irraggiungibile =
     "Il server SQL Server non risponde: controllare che sia acceso, la rete, e le voci Server e Port.";
@@ -23,7 +18,7 @@ const char* const occupato = "Un'altra cassa o un altro programma sta usando gli
 const char* const troppoLungo = "Un testo è più lungo di quanto l'archivio può tenere.";
 
 // In the order in which they tell more: a refused login is also a failed connection.
-constexpr Significato significati[] = {
+constexpr SignificatoErrore significati[] = {
     {547, Classe::Integrita, nullptr},
     {-534971980, Classe::Integrita, nullptr},
     {2601, Classe::Altro, nullptr},
@@ -79,19 +74,13 @@ constexpr Indizio indizi[] = {
     {"Communication link failure", 20047},
 };
 
-const Significato* perCodice(const QList<int>& codici) {
-    const auto* trovato = std::find_if(std::begin(significati), std::end(significati),
-                                       [&](const Significato& s) { return codici.contains(s.codice); });
-    return trovato == std::end(significati) ? nullptr : trovato;
-}
-
-const Significato* significatoDi(QList<int> codici, const QString& testoServer) {
-    const Significato* noto = perCodice(codici);
+const SignificatoErrore* significatoDi(QList<int> codici, const QString& testoServer) {
+    const SignificatoErrore* noto = cercaSignificato(significati, codici);
     if (noto != nullptr && noto->classe != Classe::ConnessionePersa) return noto;
     for (const Indizio& indizio : indizi) {
         if (testoServer.contains(indizio.testo, Qt::CaseInsensitive)) codici << indizio.codice;
     }
-    return perCodice(codici);
+    return cercaSignificato(significati, codici);
 }
 
 int primoCodice(const QList<int>& codici) {
@@ -102,12 +91,6 @@ int primoCodice(const QList<int>& codici) {
 }  // namespace
 
 ErroreServer erroreSqlServer(const QList<int>& codici, const QString& testoServer) {
-    const Significato* noto = significatoDi(codici, testoServer);
-    if (noto == nullptr) return {Classe::Altro, primoCodice(codici), testoServer, "SQL Server"};
-    QString testo = testoServer;
-    if (noto->testo != nullptr) {
-        testo = noto->testo;
-        if (!testoServer.isEmpty()) testo += " [" + testoServer + "]";
-    }
-    return {noto->classe, noto->codice, testo, "SQL Server"};
+    return comeErroreServer(significatoDi(codici, testoServer), primoCodice(codici), testoServer,
+                            "SQL Server");
 }

@@ -3,107 +3,141 @@
 #include <algorithm>
 
 #include "core/globals.h"
+#include "core/value_helpers.h"
 #include "data/gateway.h"
-#include "sale/totals.h"
+#include "data/prepare_sql.h"
+#include "data/schema.h"
+#include "postings/row_statements.h"
+#include "sale/vendita.h"
 
 namespace {
+
+// The stock gives it out during the save; it follows from the rest of the row.
+const char* const colonnaTaglio = "Taglio";
 
 QString sorgente() {
     return gNomeModulo + ".salvaVendita";
 }
 
-// The same from the grid's text and from the archive's number.
-QString testoQuantita(double quantita) {
-    return QString::number(quantita, 'g', 12);
+const schema::Tabella& tabella(const char* nome) {
+    const auto& tutte = schema::tabelle();
+    return *std::find_if(tutte.begin(), tutte.end(),
+                         [&](const schema::Tabella& t) { return t.nome == QLatin1String(nome); });
 }
 
-QString rigaScritta(const FlexVB& g, int r) {
-    const QString codice = g.cella(r, Colonna::Codice);
-    const auto importo = [&](Colonna colonna) {
-        return (testaDistinta(codice) ? Currency() : g.currency(r, colonna)).testo();
-    };
-    const auto numero = [&](Colonna colonna) {
-        return testoQuantita(getSqlNumberOrZero(g.cella(r, colonna)).toDouble());
-    };
-    return QStringList{codice,
-                       g.cella(r, Colonna::Descrizione),
-                       numero(Colonna::Quantita),
-                       importo(Colonna::PrezzoListino),
-                       importo(Colonna::PrezzoNettoEsteso),
-                       importo(Colonna::Importo),
-                       numero(Colonna::Iva)}
-        .join('|');
+schema::Tipo tipoDi(const schema::Tabella& tabella, const QString& nome) {
+    return std::find_if(
+               tabella.colonne.begin(), tabella.colonne.end(),
+               [&](const schema::Colonna& c) { return c.nome.compare(nome, Qt::CaseInsensitive) == 0; })
+        ->tipo;
 }
 
-QString rigaLetta(const Recordset& riga) {
-    return QStringList{riga.testo("CODPRODOTTO"),
-                       riga.testo("DESCPRODOTTO"),
-                       testoQuantita(riga.reale("QUANTITA")),
-                       riga.importo("PREZZO").testo(),
-                       riga.importo("PREZZONETTO").testo(),
-                       riga.importo("TOTALERIGA").testo(),
-                       testoQuantita(riga.reale("VALOREIVA"))}
-        .join('|');
+// A value of the books as a save would write it.
+QString comeScritto(const Recordset& letta, const QString& colonna, schema::Tipo tipo) {
+    if (letta.campo(colonna).isNull()) return "Null";
+    switch (tipo) {
+        case schema::Tipo::Importo:
+            return getSqlNumber(letta.importo(colonna));
+        case schema::Tipo::Reale:
+            return getSqlNumber(letta.campo(colonna));
+        case schema::Tipo::Testo:
+        case schema::Tipo::Note:
+            return testoSQL(letta.testo(colonna));
+        case schema::Tipo::DataOra:
+            return gAdo.getSQLDate(letta.campo(colonna));
+        default:
+            return letta.testo(colonna);
+    }
+}
+
+bool contiene(const Recordset& letta, const RigaScritta& scritta, const schema::Tabella& tabella) {
+    return std::all_of(scritta.begin(), scritta.end(), [&](const auto& colonna) {
+        return comeScritto(letta, colonna.first, tipoDi(tabella, colonna.first)) == colonna.second;
+    });
+}
+
+QString nomi(const RigaScritta& riga) {
+    QStringList colonne;
+    for (const auto& [colonna, valore] : riga)
+        colonne << colonna;
+    return colonne.join(", ");
 }
 
 std::optional<bool> testataRegistrata(const SalvataggioIncerto& s) {
     const Lettura m(
-        "SELECT PROGRESSIVO, FK_TIPODOCUMENTO, FK_PAGAMENTO, FK_CONTROPARTITA, DATA FROM Movimenti "
-        "WHERE RID = " +
-            QString::number(s.idMovimento),
+        "SELECT " + nomi(s.testata) + " FROM Movimenti WHERE RID = " + QString::number(s.idMovimento),
         sorgente());
     if (!m) return std::nullopt;
-    return m.trovata() && descriviTestata({m->intero("PROGRESSIVO"), m->intero("FK_TIPODOCUMENTO"),
-                                           m->intero("FK_PAGAMENTO"), m->intero("FK_CONTROPARTITA"),
-                                           m->campo("DATA").toDate()}) == s.testata;
+    return m.trovata() && contiene(*m, s.testata, tabella("Movimenti"));
 }
 
 // The rows are there as they were written, and no others.
 bool coincidono(Recordset& lette, const RigheSalvate& attese) {
-    QStringList nuove;
+    const schema::Tabella& dettagli = tabella("DettagliMovimento");
+    std::vector<RigaScritta> mancanti = attese.nuove;
     size_t mutate = 0;
     for (; !lette.eof(); lette.moveNext()) {
         const int rid = lette.intero("RID");
         if (attese.cancellate.contains(rid)) return false;
         const auto mutata = attese.mutate.find(rid);
-        if (mutata != attese.mutate.end() && mutata->second == rigaLetta(lette)) ++mutate;
-        if (!attese.note.contains(rid)) nuove << rigaLetta(lette);
+        if (mutata != attese.mutate.end() && contiene(lette, mutata->second, dettagli)) ++mutate;
+        if (attese.note.contains(rid)) continue;
+        const auto nuova = std::find_if(mancanti.begin(), mancanti.end(), [&](const RigaScritta& riga) {
+            return contiene(lette, riga, dettagli);
+        });
+        if (nuova == mancanti.end()) return false;
+        mancanti.erase(nuova);
     }
-    nuove.sort();
-    return mutate == attese.mutate.size() && nuove == attese.nuove;
+    return mutate == attese.mutate.size() && mancanti.empty();
+}
+
+// The columns that have to be read; a new row has written all that a changed one has.
+QString colonneDaLeggere(const RigheSalvate& s) {
+    if (!s.nuove.empty()) return "RID, " + nomi(s.nuove.front());
+    if (!s.mutate.empty()) return "RID, " + nomi(s.mutate.begin()->second);
+    return "RID";
 }
 
 std::optional<bool> righeRegistrate(const SalvataggioIncerto& s) {
-    const Lettura righe(
-        "SELECT RID, CODPRODOTTO, DESCPRODOTTO, QUANTITA, PREZZO, PREZZONETTO, TOTALERIGA, VALOREIVA "
-        "FROM DettagliMovimento "
-        "WHERE FK_MOVIMENTO = " +
-            QString::number(s.idMovimento) + " AND EXTRAPROG = " + QString::number(s.extraProg),
-        sorgente());
+    const Lettura righe("SELECT " + colonneDaLeggere(s.righe) +
+                            " FROM DettagliMovimento WHERE FK_MOVIMENTO = " + QString::number(s.idMovimento) +
+                            " AND EXTRAPROG = " + QString::number(s.extraProg),
+                        sorgente());
     if (!righe) return std::nullopt;
     return coincidono(*righe, s.righe);
 }
 
 }  // namespace
 
-QString descriviTestata(const TestataScritta& t) {
-    return QStringList{QString::number(t.progressivo), QString::number(t.tipo),
-                       QString::number(t.idPagamento), QString::number(std::max(t.idControparte, 0)),
-                       t.data.toString("yyyy-MM-dd")}
-        .join('|');
-}
-
-RigheSalvate descriviRighe(const FlexVB& g) {
+RigheSalvate descriviRighe(const Vendita& v, int idMovimento, int extraProg, bool trasferimento) {
+    const FlexVB& g = v.flxVB;
+    const auto scritta = [&](int r, int pos, bool nuova) {
+        RigaScritta colonne = colonneRiga({g, r, idMovimento, extraProg, pos, {}, trasferimento}, nuova);
+        std::erase_if(colonne, [](const auto& colonna) { return colonna.first == colonnaTaglio; });
+        return colonne;
+    };
     RigheSalvate s;
+    int pos = 0;
     for (int r = 1; r <= g.ultima(); ++r) {
+        if (g.viva(r)) ++pos;
         const int rid = g.chiave(r, Colonna::Rid);
         const int stato = g.gestione(r);
         if (rid > 0) s.note.insert(rid);
         if (stato == RigaCancellata && rid > 0) s.cancellate.insert(rid);
-        if (stato == RigaModificata && rid > 0) s.mutate[rid] = rigaScritta(g, r);
-        if (stato == RigaNuova || (stato == RigaModificata && rid < 1)) s.nuove << rigaScritta(g, r);
+        if (stato == RigaModificata && rid > 0) s.mutate[rid] = scritta(r, pos, false);
+        const bool nuova = stato == RigaNuova || (stato == RigaModificata && rid < 1);
+        if (nuova) s.nuove.push_back(scritta(r, pos, true));
     }
-    s.nuove.sort();
+    return s;
+}
+
+QStringList descriviSchermo(const Vendita& v) {
+    QStringList s{v.txtData.testo(), QString::number(v.cliente()), QString::number(v.idTipoDocumento),
+                  QString::number(v.idPagamento), QString::number(v.chkPagato.valore())};
+    for (int r = 1; r <= v.flxVB.ultima(); ++r) {
+        for (int c = 0; c < numeroColonne; ++c)
+            s << v.flxVB.cella(r, static_cast<Colonna>(c));
+    }
     return s;
 }
 
@@ -113,4 +147,8 @@ EsitoCommit cercaSalvataggio(OperatorPort& operatore, const SalvataggioIncerto& 
         if (testata != true) return testata;
         return righeRegistrate(s);
     });
+}
+
+EsitoCommit cercaTestata(OperatorPort& operatore, const SalvataggioIncerto& s) {
+    return cercaDopoCommitPerso(operatore, sorgente(), [&s] { return testataRegistrata(s); });
 }

@@ -1,23 +1,17 @@
 #pragma once
 
-#include <QDate>
-
 #include "postings/lost_commit.h"
-#include "sale/flxvb.h"
 #include "sale/uncertain_save.h"
 
-// What a save has put into the header.
-struct TestataScritta {
-    int progressivo = 0;
-    int tipo = -1;  // TipoDocumenti
-    int idPagamento = -1;
-    int idControparte = -1;  // below 1: none
-    QDate data;
-};
+struct Vendita;
 
-QString descriviTestata(const TestataScritta& testata);
 // What the grid's rows wrote, in the states in which they were saved.
-RigheSalvate descriviRighe(const FlexVB& griglia);
+RigheSalvate descriviRighe(const Vendita& v, int idMovimento, int extraProg, bool trasferimento);
+// The sale on the screen, to tell whether it was changed since.
+QStringList descriviSchermo(const Vendita& v);
 
-// Whether the save is in the books. Reads Movimenti and DettagliMovimento.
+// Whether the save is in the books: each column that it wrote holds what it wrote, but for the stock's cost
+// layers. Reads Movimenti and DettagliMovimento.
 EsitoCommit cercaSalvataggio(OperatorPort& operatore, const SalvataggioIncerto& salvataggio);
+// The same of the header alone.
+EsitoCommit cercaTestata(OperatorPort& operatore, const SalvataggioIncerto& salvataggio);

@@ -1,8 +1,6 @@
 #include "postings/row_statements.h"
 
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 #include "core/globals.h"
 #include "core/value_helpers.h"
@@ -28,10 +26,11 @@ QString sconto(const RigaDaScrivere& r, Colonna colonna) {
     return r.trasferimento ? QString("0") : getSqlNumberOrZero(r.griglia.cella(r.riga, colonna));
 }
 
-// The columns that an insert and an update share, each with its value, in the order of the table.
-std::vector<std::pair<QString, QString>> valoriRiga(const RigaDaScrivere& r) {
+}  // namespace
+
+RigaScritta colonneRiga(const RigaDaScrivere& r, bool nuova) {
     const auto cella = [&](Colonna colonna) { return r.griglia.cella(r.riga, colonna); };
-    return {
+    RigaScritta colonne{
         {"FK_Movimento", QString::number(r.idMovimento)},
         {"FK_Prodotto", getIDOrNullStr(cella(Colonna::IdProdotto))},
         {"CodProdotto", testoSQL(cella(Colonna::Codice))},
@@ -54,30 +53,25 @@ std::vector<std::pair<QString, QString>> valoriRiga(const RigaDaScrivere& r) {
         {"ExtraProg", QString::number(r.extraProg)},
         {"FK_UM", getIDOrNullStr(cella(Colonna::IdUm))},
     };
+    if (nuova) colonne.emplace_back("FK_Venditore", getIDOrNullStr(cella(Colonna::IdVenditore)));
+    return colonne;
 }
-
-}  // namespace
 
 int inserisciRiga(const RigaDaScrivere& r) {
     QStringList colonne;
     QStringList valori;
-    for (const auto& [colonna, valore] : valoriRiga(r)) {
+    for (const auto& [colonna, valore] : colonneRiga(r, true)) {
         colonne << colonna;
         valori << valore;
     }
-    colonne << "FK_Venditore"
-            << "Ora";
-    valori << getIDOrNullStr(r.griglia.cella(r.riga, Colonna::IdVenditore));
-    return gAdo.getIDByInsert("INSERT INTO DettagliMovimento (" + colonne.join(", ") + ") VALUES (" +
-                                  valori.join(", ") +
-                                  ", "
-                                  "Now()) ",
+    return gAdo.getIDByInsert("INSERT INTO DettagliMovimento (" + colonne.join(", ") + ", Ora) VALUES (" +
+                                  valori.join(", ") + ", Now()) ",
                               sorgente(), "RID", "DettagliMovimento");
 }
 
 bool modificaRiga(const RigaDaScrivere& r) {
     QStringList assegnazioni;
-    for (const auto& [colonna, valore] : valoriRiga(r)) {
+    for (const auto& [colonna, valore] : colonneRiga(r, false)) {
         assegnazioni << colonna + " = " + valore;
     }
     return gAdo.executeSQL("UPDATE DettagliMovimento SET " + assegnazioni.join(", ") + " " +

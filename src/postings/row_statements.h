@@ -2,6 +2,7 @@
 
 #include "core/currency.h"
 #include "sale/flxvb.h"
+#include "sale/uncertain_save.h"
 
 // One row of the grid as a row of DettagliMovimento.
 struct RigaDaScrivere {
@@ -13,6 +14,10 @@ struct RigaDaScrivere {
     Currency taglio;  // cost layer moved; a negative one is stored as 0
     bool trasferimento;
 };
+
+// The columns that are written with their values, in the order of the table. The seller is that of a `nuova`
+// row's making; its time is the server's, and not among them.
+RigaScritta colonneRiga(const RigaDaScrivere& r, bool nuova);
 
 // The new row's key; below 1 on failure.
 int inserisciRiga(const RigaDaScrivere& r);

@@ -91,75 +91,91 @@ struct Documento {
     int tipo = -1;
     bool trasferimento = false;
     bool conversione = false;
-    int idPagamento = -1;
     int idMovimento = -1;
     int progressivo = 0;
     int extraProg = 0;
+    RigaScritta testata;  // what was written to the header
 };
 
 QString controparte(const Vendita& v, const Documento& d) {
     return d.trasferimento ? QString("Null") : getIDOrNullStr(v.cliente());
 }
 
+RigaScritta colonneTestata(const Vendita& v, const Documento& d) {
+    return {{"PROGRESSIVO", QString::number(d.progressivo)},
+            {"ANNO", QString::number(d.data.year())},
+            {"DATA", gAdo.getSQLDate(d.data)},
+            {"FK_TIPODOCUMENTO", QString::number(d.tipo)},
+            {"FK_ORIGINE", getIDOrNullStr(v.magazzinoOrigine)},
+            {"FK_DESTINAZIONE", getIDOrNullStr(v.magazzinoDestinazione)},
+            {"FK_CONTROPARTITA", controparte(v, d)},
+            {"FK_PAGAMENTO", QString::number(v.idPagamento)}};
+}
+
 bool inserisciTestata(Vendita& v, Documento& d) {
-    const QString anno = QString::number(d.data.year());
-    d.progressivo = getNewNumeratoreAnnuale(v.numeratore, anno);
-    const QStringList valori{QString::number(d.progressivo),
-                             anno,
-                             gAdo.getSQLDate(d.data),
-                             QString::number(d.tipo),
-                             getIDOrNullStr(v.magazzinoOrigine),
-                             getIDOrNullStr(v.magazzinoDestinazione),
-                             controparte(v, d),
-                             QString::number(v.idPagamento),
-                             QString::number(gIDCassa),
-                             QString::number(v.chkPrezziIva.valore())};
+    d.progressivo = getNewNumeratoreAnnuale(v.numeratore, QString::number(d.data.year()));
+    RigaScritta scritte = colonneTestata(v, d);
+    scritte.emplace_back("ID_CASSA", QString::number(gIDCassa));
+    scritte.emplace_back("USAPREZZIIVA", QString::number(v.chkPrezziIva.valore()));
+    QStringList colonne;
+    QStringList valori;
+    for (const auto& [colonna, valore] : scritte) {
+        colonne << colonna;
+        valori << valore;
+    }
     d.idMovimento = gAdo.getIDByInsert(
-        "INSERT INTO Movimenti (PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO, FK_ORIGINE, FK_DESTINAZIONE, "
-        "FK_CONTROPARTITA, FK_PAGAMENTO, ID_CASSA, USAPREZZIIVA) VALUES (" +
-            valori.join(", ") + ") ",
-        sorgente(), "RID", "Movimenti");
+        "INSERT INTO Movimenti (" + colonne.join(", ") + ") VALUES (" + valori.join(", ") + ") ", sorgente(),
+        "RID", "Movimenti");
     if (d.idMovimento < 1) return false;
+    d.testata = std::move(scritte);
     v.txtProg.testo(Format(d.progressivo, u"0000"));
     return true;
 }
 
+bool modificaTestata(const Documento& d, const RigaScritta& colonne) {
+    QStringList assegnazioni;
+    for (const auto& [colonna, valore] : colonne)
+        assegnazioni << colonna + " = " + valore;
+    return gAdo.executeSQL(
+        "UPDATE Movimenti SET " + assegnazioni.join(", ") + " WHERE RID = " + QString::number(d.idMovimento),
+        sorgente());
+}
+
 // The desk and the price mode stay as they were at the first save.
-bool modificaTestata(Vendita& v, Documento& d) {
+bool modificaTestata(const Vendita& v, Documento& d) {
     d.idMovimento = v.rid();
     d.progressivo = valIntero(v.txtProg.testo());
-    return gAdo.executeSQL("UPDATE Movimenti SET PROGRESSIVO = " + QString::number(d.progressivo) +
-                               ", ANNO = " + QString::number(d.data.year()) + ", DATA = " +
-                               gAdo.getSQLDate(d.data) + ", FK_TIPODOCUMENTO = " + QString::number(d.tipo) +
-                               ", FK_ORIGINE = " + getIDOrNullStr(v.magazzinoOrigine) +
-                               ", FK_DESTINAZIONE = " + getIDOrNullStr(v.magazzinoDestinazione) +
-                               ", FK_CONTROPARTITA = " + controparte(v, d) +
-                               ", FK_PAGAMENTO = " + QString::number(v.idPagamento) +
-                               " WHERE RID = " + QString::number(d.idMovimento),
-                           sorgente());
+    const RigaScritta scritte = colonneTestata(v, d);
+    if (!modificaTestata(d, scritte)) return false;
+    d.testata = scritte;
+    return true;
 }
 
 // The totals of the header are those of all sales that share it.
-bool scriviTotali(const DocumentoContabile& d) {
-    return gAdo.executeSQL("UPDATE Movimenti SET TOTIMPONIBILE = " + getSqlNumber(d.totale - d.imposta) +
-                               ", TOTIMPOSTA = " + getSqlNumber(d.imposta) + ", TOTDOCUMENTO = " +
-                               getSqlNumber(d.totale) + " WHERE RID = " + QString::number(d.idMovimento),
-                           sorgente());
+bool scriviTotali(Documento& d, Currency totale, Currency imposta) {
+    const RigaScritta totali{{"TOTIMPONIBILE", getSqlNumber(totale - imposta)},
+                             {"TOTIMPOSTA", getSqlNumber(imposta)},
+                             {"TOTDOCUMENTO", getSqlNumber(totale)}};
+    if (!modificaTestata(d, totali)) return false;
+    d.testata.insert(d.testata.end(), totali.begin(), totali.end());
+    return true;
 }
 
-bool contabilizza(Vendita& v, const Documento& d) {
+bool contabilizza(Vendita& v, Documento& d) {
     Currency iva;
     if (!getTotIva(d.idMovimento, iva)) return false;
     const DocumentoContabile contabile{
         d.idMovimento, d.progressivo,   d.data,       getValoreCurrency(v.lblTotConto.testo()),
         iva,           d.trasferimento, d.conversione};
-    return scriviTotali(contabile) && registraContabilita(v, contabile);
+    if (!scriviTotali(d, contabile.totale, iva) || !registraContabilita(v, contabile)) return false;
+    d.testata.emplace_back("FK_PRIMANOTA", getIDOrNullStr(v.idPrimaNota));
+    d.testata.emplace_back("FK_PNPAGAMENTO", getIDOrNullStr(v.idPNPagamento));
+    return true;
 }
 
 // Everything between begin and commit; false: roll back.
 bool scriviNeiLibri(Vendita& v, Documento& d) {
     if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
-    d.idPagamento = v.idPagamento;
     d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
     if (!(v.rid() <= 0 ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
     const int sottoProg = valIntero(v.txtSottoProg.testo());
@@ -191,6 +207,9 @@ const char* const testoNonSalvata =
 const char* const testoIncerta =
     "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
     "La vendita resta sullo schermo; quando la si salva di nuovo si controlla prima se è già nell'archivio.";
+const char* const testoComeNellArchivio =
+    "Il collegamento con il server si era interrotto: si mostra la vendita come è nell'archivio.\n"
+    "Controllarla prima di salvarla di nuovo.";
 const char* const testoDaControllare =
     "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
     "Prima di salvarla di nuovo controllare l'ultima vendita nell'archivio.";
@@ -199,12 +218,14 @@ QString numeroVendita(const Vendita& v) {
     return v.txtProg.testo() + "/" + v.txtSottoProg.testo();
 }
 
+// The books hold what was written, or nothing of it.
 bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     OperatorPort& operatore = v.schermo.operatore();
-    const int controparte = d.trasferimento ? -1 : v.cliente();
-    SalvataggioIncerto salvataggio{
-        d.idMovimento, d.extraProg,
-        descriviTestata({d.progressivo, d.tipo, d.idPagamento, controparte, d.data}), descriviRighe(v.flxVB)};
+    SalvataggioIncerto salvataggio{d.idMovimento,
+                                   d.extraProg,
+                                   d.testata,
+                                   descriviRighe(v, d.idMovimento, d.extraProg, d.trasferimento),
+                                   {}};
     const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
         segnaSalvata(v, d);
@@ -212,6 +233,7 @@ bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvatag
         return true;
     }
     prima.ripristina(v);
+    salvataggio.schermo = descriviSchermo(v);
     if (esito == EsitoCommit::Ignoto) v.salvataggioIncerto = std::move(salvataggio);
     operatore.messaggio(esito == EsitoCommit::Ignoto ? testoIncerta : testoNonSalvata, Icona::Critica);
     return false;
@@ -230,7 +252,7 @@ std::optional<bool> riprendiSalvataggio(Vendita& v) {
     const SalvataggioIncerto salvataggio = *v.salvataggioIncerto;
     v.salvataggioIncerto.reset();
     if (esito == EsitoCommit::NonRegistrato) return std::nullopt;
-    const bool immutata = descriviRighe(v.flxVB) == salvataggio.righe;
+    const bool immutata = descriviSchermo(v) == salvataggio.schermo;
     showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
     gVenditaSalvata = true;
     operatore.messaggio(QString(immutata ? testoSalvata : testoSalvataPrima).arg(numeroVendita(v)),
@@ -238,15 +260,32 @@ std::optional<bool> riprendiSalvataggio(Vendita& v) {
     return immutata;
 }
 
+// What an unforeseen error left written may be a part of the sale. Where the header is as it was written, the
+// screen shows what is in the books; where it is not, nothing of the save is there.
+void dopoErroreECommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
+    OperatorPort& operatore = v.schermo.operatore();
+    const SalvataggioIncerto salvataggio{d.idMovimento, d.extraProg, d.testata, {}, {}};
+    const EsitoCommit esito =
+        d.testata.empty() ? EsitoCommit::NonRegistrato : cercaTestata(operatore, salvataggio);
+    if (esito == EsitoCommit::Registrato) {
+        showVendita(v, d.idMovimento, -1, d.extraProg, -1);
+        operatore.messaggio(testoComeNellArchivio, Icona::Esclamazione);
+        return;
+    }
+    prima.ripristina(v);
+    operatore.messaggio(esito == EsitoCommit::Ignoto ? testoDaControllare : testoNonSalvata, Icona::Critica);
+}
+
 // An unforeseen error ends with a commit of what was written. The screen then shows what is in the books,
 // so that saving again books nothing twice.
 bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     gErr.notificaSubito(erroreInCorso(), gNomeModulo, "salvaVendita", {});
-    if (!gAdo.commitTrasaction(transazione())) {
+    if (gAdo.commitTrasaction(transazione())) {
+        if (d.idMovimento > 0) showVendita(v, d.idMovimento, -1, d.extraProg, -1);
+    } else if (gAdo.commitDiEsitoIgnoto()) {
+        dopoErroreECommitPerso(v, d, prima);
+    } else {
         prima.ripristina(v);
-        if (gAdo.commitDiEsitoIgnoto()) v.schermo.operatore().messaggio(testoDaControllare, Icona::Critica);
-    } else if (d.idMovimento > 0) {
-        showVendita(v, d.idMovimento, -1, d.extraProg, -1);
     }
     return false;
 }

@@ -2,17 +2,20 @@
 
 #include <map>
 #include <set>
+#include <utility>
+#include <vector>
 
 #include <QStringList>
 
-// What the rows of a sale wrote to the books when it was saved.
-struct RigheSalvate {
-    std::set<int> note;             // keys of those that were in the books before
-    std::set<int> cancellate;       // of these, the ones that are gone now
-    std::map<int, QString> mutate;  // and what the changed ones hold now
-    QStringList nuove;              // what the new rows hold, sorted
+// What a save writes to a row of the books: each column with its value as SQL.
+using RigaScritta = std::vector<std::pair<QString, QString>>;
 
-    bool operator==(const RigheSalvate&) const = default;
+// What the rows of a sale wrote to DettagliMovimento when it was saved.
+struct RigheSalvate {
+    std::set<int> note;                 // keys of those that were in the books before
+    std::set<int> cancellate;           // of these, the ones that are gone now
+    std::map<int, RigaScritta> mutate;  // and the changed ones
+    std::vector<RigaScritta> nuove;
 };
 
 // A save of which nobody knows whether it is in the books: the answer to its commit was lost. Told in such a
@@ -20,6 +23,7 @@ struct RigheSalvate {
 struct SalvataggioIncerto {
     int idMovimento = 0;  // key of the Movimenti row
     int extraProg = 0;
-    QString testata;  // number, payment, customer and day of the header
+    RigaScritta testata;  // of the Movimenti row
     RigheSalvate righe;
+    QStringList schermo;  // the sale as it stood on the screen behind the save
 };

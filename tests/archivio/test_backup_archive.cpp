@@ -19,28 +19,28 @@ struct Esito {
     QString testo;
 };
 
-Esito salva(const ArchivioDiProva& archivio, const QString& copia, bool sovrascrivi = false) {
+Esito salva(const ArchivioInCartella& archivio, const QString& copia, bool sovrascrivi = false) {
     QString testo;
     QTextStream esito(&testo);
     const bool riuscito = salvaArchivio(archivio.percorso(), archivio.percorso(copia), sovrascrivi, esito);
     return {riuscito, testo};
 }
 
-Esito ripristina(const ArchivioDiProva& archivio, const QString& copia) {
+Esito ripristina(const ArchivioInCartella& archivio, const QString& copia) {
     QString testo;
     QTextStream esito(&testo);
     const bool riuscito = ripristinaArchivio(archivio.percorso(copia), archivio.percorso(), false, esito);
     return {riuscito, testo};
 }
 
-QString messaDaParte(const ArchivioDiProva& archivio) {
+QString messaDaParte(const ArchivioInCartella& archivio) {
     return archivio.file().filter("prova.db.prima-del-ripristino-").value(0);
 }
 
 }  // namespace
 
 TEST(BackupArchive, CopyIsAnArchiveThatTillsOpen) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ASSERT_TRUE(salva(archivio, "copia.db").riuscito);
     ErroreServer errore;
     EXPECT_TRUE(SqliteConnection::apri(archivio.percorso("copia.db"), errore))
@@ -48,7 +48,7 @@ TEST(BackupArchive, CopyIsAnArchiveThatTillsOpen) {
 }
 
 TEST(BackupArchive, CopyHoldsWhatIsStillInTheLog) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ErroreServer errore;
     const auto cassa = SqliteConnection::apri(archivio.percorso(), errore);
     archivio.aggiungiVendite();
@@ -57,7 +57,7 @@ TEST(BackupArchive, CopyHoldsWhatIsStillInTheLog) {
 }
 
 TEST(BackupArchive, CopyIsOneMomentWhileTillsWrite) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     std::atomic<bool> basta = false;
     std::atomic<int> scritte = 0;
     std::thread cassa([&] {
@@ -87,14 +87,14 @@ TEST(BackupArchive, CopyIsOneMomentWhileTillsWrite) {
 }
 
 TEST(BackupArchive, ExistingFileStaysUnlessToldOtherwise) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     scriviFile(archivio.percorso("copia.db"), "altro");
     EXPECT_FALSE(salva(archivio, "copia.db").riuscito);
     EXPECT_EQ(contenuto(archivio.percorso("copia.db")), "altro");
 }
 
 TEST(BackupArchive, DamagedArchiveMakesNoCopy) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     QByteArray byte = contenuto(archivio.percorso());
     byte.replace(byte.size() / 2 / 4096 * 4096, 4096, QByteArray(4096, '\x7f'));
     scriviFile(archivio.percorso(), byte);
@@ -103,7 +103,7 @@ TEST(BackupArchive, DamagedArchiveMakesNoCopy) {
 }
 
 TEST(RestoreArchive, SavedStateIsBack) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     salva(archivio, "copia.db");
     archivio.aggiungiVendite();
     ASSERT_TRUE(ripristina(archivio, "copia.db").riuscito);
@@ -111,7 +111,7 @@ TEST(RestoreArchive, SavedStateIsBack) {
 }
 
 TEST(RestoreArchive, ReplacedArchiveStaysBesideIt) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     salva(archivio, "copia.db");
     archivio.aggiungiVendite();
     const Esito esito = ripristina(archivio, "copia.db");
@@ -122,7 +122,7 @@ TEST(RestoreArchive, ReplacedArchiveStaysBesideIt) {
 }
 
 TEST(RestoreArchive, ArchiveOpenAtATillIsNotReplaced) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     salva(archivio, "copia.db");
     archivio.aggiungiVendite();
     ErroreServer errore;
@@ -134,7 +134,7 @@ TEST(RestoreArchive, ArchiveOpenAtATillIsNotReplaced) {
 }
 
 TEST(RestoreArchive, TillOfAnotherProcessIsNoticed) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     salva(archivio, "copia.db");
     int pronta[2];
     int fine[2];
@@ -159,7 +159,7 @@ TEST(RestoreArchive, TillOfAnotherProcessIsNoticed) {
 }
 
 TEST(RestoreArchive, DamagedCopyChangesNothing) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const QByteArray prima = contenuto(archivio.percorso());
     QByteArray byte = prima;
     byte.replace(byte.size() / 2 / 4096 * 4096, 4096, QByteArray(4096, '\x7f'));
@@ -169,14 +169,14 @@ TEST(RestoreArchive, DamagedCopyChangesNothing) {
 }
 
 TEST(RestoreArchive, FileThatIsNoArchiveChangesNothing) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     scriviFile(archivio.percorso("copia.db"), "lettera a Babbo Natale");
     EXPECT_FALSE(ripristina(archivio, "copia.db").riuscito);
     EXPECT_EQ(archivio.file(), (QStringList{"copia.db", "prova.db"}));
 }
 
 TEST(RestoreArchive, MissingArchiveIsMade) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     salva(archivio, "copia.db");
     QFile::remove(archivio.percorso());
     EXPECT_TRUE(ripristina(archivio, "copia.db").riuscito);

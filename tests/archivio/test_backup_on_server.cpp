@@ -11,7 +11,7 @@
 #include "archivio/trial_server.h"
 
 TEST(BackupOnServer, SavedDatabaseComesBackFromItsFile) {
-    const ArchivioDiProva archivio(ArchivioDiProva::Contenuto::Poco);
+    const ArchivioInCartella archivio(ArchivioInCartella::Contenuto::Poco);
     const DatabaseDiProva database;
     QString testo;
     QTextStream esito(&testo);

@@ -40,25 +40,25 @@ INSTANTIATE_TEST_SUITE_P(CommandLine, OgniUsoSbagliato,
                                          "crea --prodotti tre --clienti 30 --righe 1 a.db"));
 
 TEST(CommandLine, CreationAndCheckOfADemoShop) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const QString percorso = cartella.percorso("negozio.db");
     EXPECT_EQ(esegui({"crea", "--demo", "--seme", "42", percorso}), UscitaBuona);
     EXPECT_EQ(esegui({"verifica", percorso}), UscitaBuona);
 }
 
 TEST(CommandLine, ExistingArchiveAnswersOne) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     EXPECT_EQ(esegui({"crea", cartella.percorso()}), UscitaErrori);
 }
 
 TEST(CommandLine, DamageAnswersOne) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ASSERT_EQ(archivio.esegui("UPDATE Prodotti SET GIACENZA = -1 WHERE RID = 1"), SQLITE_OK);
     EXPECT_EQ(esegui({"verifica", archivio.percorso()}), UscitaErrori);
 }
 
 TEST(CommandLine, NotesAloneAnswerZero) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     ASSERT_EQ(archivio.esegui("UPDATE Movimenti SET PROGRESSIVO = 0 WHERE RID = 2"), SQLITE_OK);
     QString testo;
@@ -67,6 +67,6 @@ TEST(CommandLine, NotesAloneAnswerZero) {
 }
 
 TEST(CommandLine, SalesOfAMissingArchiveAnswerOne) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     EXPECT_EQ(esegui({"vendite", archivio.percorso("manca.db"), "--ultime", "3"}), UscitaErrori);
 }

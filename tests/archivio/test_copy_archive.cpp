@@ -18,7 +18,7 @@ struct Esito {
     QString testo;
 };
 
-Esito copia(const ArchivioDiProva& archivio, const QString& a, bool sovrascrivi = false) {
+Esito copia(const ArchivioInCartella& archivio, const QString& a, bool sovrascrivi = false) {
     QString testo;
     QTextStream esito(&testo);
     const bool riuscito = copiaArchivio(archivio.percorso(), archivio.percorso(a), sovrascrivi, esito);
@@ -28,19 +28,19 @@ Esito copia(const ArchivioDiProva& archivio, const QString& a, bool sovrascrivi 
 }  // namespace
 
 TEST(CopyArchive, EveryRowIsTheSame) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     ASSERT_TRUE(copia(archivio, "copia.db").riuscito);
     EXPECT_EQ(tutteLeRighe(archivio.percorso("copia.db")), tutteLeRighe(archivio.percorso()));
 }
 
 TEST(CopyArchive, RowsOfEveryTableAreTold) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     EXPECT_TRUE(copia(archivio, "copia.db").testo.contains("Prodotti                      2000 righe\n"));
 }
 
 TEST(CopyArchive, KeysOfDeletedRowsAreNotGivenAgain) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.esegui("INSERT INTO Gruppi (RID, CODICE) VALUES (500, 'A'); DELETE FROM Gruppi WHERE RID = 500");
     ASSERT_TRUE(copia(archivio, "copia.db").riuscito);
     ErroreServer errore;
@@ -50,14 +50,14 @@ TEST(CopyArchive, KeysOfDeletedRowsAreNotGivenAgain) {
 }
 
 TEST(CopyArchive, ExistingTargetStaysUnlessToldOtherwise) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     scriviFile(archivio.percorso("copia.db"), "altro");
     EXPECT_FALSE(copia(archivio, "copia.db").riuscito);
     EXPECT_EQ(contenuto(archivio.percorso("copia.db")), "altro");
 }
 
 TEST(CopyArchive, RowThatNoColumnKeepsIsNamedAndNothingIsMade) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.esegui("UPDATE Gruppi SET CODICE = '" + QByteArray(60, 'x') + "' WHERE RID = 2");
     const Esito esito = copia(archivio, "copia.db");
     EXPECT_FALSE(esito.riuscito);
@@ -67,7 +67,7 @@ TEST(CopyArchive, RowThatNoColumnKeepsIsNamedAndNothingIsMade) {
 }
 
 TEST(CopyArchive, ReferenceToNothingIsNamedAndNothingIsMade) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.esegui("UPDATE Prodotti SET FK_MARCA = 9999 WHERE RID = 7", false);
     const Esito esito = copia(archivio, "copia.db");
     EXPECT_FALSE(esito.riuscito);
@@ -78,7 +78,7 @@ TEST(CopyArchive, ReferenceToNothingIsNamedAndNothingIsMade) {
 
 // The process dies when all rows are in and the file is about to take its place.
 TEST(CopyArchive, KilledCopyMakesNothingAndTheNextOneTidiesUp) {
-    const ArchivioDiProva archivio(ArchivioDiProva::Contenuto::Poco);
+    const ArchivioInCartella archivio(ArchivioInCartella::Contenuto::Poco);
     const pid_t figlio = fork();
     if (figlio == 0) {
         sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
@@ -97,7 +97,7 @@ TEST(CopyArchive, KilledCopyMakesNothingAndTheNextOneTidiesUp) {
 }
 
 TEST(CopyArchive, TargetThatATillHasOpenIsNotReplaced) {
-    const ArchivioDiProva archivio(ArchivioDiProva::Contenuto::Poco);
+    const ArchivioInCartella archivio(ArchivioInCartella::Contenuto::Poco);
     ASSERT_TRUE(copia(archivio, "copia.db").riuscito);
     ErroreServer errore;
     const auto cassa = SqliteConnection::apri(archivio.percorso("copia.db"), errore);
@@ -107,7 +107,7 @@ TEST(CopyArchive, TargetThatATillHasOpenIsNotReplaced) {
 }
 
 TEST(CopyArchive, CopyHoldsWhatIsStillInTheLogOfATill) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ErroreServer errore;
     const auto cassa = SqliteConnection::apri(archivio.percorso(), errore);
     archivio.aggiungiVendite();

@@ -17,7 +17,7 @@
 
 namespace {
 
-using enum ArchivioDiProva::Contenuto;
+using enum ArchivioInCartella::Contenuto;
 
 struct Esito {
     bool riuscito;
@@ -29,32 +29,6 @@ Esito copia(const QString& da, const QString& a, bool sovrascrivi = false) {
     QTextStream esito(&testo);
     const bool riuscito = copiaArchivio(da, a, sovrascrivi, esito);
     return {riuscito, testo};
-}
-
-// Values that have been lost on some way before.
-void aggiungiDifficili(const ArchivioDiProva& archivio) {
-    const QByteArray testi[] = {"è ß 😀 ‰ ¤ ‡ ¿ •",
-                                "l''ora \"doppia\" `grave`",
-                                "a\\b\\''c\\",
-                                "1\n2\r\n3\t4",
-                                "%_?:a;--/*x*/",
-                                "  due spazi  ",
-                                "",
-                                QByteArray("lungo ").repeated(20000)};
-    for (const QByteArray& testo : testi)
-        ASSERT_EQ(archivio.esegui("INSERT INTO Opzioni (NOME, VALORE) VALUES (hex(randomblob(9)), '" + testo +
-                                  "')"),
-                  SQLITE_OK);
-    ASSERT_EQ(
-        archivio.esegui(
-            "INSERT INTO Gruppi (RID, CODICE) VALUES (0, 'zero'), (-3, 'sotto'), (2147483647, 'ultimo');"
-            "INSERT INTO Anagrafiche (NUMERO, DATANASCITA, FIDO, SCONTO) VALUES "
-            "(900, '1899-12-30 00:00:00', 1234567.8901, 0.1), (901, '9999-12-31 23:59:59', -0.0001, 1e-9),"
-            "(902, NULL, NULL, 123456789.125), (903, '2024-02-29 12:00:00', 99999999999.9999, "
-            "-0.3333333333333333);"
-            "INSERT INTO Movimenti (PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO, ORACONS) VALUES "
-            "(1, 2026, '2026-01-01 00:00:00', 1, '1899-12-30 23:59:59')"),
-        SQLITE_OK);
 }
 
 // What a till that starts now would be told; empty when it may work.
@@ -69,10 +43,10 @@ QString rifiutoAllaCassa(const DatabaseDiProva& database) {
 }  // namespace
 
 TEST(CopyOnServer, ThereAndBackEveryRowIsTheSame) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const DatabaseDiProva database;
     archivio.aggiungiVendite();
-    aggiungiDifficili(archivio);
+    archivio.aggiungiDifficili();
     const Esito andata = copia(archivio.percorso(), database.nome());
     ASSERT_TRUE(andata.riuscito) << andata.testo.toStdString();
     const Esito ritorno = copia(database.nome(), archivio.percorso("ritorno.db"));
@@ -82,7 +56,7 @@ TEST(CopyOnServer, ThereAndBackEveryRowIsTheSame) {
 }
 
 TEST(CopyOnServer, FromServerToServer) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva prima;
     const DatabaseDiProva seconda;
     ASSERT_TRUE(copia(archivio.percorso(), prima.nome()).riuscito);
@@ -91,7 +65,7 @@ TEST(CopyOnServer, FromServerToServer) {
 }
 
 TEST(CopyOnServer, MoneyThatNoFileKeepsIsNamed) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     database.esegui("UPDATE Anagrafiche SET FIDO = 922337203685477.5807 WHERE RID = 3");
@@ -102,7 +76,7 @@ TEST(CopyOnServer, MoneyThatNoFileKeepsIsNamed) {
 }
 
 TEST(CopyOnServer, NextKeyIsAboveTheHighestEverGiven) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     archivio.esegui("INSERT INTO Gruppi (RID, CODICE) VALUES (500, 'A'); DELETE FROM Gruppi WHERE RID = 500");
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
@@ -111,7 +85,7 @@ TEST(CopyOnServer, NextKeyIsAboveTheHighestEverGiven) {
 }
 
 TEST(CopyOnServer, TargetWithAnArchiveStaysUnlessToldOtherwise) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     database.esegui("UPDATE Gruppi SET CODICE = 'MIO' WHERE RID = 1");
@@ -121,7 +95,7 @@ TEST(CopyOnServer, TargetWithAnArchiveStaysUnlessToldOtherwise) {
 }
 
 TEST(CopyOnServer, OverwritingReplacesAllRows) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     database.esegui("INSERT INTO Gruppi (CODICE) VALUES ('MIO')");
@@ -130,7 +104,7 @@ TEST(CopyOnServer, OverwritingReplacesAllRows) {
 }
 
 TEST(CopyOnServer, TablesOfOthersAreLeftAlone) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     database.esegui("CREATE TABLE Altrui (A INT)");
@@ -139,7 +113,7 @@ TEST(CopyOnServer, TablesOfOthersAreLeftAlone) {
 }
 
 TEST(CopyOnServer, FailedCopyLeavesADatabaseThatNoTillOpens) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     archivio.esegui("UPDATE Prodotti SET FK_MARCA = 9999 WHERE RID = 3", false);
     ASSERT_FALSE(copia(archivio.percorso(), database.nome()).riuscito);
@@ -149,7 +123,7 @@ TEST(CopyOnServer, FailedCopyLeavesADatabaseThatNoTillOpens) {
 }
 
 TEST(CopyOnServer, CompleteCopyIsOpenedByATill) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     ASSERT_TRUE(copia(archivio.percorso(), database.nome()).riuscito);
     EXPECT_EQ(rifiutoAllaCassa(database), "");
@@ -157,7 +131,7 @@ TEST(CopyOnServer, CompleteCopyIsOpenedByATill) {
 
 // The process dies when a part of the rows is in for good.
 TEST(CopyOnServer, KilledCopyCanBeRunAgain) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const DatabaseDiProva database;
     const pid_t figlio = fork();
     if (figlio == 0) {
@@ -182,7 +156,7 @@ TEST(CopyOnServer, KilledCopyCanBeRunAgain) {
 }
 
 TEST(CopyOnServer, ConnectionKilledOnTheWayFailsTheCopy) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     bool uccisa = false;
     sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
@@ -203,7 +177,7 @@ TEST(CopyOnServer, ConnectionKilledOnTheWayFailsTheCopy) {
 }
 
 TEST(CopyOnServer, SecondCopyToTheSamePlaceIsRefused) {
-    const ArchivioDiProva archivio(Poco);
+    const ArchivioInCartella archivio(Poco);
     const DatabaseDiProva database;
     QString seconda;
     sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
@@ -228,7 +202,7 @@ TEST(CreateOnServer, EmptyArchiveHasItsOptionsAndOpensAtTheTill) {
 }
 
 TEST(CreateOnServer, DemoShopIsTheOneOfAFile) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const DatabaseDiProva database;
     QString testo;
     QTextStream esito(&testo);

@@ -33,19 +33,19 @@ OpzioniCreazione sovrascrivendo() {
 }  // namespace
 
 TEST(CreateArchive, EmptyArchiveHasEveryOption) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     ASSERT_TRUE(crea(cartella.percorso(), sovrascrivendo()).riuscito);
     EXPECT_EQ(cartella.valore("SELECT COUNT(*) FROM Opzioni"), "28");
 }
 
 TEST(CreateArchive, EmptyArchiveHasNoProducts) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     ASSERT_TRUE(crea(cartella.percorso(), sovrascrivendo()).riuscito);
     EXPECT_EQ(cartella.valore("SELECT COUNT(*) FROM Prodotti"), "0");
 }
 
 TEST(CreateArchive, EmptyArchiveOpensAtTheTill) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     ASSERT_TRUE(crea(cartella.percorso("vuoto.db")).riuscito);
     ErroreServer errore;
     EXPECT_TRUE(SqliteConnection::apri(cartella.percorso("vuoto.db"), errore))
@@ -53,21 +53,21 @@ TEST(CreateArchive, EmptyArchiveOpensAtTheTill) {
 }
 
 TEST(CreateArchive, ExistingFileIsRefused) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = crea(cartella.percorso());
     EXPECT_FALSE(esito.riuscito);
     EXPECT_TRUE(esito.testo.contains("esiste già")) << esito.testo.toStdString();
 }
 
 TEST(CreateArchive, RefusalLeavesTheFileAsItWas) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const QByteArray prima = contenuto(cartella.percorso());
     crea(cartella.percorso());
     EXPECT_TRUE(contenuto(cartella.percorso()) == prima);
 }
 
 TEST(CreateArchive, OverwritingRemovesTheLogOfTheOldArchive) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     scriviFile(cartella.percorso() + "-wal", "vecchio");
     scriviFile(cartella.percorso() + "-shm", "vecchio");
     ASSERT_TRUE(crea(cartella.percorso(), sovrascrivendo()).riuscito);
@@ -75,13 +75,13 @@ TEST(CreateArchive, OverwritingRemovesTheLogOfTheOldArchive) {
 }
 
 TEST(CreateArchive, NothingElseIsLeftInTheFolder) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     ASSERT_TRUE(crea(cartella.percorso("nuovo.db")).riuscito);
     EXPECT_EQ(cartella.file(), (QStringList{"nuovo.db", "prova.db"}));
 }
 
 TEST(CreateArchive, FilesOfOthersBesideItStayAsTheyWere) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const QStringList altrui{".a.db.nuovo", "a.db.nuovo", "a.db.nuovo-wal"};
     for (const QString& nome : altrui) {
         scriviFile(cartella.percorso(nome), "di un altro");
@@ -93,13 +93,13 @@ TEST(CreateArchive, FilesOfOthersBesideItStayAsTheyWere) {
 }
 
 TEST(CreateArchive, FolderIsRefused) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     QDir(cartella.percorso("")).mkdir("dentro");
     EXPECT_FALSE(crea(cartella.percorso("dentro"), sovrascrivendo()).riuscito);
 }
 
 TEST(CreateArchive, MissingFolderIsAnError) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     EXPECT_FALSE(crea(cartella.percorso("manca/a.db")).riuscito);
 }
 
@@ -122,7 +122,7 @@ class DiscoPieno {
 };
 
 void controllaFallimento(std::function<bool(const QString&)> fallisce) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const QByteArray prima = contenuto(cartella.percorso());
     {
         const DiscoPieno guasto(std::move(fallisce));

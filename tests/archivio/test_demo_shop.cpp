@@ -10,8 +10,8 @@
 namespace {
 
 // The demo shop as it comes, shared by the tests that only read.
-const ArchivioDiProva& negozio() {
-    static const ArchivioDiProva archivio;
+const ArchivioInCartella& negozio() {
+    static const ArchivioInCartella archivio;
     return archivio;
 }
 

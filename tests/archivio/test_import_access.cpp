@@ -14,7 +14,7 @@ struct Esito {
     QString testo;
 };
 
-Esito importa(const FileMdbFinto& file, const ArchivioDiProva& cartella) {
+Esito importa(const FileMdbFinto& file, const ArchivioInCartella& cartella) {
     QString testo;
     QTextStream esito(&testo);
     const bool riuscito = importaAccess(file.percorso(), cartella.percorso("nuovo.db"), false, esito);
@@ -25,7 +25,7 @@ Esito importa(const FileMdbFinto& file, const ArchivioDiProva& cartella) {
 QString campo(const QByteArray& colonna, const QByteArray& valore) {
     FileMdbFinto file;
     file.tabella("Anagrafiche", {"RID", colonna}, {{"1", valore}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_TRUE(esito.riuscito) << esito.testo.toStdString();
     return cartella.leggiDa("nuovo.db", "SELECT quote(" + colonna + ") FROM Anagrafiche");
@@ -36,7 +36,7 @@ QString campo(const QByteArray& colonna, const QByteArray& valore) {
 TEST(ImportAccess, KeysAndTextsComeOver) {
     FileMdbFinto file;
     file.tabella("gruppi", {"rid", "Codice"}, {{"7", "\"A\""}, {"3", "\"B\""}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     ASSERT_TRUE(importa(file, cartella).riuscito);
     EXPECT_EQ(cartella.conta("nuovo.db", "Gruppi WHERE RID = 7 AND CODICE = 'A'"), 1);
     EXPECT_EQ(cartella.conta("nuovo.db", "Gruppi"), 2);
@@ -75,7 +75,7 @@ TEST(ImportAccess, RowThatNoColumnKeepsIsLeftOutAndTold) {
     FileMdbFinto file;
     file.tabella("Gruppi", {"RID", "CODICE"},
                  {{"1", "\"A\""}, {"2", ""}, {"3", "\"" + QByteArray(51, 'x') + "\""}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_FALSE(esito.riuscito);
     EXPECT_TRUE(esito.testo.contains("1 righe, 2 rifiutate")) << esito.testo.toStdString();
@@ -88,7 +88,7 @@ TEST(ImportAccess, RowThatNoColumnKeepsIsLeftOutAndTold) {
 TEST(ImportAccess, KeyThatComesTwiceIsLeftOutAndTold) {
     FileMdbFinto file;
     file.tabella("Gruppi", {"RID", "CODICE"}, {{"1", "\"A\""}, {"1", "\"B\""}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_TRUE(esito.testo.contains("rifiutata la riga 1: ")) << esito.testo.toStdString();
     EXPECT_EQ(cartella.conta("nuovo.db", "Gruppi WHERE CODICE = 'A'"), 1);
@@ -97,7 +97,7 @@ TEST(ImportAccess, KeyThatComesTwiceIsLeftOutAndTold) {
 TEST(ImportAccess, UnknownAndMissingColumnsAreTold) {
     FileMdbFinto file;
     file.tabella("Gruppi", {"RID", "CODICE", "COLORE"}, {{"1", "\"A\"", "\"rosso\""}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_TRUE(esito.riuscito);
     EXPECT_TRUE(esito.testo.contains("colonne che il file non ha: DESCRIZIONE\n"))
@@ -110,7 +110,7 @@ TEST(ImportAccess, UnknownAndMissingTablesAreTold) {
     FileMdbFinto file;
     file.tabella("Gruppi", {"RID", "CODICE"}, {});
     file.tabella("Ricette della nonna", {"A"}, {});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_TRUE(esito.testo.contains("Tabelle del file non conosciute: Ricette della nonna\n"))
         << esito.testo.toStdString();
@@ -120,7 +120,7 @@ TEST(ImportAccess, UnknownAndMissingTablesAreTold) {
 TEST(ImportAccess, ReferenceOfZeroIsNone) {
     FileMdbFinto file;
     file.tabella("Prodotti", {"RID", "CODICE", "FK_MARCA"}, {{"1", "\"A\"", "0"}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     EXPECT_TRUE(importa(file, cartella).riuscito);
     EXPECT_EQ(cartella.conta("nuovo.db", "Prodotti WHERE FK_MARCA IS NULL"), 1);
 }
@@ -128,7 +128,7 @@ TEST(ImportAccess, ReferenceOfZeroIsNone) {
 TEST(ImportAccess, ReferenceToNothingIsEmptiedAndTold) {
     FileMdbFinto file;
     file.tabella("Prodotti", {"RID", "CODICE", "FK_MARCA"}, {{"1", "\"A\"", "55"}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_FALSE(esito.riuscito);
     EXPECT_TRUE(esito.testo.contains("Prodotti: 1 righe, riferimento svuotato: FK_MARCA"))
@@ -139,7 +139,7 @@ TEST(ImportAccess, ReferenceToNothingIsEmptiedAndTold) {
 TEST(ImportAccess, RowWithoutTheRowItBelongsToIsTakenOutAndTold) {
     FileMdbFinto file;
     file.tabella("DettagliMovimento", {"RID", "FK_MOVIMENTO"}, {{"9", "55"}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_TRUE(
         esito.testo.contains("DettagliMovimento: 1 righe, tolte: FK_MOVIMENTO senza il suo record di "
@@ -151,7 +151,7 @@ TEST(ImportAccess, RowWithoutTheRowItBelongsToIsTakenOutAndTold) {
 TEST(ImportAccess, OptionThatComesTwiceStaysOnce) {
     FileMdbFinto file;
     file.tabella("Opzioni", {"RID", "NOME", "VALORE"}, {{"1", "\"A\"", "\"x\""}, {"2", "\"a\"", "\"y\""}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_TRUE(esito.testo.contains("doppione di NOME (2)")) << esito.testo.toStdString();
     EXPECT_EQ(cartella.conta("nuovo.db", "Opzioni WHERE VALORE = 'x'"), 1);
@@ -161,7 +161,7 @@ TEST(ImportAccess, RowsWithoutAKeyGetOne) {
     FileMdbFinto file;
     file.tabella("Contatori", {"FK_NUMERATORE", "ANNO", "NUMERO"},
                  {{"1", "2.0250000000000000e+03", "12"}, {"2", "\"2025\"", "3"}});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     ASSERT_TRUE(importa(file, cartella).riuscito);
     EXPECT_EQ(cartella.conta("nuovo.db", "Contatori WHERE ANNO = '2025' AND RID IN (1, 2)"), 2);
 }
@@ -169,7 +169,7 @@ TEST(ImportAccess, RowsWithoutAKeyGetOne) {
 TEST(ImportAccess, FileWithoutOurTablesIsRefused) {
     FileMdbFinto file;
     file.tabella("Ricette", {"A"}, {});
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     EXPECT_FALSE(importa(file, cartella).riuscito);
     EXPECT_EQ(cartella.file(), QStringList{"prova.db"});
 }
@@ -179,7 +179,7 @@ TEST(ImportAccess, ExportThatStopsHalfwayMakesNothing) {
     file.grezza("Gruppi",
                 "RID\x1f"
                 "CODICE\n1\x1f\"A");
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     const Esito esito = importa(file, cartella);
     EXPECT_FALSE(esito.riuscito);
     EXPECT_TRUE(esito.testo.contains("si interrompe")) << esito.testo.toStdString();
@@ -190,14 +190,14 @@ TEST(ImportAccess, ExportThatFailsMakesNothing) {
     FileMdbFinto file;
     file.tabella("Gruppi", {"RID", "CODICE"}, {});
     QFile::remove(file.percorso() + ".d/Gruppi");
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     EXPECT_FALSE(importa(file, cartella).riuscito);
     EXPECT_EQ(cartella.file(), QStringList{"prova.db"});
 }
 
 // The real programs, on what is no file of theirs.
 TEST(ImportAccess, GarbageIsRefusedByTheRealTools) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     scriviFile(cartella.percorso("brutto.mdb"), QByteArray(5000, 'x'));
     QString testo;
     QTextStream esito(&testo);
@@ -207,7 +207,7 @@ TEST(ImportAccess, GarbageIsRefusedByTheRealTools) {
 }
 
 TEST(ImportAccess, MissingFileIsRefused) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     QString testo;
     QTextStream esito(&testo);
     EXPECT_FALSE(importaAccess(cartella.percorso("manca.mdb"), cartella.percorso("nuovo.db"), false, esito));

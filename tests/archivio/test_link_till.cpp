@@ -40,7 +40,7 @@ bool collega(const QString& nome, QString* testo = nullptr) {
 
 TEST(LinkTill, FileIsWrittenWithItsWholePath) {
     ImpostazioniDiProva impostazioni;
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ASSERT_TRUE(collega(archivio.percorso("./prova.db")));
     EXPECT_EQ(impostazioni.leggi("DBType"), "1");
     EXPECT_EQ(impostazioni.leggi("Path"), QFileInfo(archivio.percorso("./prova.db")).absoluteFilePath());
@@ -48,7 +48,7 @@ TEST(LinkTill, FileIsWrittenWithItsWholePath) {
 
 TEST(LinkTill, SettingsAreReadableByTheirOwnerAlone) {
     ImpostazioniDiProva impostazioni;
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ASSERT_TRUE(collega(archivio.percorso()));
     EXPECT_EQ(QFile::permissions(impostazioni.file()) & 0x0FFF,
               (QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser) & 0x0FFF);
@@ -56,7 +56,7 @@ TEST(LinkTill, SettingsAreReadableByTheirOwnerAlone) {
 
 TEST(LinkTill, ArchiveThatDoesNotOpenChangesNothing) {
     ImpostazioniDiProva impostazioni;
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     EXPECT_FALSE(collega(archivio.percorso("manca.db")));
     EXPECT_EQ(impostazioni.leggi("DBType"), "?");
 }

@@ -6,7 +6,7 @@
 
 namespace {
 
-QString stampa(const ArchivioDiProva& archivio, int ultime) {
+QString stampa(const ArchivioInCartella& archivio, int ultime) {
     QString testo;
     QTextStream esito(&testo);
     EXPECT_TRUE(stampaVendite(archivio.percorso(), ultime, esito));
@@ -16,31 +16,31 @@ QString stampa(const ArchivioDiProva& archivio, int ultime) {
 }  // namespace
 
 TEST(SalesReport, ArchiveWithoutSalesSaysSo) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     EXPECT_EQ(stampa(archivio, 10), "Nessuna vendita salvata.\n");
 }
 
 TEST(SalesReport, LatestSaleComesFirst) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_TRUE(stampa(archivio, 10).startsWith("VB Vendita al banco n. 0002/1 del 21/11/2026, cassa 255\n"));
 }
 
 TEST(SalesReport, OnlyAsManyAsAskedFor) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_EQ(stampa(archivio, 2).count("Vendita al banco n. "), 2);
 }
 
 TEST(SalesReport, SalesOfOneHeaderAreToldApart) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     const QString testo = stampa(archivio, 10);
     EXPECT_TRUE(testo.contains("n. 0001/1 ") && testo.contains("n. 0001/2 ")) << testo.toStdString();
 }
 
 TEST(SalesReport, SaleHasItsOwnTotalBesideTheDocuments) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     const QString prima = stampa(archivio, 10).section("n. 0001/1", 1);
     EXPECT_TRUE(prima.contains("Totale vendita: 22,48\n")) << prima.toStdString();
@@ -49,14 +49,14 @@ TEST(SalesReport, SaleHasItsOwnTotalBesideTheDocuments) {
 }
 
 TEST(SalesReport, JournalOfTheSaleIsShown) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_TRUE(
         stampa(archivio, 10).contains("Merci conto vendite          dare       0,00 avere      21,70\n"));
 }
 
 TEST(SalesReport, SalesStillInTheLogOfAnOpenTillAreSeen) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ErroreServer errore;
     const auto cassa = SqliteConnection::apri(archivio.percorso(), errore);
     ASSERT_TRUE(cassa) << errore.descrizione.toStdString();
@@ -66,7 +66,7 @@ TEST(SalesReport, SalesStillInTheLogOfAnOpenTillAreSeen) {
 }
 
 TEST(SalesReport, GarbageIsAnError) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     scriviFile(archivio.percorso(), "niente");
     QString testo;
     QTextStream esito(&testo);

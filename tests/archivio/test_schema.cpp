@@ -93,7 +93,7 @@ class OgniTabella : public testing::TestWithParam<std::string> {};
 }  // namespace
 
 TEST_P(OgniTabella, HasTheColumnsThatStatementsName) {
-    static const ArchivioDiProva archivio;
+    static const ArchivioInCartella archivio;
     const QStringList parole = QString::fromStdString(GetParam()).split(' ');
     const QString colonne = QStringList(parole.mid(1)).join(", ");
     EXPECT_EQ(archivio.esegui(QString("SELECT %1 FROM %2").arg(colonne, parole.first()).toUtf8()), SQLITE_OK)
@@ -105,32 +105,32 @@ INSTANTIATE_TEST_SUITE_P(Schema, OgniTabella, testing::ValuesIn(elencoTabelle), 
 });
 
 TEST(Schema, ProductWithSalesCannotBeDeleted) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_EQ(archivio.esegui("DELETE FROM Prodotti WHERE RID = 1"), SQLITE_CONSTRAINT_FOREIGNKEY);
 }
 
 TEST(Schema, CustomerWithSalesCannotBeDeleted) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_EQ(archivio.esegui("DELETE FROM Anagrafiche WHERE RID = 2"), SQLITE_CONSTRAINT_FOREIGNKEY);
 }
 
 TEST(Schema, RowOfAMissingProductIsRefused) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_EQ(archivio.esegui("UPDATE DettagliMovimento SET FK_PRODOTTO = 99999 WHERE RID = 1"),
               SQLITE_CONSTRAINT_FOREIGNKEY);
 }
 
 TEST(Schema, RowOfAMissingHeaderIsRefused) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     EXPECT_EQ(archivio.esegui("INSERT INTO DettagliMovimento (FK_MOVIMENTO) VALUES (77)"),
               SQLITE_CONSTRAINT_FOREIGNKEY);
 }
 
 TEST(Schema, KitHeadMayBeDeletedBeforeItsComponents) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_EQ(archivio.esegui(
                   "DELETE FROM DettagliMovimento WHERE RID = 4; DELETE FROM DettagliMovimento WHERE RID = 5"),
@@ -138,7 +138,7 @@ TEST(Schema, KitHeadMayBeDeletedBeforeItsComponents) {
 }
 
 TEST(Schema, TransportKeysLeftAtZeroAreStored) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_EQ(archivio.esegui(
                   "UPDATE Movimenti SET FK_ASPETTOCONS = 0, FK_CAUSALETRASPORTO = 0, FK_SPEDIZIONE = 0"),
@@ -146,7 +146,7 @@ TEST(Schema, TransportKeysLeftAtZeroAreStored) {
 }
 
 TEST(Schema, KeysAreNeverGivenTwice) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ASSERT_EQ(archivio.esegui("INSERT INTO Marche (CODICE) VALUES ('X1')"), SQLITE_OK);
     const int prima = archivio.valore("SELECT MAX(RID) FROM Marche").toInt();
     ASSERT_EQ(
@@ -156,7 +156,7 @@ TEST(Schema, KeysAreNeverGivenTwice) {
 }
 
 TEST(Schema, CounterExistsOnceAYear) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ASSERT_EQ(archivio.esegui("INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO) VALUES (1, '2026', 1)"),
               SQLITE_OK);
     EXPECT_EQ(archivio.esegui("INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO) VALUES (1, '2026', 1)"),
@@ -164,7 +164,7 @@ TEST(Schema, CounterExistsOnceAYear) {
 }
 
 TEST(Schema, JournalLineSaysZeroOnTheSideNotWritten) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_EQ(
         archivio.valore("SELECT DARE - AVERE FROM PrimaNotaDettagli WHERE FK_PRIMANOTA = 1 AND FK_CONTO = 3"),
@@ -172,7 +172,7 @@ TEST(Schema, JournalLineSaysZeroOnTheSideNotWritten) {
 }
 
 TEST(Schema, CodesAreFoundWithoutRegardToCase) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     EXPECT_EQ(archivio.valore("SELECT RID FROM Prodotti WHERE CODICE = 'viti440'"), "1");
 }
 
@@ -191,7 +191,7 @@ TEST(Schema, EveryKeyOfAnotherTableIsIndexed) {
 class OgniRicerca : public testing::TestWithParam<std::string> {};
 
 TEST_P(OgniRicerca, UsesAnIndex) {
-    static const ArchivioDiProva archivio;
+    static const ArchivioInCartella archivio;
     const QString piano = archivio.piano(QByteArray::fromStdString("SELECT * FROM " + GetParam()));
     EXPECT_FALSE(piano.contains("SCAN")) << piano.toStdString();
 }

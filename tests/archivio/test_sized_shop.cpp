@@ -18,8 +18,8 @@ OpzioniCreazione misure(int prodotti, int clienti, int righe, quint64 seme = 1) 
 }
 
 // A shop with three years of sales, shared by the tests that only read.
-const ArchivioDiProva& negozio() {
-    static const ArchivioDiProva archivio;
+const ArchivioInCartella& negozio() {
+    static const ArchivioInCartella archivio;
     static const bool creato = [] {
         QString testo;
         QTextStream esito(&testo);
@@ -74,7 +74,7 @@ INSTANTIATE_TEST_SUITE_P(SizedShop, OgniCosaDelNegozio,
                                          "Contatori WHERE FK_NUMERATORE = 2"));
 
 TEST(SizedShop, SameSeedGivesTheSameShop) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     QString testo;
     QTextStream esito(&testo);
     ASSERT_TRUE(creaArchivio(cartella.percorso("a.db"), misure(200, 30, 500, 9), esito));
@@ -83,7 +83,7 @@ TEST(SizedShop, SameSeedGivesTheSameShop) {
 }
 
 TEST(SizedShop, TooSmallAShopIsRefused) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     QString testo;
     QTextStream esito(&testo);
     EXPECT_FALSE(creaArchivio(cartella.percorso("a.db"), misure(199, 30, 0), esito));

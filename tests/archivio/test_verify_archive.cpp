@@ -7,7 +7,7 @@
 namespace {
 
 EsitoVerifica dopo(const QByteArray& danno) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     archivio.aggiungiVendite();
     EXPECT_EQ(archivio.esegui(danno, false), SQLITE_OK);
     return verificaArchivio(archivio.percorso());
@@ -20,7 +20,7 @@ std::string testo(const EsitoVerifica& esito) {
 }  // namespace
 
 TEST(VerifyArchive, DemoShopIsClean) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const EsitoVerifica esito = verificaArchivio(archivio.percorso());
     EXPECT_EQ(esito.righe(), QStringList{"Verifica: 0 errori, 0 note."}) << testo(esito);
 }
@@ -36,7 +36,7 @@ TEST(VerifyArchive, SaleWithoutJournalIsNoError) {
 }
 
 TEST(VerifyArchive, ArchiveIsNotChanged) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const QByteArray prima = contenuto(archivio.percorso());
     verificaArchivio(archivio.percorso());
     EXPECT_TRUE(contenuto(archivio.percorso()) == prima);
@@ -182,7 +182,7 @@ namespace {
 
 // The one error that a file gives which is no archive; the file must stay as it is.
 QString rifiuto(const QByteArray& byte) {
-    const ArchivioDiProva cartella;
+    const ArchivioInCartella cartella;
     scriviFile(cartella.percorso(), byte);
     const EsitoVerifica esito = verificaArchivio(cartella.percorso());
     EXPECT_TRUE(contenuto(cartella.percorso()) == byte);
@@ -206,13 +206,13 @@ TEST(VerifyArchive, EmptyFileIsRefused) {
 }
 
 TEST(VerifyArchive, HalfAnArchiveIsRefused) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const QByteArray tutto = contenuto(archivio.percorso());
     EXPECT_FALSE(rifiuto(tutto.left(tutto.size() / 2)).isEmpty());
 }
 
 TEST(VerifyArchive, DatabaseOfAnotherProgramIsRefused) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ASSERT_EQ(archivio.esegui("PRAGMA application_id = 4711", false), SQLITE_OK);
     const EsitoVerifica esito = verificaArchivio(archivio.percorso());
     ASSERT_EQ(esito.errori.size(), 1);
@@ -220,7 +220,7 @@ TEST(VerifyArchive, DatabaseOfAnotherProgramIsRefused) {
 }
 
 TEST(VerifyArchive, ArchiveOfAnotherVersionIsRefused) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     ASSERT_EQ(archivio.esegui("PRAGMA user_version = 4711", false), SQLITE_OK);
     const EsitoVerifica esito = verificaArchivio(archivio.percorso());
     ASSERT_EQ(esito.errori.size(), 1);
@@ -228,7 +228,7 @@ TEST(VerifyArchive, ArchiveOfAnotherVersionIsRefused) {
 }
 
 TEST(VerifyArchive, OverwrittenPageIsFound) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     QByteArray byte = contenuto(archivio.percorso());
     byte.replace(byte.size() / 2 / 4096 * 4096, 4096, QByteArray(4096, '\x7f'));
     scriviFile(archivio.percorso(), byte);
@@ -236,7 +236,7 @@ TEST(VerifyArchive, OverwrittenPageIsFound) {
 }
 
 TEST(VerifyArchive, MissingFileIsRefusedAndNotMade) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     const EsitoVerifica esito = verificaArchivio(archivio.percorso("manca.db"));
     ASSERT_EQ(esito.errori.size(), 1);
     EXPECT_TRUE(esito.errori.first().contains("non esiste"));
@@ -244,6 +244,6 @@ TEST(VerifyArchive, MissingFileIsRefusedAndNotMade) {
 }
 
 TEST(VerifyArchive, FolderIsRefused) {
-    const ArchivioDiProva archivio;
+    const ArchivioInCartella archivio;
     EXPECT_TRUE(verificaArchivio(archivio.percorso("")).errori.value(0).contains("non è un file"));
 }

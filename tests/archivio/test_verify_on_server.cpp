@@ -14,7 +14,7 @@ namespace {
 class NegozioSulServer {
   public:
     NegozioSulServer() {
-        const ArchivioDiProva archivio;
+        const ArchivioInCartella archivio;
         archivio.aggiungiVendite();
         QString testo;
         QTextStream esito(&testo);

@@ -55,7 +55,7 @@ void scriviFile(const QString& percorso, const QByteArray& contenuto) {
     ASSERT_EQ(file.write(contenuto), contenuto.size());
 }
 
-ArchivioDiProva::ArchivioDiProva(Contenuto contenuto) {
+ArchivioInCartella::ArchivioInCartella(Contenuto contenuto) {
     scriviFile(percorso(), contenuto == Contenuto::Demo ? demo() : vuoto());
     if (contenuto == Contenuto::Demo) return;
     EXPECT_EQ(
@@ -67,11 +67,11 @@ ArchivioDiProva::ArchivioDiProva(Contenuto contenuto) {
         SQLITE_OK);
 }
 
-QStringList ArchivioDiProva::file() const {
+QStringList ArchivioInCartella::file() const {
     return QDir(mCartella.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
 }
 
-int ArchivioDiProva::esegui(const QByteArray& sql, bool chiaviControllate) const {
+int ArchivioInCartella::esegui(const QByteArray& sql, bool chiaviControllate) const {
     sqlite3* db = apri(percorso());
     sqlite3_exec(db, chiaviControllate ? "PRAGMA foreign_keys = ON" : "PRAGMA foreign_keys = OFF", nullptr,
                  nullptr, nullptr);
@@ -80,7 +80,7 @@ int ArchivioDiProva::esegui(const QByteArray& sql, bool chiaviControllate) const
     return codice;
 }
 
-QString ArchivioDiProva::leggi(const QString& file, const QByteArray& sql, int colonna) const {
+QString ArchivioInCartella::leggi(const QString& file, const QByteArray& sql, int colonna) const {
     sqlite3* db = apri(percorso(file));
     sqlite3_stmt* istruzione = nullptr;
     EXPECT_EQ(sqlite3_prepare_v2(db, sql.constData(), -1, &istruzione, nullptr), SQLITE_OK)
@@ -95,17 +95,40 @@ QString ArchivioDiProva::leggi(const QString& file, const QByteArray& sql, int c
     return righe.join('\n');
 }
 
-QString ArchivioDiProva::valore(const QByteArray& sql) const {
+QString ArchivioInCartella::valore(const QByteArray& sql) const {
     return leggi("prova.db", sql, 0);
 }
-int ArchivioDiProva::conta(const QString& file, const QString& daDove) const {
+int ArchivioInCartella::conta(const QString& file, const QString& daDove) const {
     return leggi(file, "SELECT COUNT(*) FROM " + daDove.toUtf8(), 0).toInt();
 }
-QString ArchivioDiProva::piano(const QByteArray& sql) const {
+QString ArchivioInCartella::piano(const QByteArray& sql) const {
     return leggi("prova.db", "EXPLAIN QUERY PLAN " + sql, 3);
 }
 
-void ArchivioDiProva::aggiungiVendite() const {
+void ArchivioInCartella::aggiungiDifficili() const {
+    const QByteArray testi[] = {"è ß 😀 ‰ ¤ ‡ ¿ •",
+                                "l''ora \"doppia\" `grave`",
+                                "a\\b\\''c\\",
+                                "1\n2\r\n3\t4",
+                                "%_?:a;--/*x*/",
+                                "  due spazi  ",
+                                "",
+                                QByteArray("lungo ").repeated(20000)};
+    for (const QByteArray& testo : testi)
+        ASSERT_EQ(esegui("INSERT INTO Opzioni (NOME, VALORE) VALUES (hex(randomblob(9)), '" + testo + "')"),
+                  SQLITE_OK);
+    ASSERT_EQ(
+        esegui("INSERT INTO Gruppi (RID, CODICE) VALUES (0, 'zero'), (-3, 'sotto'), (2147483647, 'ultimo');"
+               "INSERT INTO Anagrafiche (NUMERO, DATANASCITA, FIDO, SCONTO) VALUES "
+               "(900, '1899-12-30 00:00:00', 1234567.8901, 0.1), (901, '9999-12-31 23:59:59', -0.0001, 1e-9),"
+               "(902, NULL, NULL, 123456789.125), (903, '2024-02-29 12:00:00', 99999999999.9999, "
+               "-0.3333333333333333);"
+               "INSERT INTO Movimenti (PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO, ORACONS) VALUES "
+               "(1, 2026, '2026-01-01 00:00:00', 1, '1899-12-30 23:59:59')"),
+        SQLITE_OK);
+}
+
+void ArchivioInCartella::aggiungiVendite() const {
     const QByteArray testate =
         "INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO, NOTE) VALUES (1, '2026', 2, 'n/d');"
         "INSERT INTO PrimaNota (PROGRESSIVO, DATA, DATAVALUTA, FK_CAUSALE, FK_ANAGRAFE, DESCRIZIONE, "

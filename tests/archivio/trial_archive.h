@@ -8,10 +8,10 @@
 
 // An archive of its own for each test, in a folder that vanishes with it: the demo shop, or a handful of rows
 // where a test is quicker with them.
-class ArchivioDiProva {
+class ArchivioInCartella {
   public:
     enum class Contenuto { Demo, Poco };
-    explicit ArchivioDiProva(Contenuto contenuto = Contenuto::Demo);
+    explicit ArchivioInCartella(Contenuto contenuto = Contenuto::Demo);
 
     QString percorso() const { return mCartella.filePath("prova.db"); }
     QString percorso(const QString& nome) const { return mCartella.filePath(nome); }
@@ -32,6 +32,8 @@ class ArchivioDiProva {
     // Two sales of a day on one header (RID 1, rows 1 to 3) with their journal entries (1 and 2), and a kit
     // on a second header (RID 2, rows 4 and 5), all as the till would have saved them.
     void aggiungiVendite() const;
+    // Values that have been lost on some way before.
+    void aggiungiDifficili() const;
 
   private:
     QString leggi(const QString& file, const QByteArray& sql, int colonna) const;

@@ -8,29 +8,21 @@
 #include "core/errors.h"
 #include "core/globals.h"
 #include "data/gateway.h"
-#include "data/prepare_sql.h"
-#include "data/schema.h"
-#include "data/sqlite_connection.h"
+#include "doubles/archivio_di_prova.h"
 
-// An empty archive with the tables of a shop, with the one gateway on it and an operator who writes down what
-// is shown.
-class ArchivioDiProva {
+// The books of a test shop on the server in force (doubles/archivio_di_prova.h), with the one gateway on them
+// and an operator who writes down what is shown.
+class LibriDiProva {
   public:
-    ArchivioDiProva() {
+    LibriDiProva() : mArchivio(nuovoArchivioDiProva(mCartella.path())) {
         ripristinaGlobali();
-        ErroreServer errore;
-        mConnessione = SqliteConnection::crea(mCartella.filePath("prova.mdb"), errore);
-        sql("BEGIN");
-        for (const QString& istruzione : schema::ddl(Access)) {
-            sql(istruzione);
-        }
-        sql("COMMIT");
         gErr.imposta(mCartella.path(), &operatore);
-        gAdo.TipoServer = Access;
+        gAdo.TipoServer = mArchivio->tipoServer();
+        gAdo.impostaDriver(gAdo.TipoServer, mArchivio->driver());
         gAdo.impostaOperatore(&operatore);
-        gAdo.impostaStringaConnessione([this] { return "Data Source=" + mCartella.filePath("prova.mdb"); });
+        gAdo.impostaStringaConnessione([this] { return mArchivio->stringaConnessione(); });
     }
-    ~ArchivioDiProva() {
+    ~LibriDiProva() {
         sondaIstruzioni() = {};
         // A failed statement leaves its entry on the stack.
         while (gAdo.getConnectionCount() > 0) {
@@ -38,20 +30,18 @@ class ArchivioDiProva {
         }
         gAdo.chiudiConnessioniCalde();
         gAdo.impostaOperatore(nullptr);
+        gAdo.impostaStringaConnessione({});
         gErr.imposta({}, nullptr);
         ripristinaGlobali();
     }
-    ArchivioDiProva(const ArchivioDiProva&) = delete;
-    ArchivioDiProva& operator=(const ArchivioDiProva&) = delete;
+    LibriDiProva(const LibriDiProva&) = delete;
+    LibriDiProva& operator=(const LibriDiProva&) = delete;
 
-    // In SQLite's own words, beside the gateway.
-    void sql(const QString& istruzione) {
-        ASSERT_TRUE(mConnessione->eseguiNativo(istruzione, nullptr))
-            << mConnessione->errore().descrizione.toStdString() << "\n"
-            << istruzione.toStdString();
-    }
-    // From now on every query fails on the server.
+    // In words that every server knows, beside the gateway.
+    Recordset sql(const QString& istruzione) { return mArchivio->esegui(istruzione); }
+    // From now on every query fails on the server, but the connection to it stands.
     static void guastaServer() {
+        if (gAdo.Connect("prova", 5, 0, true)) gAdo.disconnect();
         sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
             if (!sql.startsWith("SELECT ")) return std::nullopt;
             return ErroreServer{ErroreServer::Classe::Altro, 4711, "guasto di prova", "prova"};
@@ -62,5 +52,5 @@ class ArchivioDiProva {
 
   private:
     QTemporaryDir mCartella;
-    std::unique_ptr<SqliteConnection> mConnessione;
+    std::unique_ptr<ArchivioDiProva> mArchivio;
 };

@@ -146,6 +146,17 @@ TEST(Gateway, AnyValueReachesTheArchiveAsItself) {
     }
 }
 
+TEST(Gateway, TextThatAServerWouldCutIsRefusedWithAReason) {
+    for (const QString& testo : {QString("a") + QChar(u'\0') + "b", QString("a") + QChar(0xD83D) + "b"}) {
+        GatewayDiProva g;
+        EXPECT_FALSE(g.ado.executeSQL("INSERT INTO Prova (CODICE) VALUES ('" + testo + "')", "prova"));
+        ASSERT_EQ(g.operatore.avvisi.size(), 1u);
+        EXPECT_TRUE(g.operatore.avvisi.front().descrizione.contains("carattere"))
+            << g.operatore.avvisi.front().descrizione.toStdString();
+        EXPECT_EQ(g.valore("SELECT COUNT(*) FROM Prova"), "0");
+    }
+}
+
 TEST(Gateway, RowsAffectedAreThoseOfTheStatement) {
     GatewayDiProva g;
     g.inserisci("A");
@@ -186,16 +197,19 @@ TEST(GatewayReports, FailedExecuteSQL) {
     const auto errore = unicaSegnalazione(g);
     EXPECT_EQ(errore.modulo, "cAdoSqlServer.executeSQL -> modulo.procedura");
     EXPECT_EQ(errore.avanzate, "SQL=DELETE FROM NonEsiste WHERE A = 'x'");
-    EXPECT_EQ(errore.descrizione, "no such table: NonEsiste");
+    EXPECT_TRUE(errore.descrizione.contains("NonEsiste")) << errore.descrizione.toStdString();
 }
 
 TEST(GatewayReports, FailedExecuteSQLInTheLog) {
     GatewayDiProva g;
     g.ado.executeSQL(QString("DELETE FROM NonEsiste"), "modulo.procedura");
-    EXPECT_EQ(g.registro(), QStringList({QString(80, '*'), "Data   16/03/2026 10:30:00", "Err.N. 1",
-                                         "Descr. no such table: NonEsiste", "Source SQLite",
-                                         "Modulo cAdoSqlServer.executeSQL -> modulo.procedura",
-                                         "Avanz. SQL=DELETE FROM NonEsiste"}));
+    const auto errore = unicaSegnalazione(g);
+    EXPECT_NE(errore.numero, 0);
+    EXPECT_EQ(g.registro(),
+              QStringList({QString(80, '*'), "Data   16/03/2026 10:30:00",
+                           "Err.N. " + QString::number(errore.numero), "Descr. " + errore.descrizione,
+                           "Source " + errore.origine, "Modulo cAdoSqlServer.executeSQL -> modulo.procedura",
+                           "Avanz. SQL=DELETE FROM NonEsiste"}));
 }
 
 TEST(GatewayReports, ReportShowsAValueAsItWasTyped) {
@@ -244,8 +258,7 @@ TEST(GatewayReports, FailedInsert) {
                         "NonEsiste");
     const auto errore = unicaSegnalazione(g);
     EXPECT_EQ(errore.modulo, "cAdoSqlServer.getIDByInsert -> modulo.procedura");
-    EXPECT_EQ(errore.avanzate,
-              "SQL1=INSERT INTO NonEsiste (A) VALUES (1)\nServerTipo=1\nSQL2=SELECT MAX(RID) FROM NonEsiste");
+    EXPECT_EQ(errore.avanzate, "SQL1=INSERT INTO NonEsiste (A) VALUES (1)\n" + g.serverEChiave("NonEsiste"));
 }
 
 TEST(GatewayReports, PercentSignsOfAFailedInsertStayAsTheyAre) {
@@ -253,8 +266,7 @@ TEST(GatewayReports, PercentSignsOfAFailedInsertStayAsTheyAre) {
     g.ado.getIDByInsert(QString("INSERT INTO NonEsiste (A) VALUES ('%2 e %3')"), "modulo.procedura", "RID",
                         "NonEsiste");
     EXPECT_EQ(unicaSegnalazione(g).avanzate,
-              "SQL1=INSERT INTO NonEsiste (A) VALUES ('%2 e %3')\nServerTipo=1\n"
-              "SQL2=SELECT MAX(RID) FROM NonEsiste");
+              "SQL1=INSERT INTO NonEsiste (A) VALUES ('%2 e %3')\n" + g.serverEChiave("NonEsiste"));
 }
 
 TEST(GatewayReports, EmptyInsertStatement) {
@@ -277,7 +289,8 @@ TEST(GatewayReports, FailedValueNamesBothProcedures) {
 TEST(GatewayReports, FailedServerTimeNamesBothProcedures) {
     GatewayDiProva g;
     sondaIstruzioni() = [](const QString& sql) {
-        return sql == "SELECT Now()" ? std::optional(erroreFinto()) : std::nullopt;
+        const bool ora = sql.compare("SELECT Now()", Qt::CaseInsensitive) == 0 || sql == "SELECT GETDATE()";
+        return ora ? std::optional(erroreFinto()) : std::nullopt;
     };
     EXPECT_FALSE(g.ado.getDataOraServer("modulo.procedura").isValid());
     EXPECT_EQ(unicaSegnalazione(g).modulo,
@@ -329,26 +342,33 @@ class GatewayIntegrity : public testing::Test {
         g.inserisci("A");
         EXPECT_TRUE(g.ado.executeSQL(QString("INSERT INTO Figli (FK_PROVA) VALUES (1)"), "prova"));
     }
+    // One box: these words, and behind them the server's own.
+    void expectRiquadro(const QString& inizio) const {
+        ASSERT_EQ(g.operatore.mostrati.size(), 1);
+        const QString& mostrato = g.operatore.mostrati.front();
+        EXPECT_TRUE(mostrato.startsWith(inizio)) << mostrato.toStdString();
+        EXPECT_TRUE(mostrato.mid(inizio.size()).contains("foreign key constraint", Qt::CaseInsensitive));
+        EXPECT_FALSE(mostrato.mid(inizio.size()).contains('\n'));
+    }
+
     GatewayDiProva g;
     const QString cancella = "DELETE FROM Prova WHERE RID = 1";
 };
 
 TEST_F(GatewayIntegrity, ExecuteSQLShowsTheBox) {
     EXPECT_FALSE(g.ado.executeSQL(cancella, "prova"));
-    EXPECT_EQ(g.operatore.mostrati,
-              QStringList(
-                  "Bottegon|L'operazione non può essere completata nel rispetto dell'integrità dei dati.\n"
-                  "E' probabile che si sta tentando di eliminare un record che risulta vincolato ai dati di "
-                  "una o più tabelle.\n\n[Messaggio Originale]:\nFOREIGN KEY constraint failed"));
+    expectRiquadro(
+        "Bottegon|L'operazione non può essere completata nel rispetto dell'integrità dei dati.\n"
+        "E' probabile che si sta tentando di eliminare un record che risulta vincolato ai dati di "
+        "una o più tabelle.\n\n[Messaggio Originale]:\n");
     EXPECT_EQ(g.operatore.icone.front(), OperatorPort::Icona::Informazione);
 }
 
 TEST_F(GatewayIntegrity, ExecuteSQLWithRAShowsTheShorterBox) {
     EXPECT_EQ(g.ado.executeSQLWithRA(cancella, "prova"), -1);
-    EXPECT_EQ(g.operatore.mostrati,
-              QStringList(
-                  "Bottegon|L'operazione non può essere completata nel rispetto dell'integrità dei dati.\n\n"
-                  "[Messaggio Originale]:\nFOREIGN KEY constraint failed"));
+    expectRiquadro(
+        "Bottegon|L'operazione non può essere completata nel rispetto dell'integrità dei dati.\n\n"
+        "[Messaggio Originale]:\n");
 }
 
 TEST_F(GatewayIntegrity, BoxIsNoErrorReport) {
@@ -371,27 +391,6 @@ TEST_F(GatewayIntegrity, ReferenceToNothingShowsTheBoxToo) {
 TEST_F(GatewayIntegrity, DuplicateCodeIsAReportAndNoBox) {
     EXPECT_FALSE(g.inserisci("A"));
     ASSERT_EQ(g.operatore.avvisi.size(), 1u);
-    EXPECT_EQ(g.operatore.avvisi.front().descrizione, "UNIQUE constraint failed: Prova.CODICE");
-}
-
-// ---- Registered tables
-
-TEST(GatewayTables, NewTableGetsTheAdministratorsRights) {
-    GatewayDiProva g;
-    const auto altra = g.altraCassa();
-    for (const char* sql :
-         {"CREATE TABLE ElencoTabelle (ID INTEGER PRIMARY KEY, RifForm TEXT, Nome TEXT)",
-          "CREATE TABLE GRUPPOUTENTI (RID INTEGER PRIMARY KEY, AMMINISTRATORE INTEGER)",
-          "CREATE TABLE GRUPPOPERMESSI (FK_GRUPPOUTENTI, FK_TABELLE, VISUALIZZA, SCRIVI, ELIMINA, STAMPA)",
-          "INSERT INTO GRUPPOUTENTI VALUES (3, 1)"}) {
-        ASSERT_TRUE(altra->eseguiNativo(sql));
-    }
-    g.ado.setNewTable("frmProva", "Prova");
-    g.ado.setNewTable("frmProva", "Prova");
-    EXPECT_EQ(g.valore("SELECT COUNT(*) || '|' || RifForm || '|' || Nome FROM ElencoTabelle"),
-              "1|frmProva|Prova");
-    EXPECT_EQ(g.valore("SELECT COUNT(*) || '|' || FK_GRUPPOUTENTI || '|' || FK_TABELLE || '|' || VISUALIZZA "
-                       "|| SCRIVI || "
-                       "ELIMINA || STAMPA FROM GRUPPOPERMESSI"),
-              "1|3|1|1111");
+    EXPECT_TRUE(g.operatore.avvisi.front().descrizione.contains("CODICE"))
+        << g.operatore.avvisi.front().descrizione.toStdString();
 }

@@ -5,19 +5,30 @@
 
 namespace {
 
-// Makes the n-th statement from now on fail, and counts all of them.
+// Makes the first statement from now on that begins like this fail, and counts all of them but what gives a
+// server's turn back.
 struct Guasto {
-    explicit Guasto(int alla) {
-        sondaIstruzioni() = [this, alla](const QString& sql) -> std::optional<ErroreServer> {
+    explicit Guasto(const QString& inizio) {
+        sondaIstruzioni() = [this, inizio](const QString& sql) -> std::optional<ErroreServer> {
+            if (sql.startsWith("DO RELEASE_LOCK")) return std::nullopt;
             viste << sql;
-            if (viste.size() == alla) return erroreFinto();
+            if (sql.startsWith(inizio) && !std::exchange(mFatto, true)) return erroreFinto();
             return std::nullopt;
         };
     }
     ~Guasto() { sondaIstruzioni() = {}; }
     QStringList viste;
+
+  private:
+    bool mFatto = false;
 };
 
+// The server ends the transaction by itself.
+bool annullaDalServer(GatewayDiProva& g) {
+    return g.ado.getActiveConnection()->eseguiNativo("ROLLBACK", nullptr);
+}
+
+// The connection in force to a file.
 SqliteConnection& nativa(GatewayDiProva& g) {
     return *dynamic_cast<SqliteConnection*>(g.ado.getActiveConnection());
 }
@@ -110,7 +121,7 @@ TEST(Transactions, OthersSeeNothingBeforeTheCommit) {
 TEST(Transactions, AfterAFailureOnlyTheRollbackRuns) {
     GatewayDiProva g;
     ASSERT_TRUE(g.ado.beginTrasaction("prova"));
-    Guasto guasto(1);
+    Guasto guasto("INSERT");
     EXPECT_FALSE(g.inserisci("A"));
     EXPECT_FALSE(g.inserisci("B"));
     EXPECT_EQ(g.ado.executeSQLWithRA(QString("DELETE FROM Prova"), "prova"), -1);
@@ -138,7 +149,7 @@ TEST(Transactions, OnlyTheFirstFailureIsReported) {
     g.ado.executeSQL(QString("DELETE FROM NemmenoQuesta"), "prova");
     g.ado.rollbackTrasaction("prova");
     ASSERT_EQ(g.operatore.avvisi.size(), 1u);
-    EXPECT_EQ(g.operatore.avvisi.front().descrizione, "no such table: NonEsiste");
+    EXPECT_TRUE(g.operatore.avvisi.front().descrizione.contains("NonEsiste"));
     EXPECT_EQ(g.registro().size(), 7);
 }
 
@@ -180,9 +191,10 @@ TEST(Transactions, TheNextOneStartsAfresh) {
 
 TEST(Transactions, FailedBeginIsReportedAndLeavesNothing) {
     GatewayDiProva g;
-    const Guasto guasto(1 + 5);  // a cold connection asks five things of the archive first
+    const QString inizio = g.ado.TipoServer == MySql ? "START TRANSACTION" : "BEGIN IMMEDIATE";
+    const Guasto guasto(inizio);
     EXPECT_FALSE(g.ado.beginTrasaction("modulo.procedura"));
-    ASSERT_EQ(guasto.viste.last(), "BEGIN IMMEDIATE");
+    ASSERT_EQ(guasto.viste.last(), inizio);
     EXPECT_FALSE(g.ado.inTransazione());
     EXPECT_EQ(g.ado.getConnectionCount(), 0);
     ASSERT_EQ(g.operatore.avvisi.size(), 1u);
@@ -194,7 +206,7 @@ TEST(Transactions, FailedCommitRollsBackAndIsReported) {
     ASSERT_TRUE(g.ado.beginTrasaction("prova"));
     g.inserisci("A");
     {
-        const Guasto guasto(1);
+        const Guasto guasto("COMMIT");
         EXPECT_FALSE(g.ado.commitTrasaction("modulo.procedura"));
         EXPECT_EQ(guasto.viste, QStringList({"COMMIT", "ROLLBACK"}));
     }
@@ -208,7 +220,7 @@ TEST(Transactions, OneThatTheServerGaveUpCanOnlyRollBack) {
     GatewayDiProva g;
     ASSERT_TRUE(g.ado.beginTrasaction("prova"));
     g.inserisci("A");
-    ASSERT_TRUE(nativa(g).eseguiNativo("ROLLBACK"));
+    ASSERT_TRUE(annullaDalServer(g));
     EXPECT_FALSE(g.ado.commitTrasaction("modulo.procedura"));
     EXPECT_FALSE(g.ado.inTransazione());
     EXPECT_EQ(g.valore(quanteProve), "0");
@@ -220,7 +232,7 @@ TEST(Transactions, OneThatTheServerGaveUpCanOnlyRollBack) {
 TEST(Transactions, NothingIsWrittenAfterTheServerGaveUp) {
     GatewayDiProva g;
     ASSERT_TRUE(g.ado.beginTrasaction("prova"));
-    ASSERT_TRUE(nativa(g).eseguiNativo("ROLLBACK"));
+    ASSERT_TRUE(annullaDalServer(g));
     g.inserisci("A");
     g.ado.commitTrasaction("prova");
     EXPECT_EQ(g.valore(quanteProve), "0");
@@ -228,7 +240,7 @@ TEST(Transactions, NothingIsWrittenAfterTheServerGaveUp) {
 
 // ---- Other desks
 
-TEST(OtherDesks, ATurnIsWaitedForUnderANotice) {
+TEST(OtherDesksOnFile, ATurnIsWaitedForUnderANotice) {
     GatewayDiProva g;
     const auto altra = g.altraCassa();
     ASSERT_TRUE(altra->eseguiNativo("BEGIN EXCLUSIVE"));
@@ -247,20 +259,20 @@ TEST(OtherDesks, ATurnIsWaitedForUnderANotice) {
     EXPECT_TRUE(g.ado.commitTrasaction("prova"));
 }
 
-class BusyForEver : public testing::Test {
+class BusyForEverOnFile : public testing::Test {
   protected:
-    BusyForEver() {
+    BusyForEverOnFile() {
         SqliteConnection::attesaMassima = 700;
         EXPECT_TRUE(altra->eseguiNativo("BEGIN EXCLUSIVE"));
     }
-    ~BusyForEver() override { SqliteConnection::attesaMassima = attesa; }
+    ~BusyForEverOnFile() override { SqliteConnection::attesaMassima = attesa; }
 
     GatewayDiProva g;
     const int attesa = SqliteConnection::attesaMassima;
     const std::unique_ptr<SqliteConnection> altra = g.altraCassa();
 };
 
-TEST_F(BusyForEver, BeginGivesUpAndSaysSo) {
+TEST_F(BusyForEverOnFile, BeginGivesUpAndSaysSo) {
     EXPECT_FALSE(g.ado.beginTrasaction("prova"));
     EXPECT_FALSE(g.ado.inTransazione());
     ASSERT_EQ(g.operatore.avvisi.size(), 1u);
@@ -268,21 +280,21 @@ TEST_F(BusyForEver, BeginGivesUpAndSaysSo) {
     EXPECT_EQ(g.operatore.attesa, QString());
 }
 
-TEST_F(BusyForEver, SingleStatementGivesUpAndSaysSo) {
+TEST_F(BusyForEverOnFile, SingleStatementGivesUpAndSaysSo) {
     EXPECT_FALSE(g.inserisci("A"));
     ASSERT_EQ(g.operatore.avvisi.size(), 1u);
     EXPECT_EQ(g.operatore.attesa, QString());
     EXPECT_EQ(g.valore(quanteProve), "0");
 }
 
-TEST_F(BusyForEver, WorksAgainWhenTheOtherHasDone) {
+TEST_F(BusyForEverOnFile, WorksAgainWhenTheOtherHasDone) {
     EXPECT_FALSE(g.inserisci("A"));
     ASSERT_TRUE(altra->eseguiNativo("COMMIT"));
     EXPECT_TRUE(g.inserisci("A"));
 }
 
 // Another program that takes the whole archive for itself keeps even a connection from being opened.
-TEST(OtherDesks, ArchiveTakenByAnotherProgramIsSaid) {
+TEST(OtherDesksOnFile, ArchiveTakenByAnotherProgramIsSaid) {
     GatewayDiProva g;
     const auto altra = g.altraCassa();
     ASSERT_TRUE(altra->eseguiNativo("PRAGMA locking_mode = EXCLUSIVE"));
@@ -300,7 +312,7 @@ TEST(OtherDesks, ArchiveTakenByAnotherProgramIsSaid) {
 
 // ---- A full disk
 
-class FullDisk : public testing::Test {
+class FullDiskOnFile : public testing::Test {
   protected:
     // The archive may not grow by more than three pages on the connection in force.
     void riempiDisco() {
@@ -314,7 +326,7 @@ class FullDisk : public testing::Test {
     GatewayDiProva g;
 };
 
-TEST_F(FullDisk, SaveIsRolledBackAndSaid) {
+TEST_F(FullDiskOnFile, SaveIsRolledBackAndSaid) {
     g.inserisci("prima");
     ASSERT_TRUE(g.ado.beginTrasaction("prova"));
     riempiDisco();
@@ -328,7 +340,7 @@ TEST_F(FullDisk, SaveIsRolledBackAndSaid) {
     EXPECT_EQ(g.valore("PRAGMA integrity_check"), "ok");
 }
 
-TEST_F(FullDisk, NextSaveWorksWhenThereIsRoomAgain) {
+TEST_F(FullDiskOnFile, NextSaveWorksWhenThereIsRoomAgain) {
     ASSERT_TRUE(g.ado.beginTrasaction("prova"));
     riempiDisco();
     g.ado.executeSQL(QString("INSERT INTO Prova (DATI) VALUES (zeroblob(100000))"), "prova");

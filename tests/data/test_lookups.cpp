@@ -9,7 +9,7 @@ class Lookup : public testing::Test {
   protected:
     Lookup() {
         archivio.sql(
-            "INSERT INTO Magazzini (RID, CODICE, DESCRIZIONE) VALUES (7, 'NEG', 'Negozio'), "
+            "INSERT INTO Magazzini (RID, CODICE, DESCRIZIONE) VALUES (7, 'SED', 'Sede'), "
             "(8, 'D''OC', 'Deposito d''occasione')");
     }
     void cerca(Ricerca ricerca, const QString& daCodice, int daRid = -1) {
@@ -18,16 +18,16 @@ class Lookup : public testing::Test {
         ricerca(codice, descrizione, rid);
     }
 
-    ArchivioDiProva archivio;
+    LibriDiProva archivio;
     QString codice, descrizione = "prima";
     int rid = -1;
 };
 
 TEST_F(Lookup, ACodeBecomesKeyAndDescription) {
-    cerca(validaMagazzino, "neg");
+    cerca(validaMagazzino, "sed");
     EXPECT_EQ(rid, 7);
-    EXPECT_EQ(codice, "NEG");
-    EXPECT_EQ(descrizione, "Negozio");
+    EXPECT_EQ(codice, "SED");
+    EXPECT_EQ(descrizione, "Sede");
     EXPECT_TRUE(archivio.operatore.mostrati.isEmpty());
 }
 
@@ -39,7 +39,7 @@ TEST_F(Lookup, AKnownKeyWithoutACodeFillsBothInWithoutAWarning) {
 }
 
 TEST_F(Lookup, ACodeCountsMoreThanTheKey) {
-    cerca(validaMagazzino, "NEG", 8);
+    cerca(validaMagazzino, "SED", 8);
     EXPECT_EQ(rid, 7);
 }
 
@@ -77,8 +77,8 @@ TEST_F(Lookup, ACodeCannotBecomeSQL) {
 
 TEST_F(Lookup, AServerThatFailsIsReportedUnderTheProceduresNameAndWarnsOfNoCode) {
     gNomeModulo = "modulo";
-    ArchivioDiProva::guastaServer();
-    cerca(validaMagazzino, "NEG");
+    LibriDiProva::guastaServer();
+    cerca(validaMagazzino, "SED");
     EXPECT_EQ(rid, -1);
     ASSERT_EQ(archivio.operatore.avvisi.size(), 1U);
     EXPECT_TRUE(archivio.operatore.avvisi[0].modulo.contains("modulo.validaMagazzino"))
@@ -95,7 +95,7 @@ struct VoceRicerca {
 class EachLookup : public testing::TestWithParam<VoceRicerca> {};
 
 TEST_P(EachLookup, ReadsItsOwnTableByCodeAndByKey) {
-    ArchivioDiProva archivio;
+    LibriDiProva archivio;
     archivio.sql(QString("INSERT INTO ") + GetParam().tabella +
                  " (RID, CODICE, DESCRIZIONE) VALUES (5, 'C5', 'Quinto')");
     QString codice = "C5", descrizione;
@@ -158,7 +158,6 @@ TEST_F(CustomerLookup, TheKeyGivesTheNumber) {
 class ProductLookup : public Lookup {
   protected:
     ProductLookup() {
-        archivio.sql("INSERT INTO Iva (RID, CODICE, DESCRIZIONE, VALORE) VALUES (1, '22', 'Iva 22%', 22)");
         archivio.sql(
             "INSERT INTO Prodotti (RID, CODICE, BARCODE, EXTRACODICE, DESCRIZIONE, FK_IVA) VALUES "
             "(11, 'VITE', '800', 'X1', 'Vite 4x40', 1), (12, 'DADO', NULL, NULL, 'Dado', NULL)");
@@ -211,12 +210,14 @@ class KitTotals : public testing::Test {
   protected:
     void figli(int padre) { getTotaliFigli(padre, lordo, netto, ivato); }
 
-    ArchivioDiProva archivio;
+    LibriDiProva archivio;
     Currency lordo = Currency::daIntero(9), netto = Currency::daIntero(9), ivato = Currency::daIntero(9);
 };
 
 TEST_F(KitTotals, AreTheSumsOverTheComponentsWithTheirQuantities) {
-    archivio.sql("PRAGMA foreign_keys = OFF");
+    archivio.sql(
+        "INSERT INTO Movimenti (RID, PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO) VALUES (1, 1, 2026, "
+        "'2026-03-16 00:00:00', 1)");
     archivio.sql(
         "INSERT INTO DettagliMovimento (FK_MOVIMENTO, IK_DETTAGLIOMOVIMENTO, QUANTITA, PREZZO, "
         "PREZZONETTO, VALOREIVA) VALUES (1, 50, 2, 10, 9, 22), (1, 50, 1.5, 4, 4, 10), (1, 51, 1, 7, 7, 4)");

@@ -1,44 +1,19 @@
-#include <gtest/gtest.h>
-
-#include <QTemporaryDir>
-
-#include "core/core_doubles.h"
-#include "core/errors.h"
-#include "core/globals.h"
-#include "data/gateway.h"
 #include "data/options_table.h"
-#include "data/sqlite_connection.h"
+#include "data/schema_archive.h"
 
 namespace {
 
-// A real archive that holds the table Opzioni and nothing else.
-class OptionsTableTest : public ::testing::Test {
+// The shop's books without any option.
+class OptionsTable : public ::testing::Test {
   protected:
-    OptionsTableTest() {
-        ripristinaGlobali();
-        archivio = SqliteConnection::crea(cartella.path() + "/prova.mdb", errore);
-        nativo("CREATE TABLE Opzioni (RID INTEGER PRIMARY KEY, NOME TEXT, VALORE TEXT)");
-        gAdo.TipoServer = 1;
-        gAdo.impostaStringaConnessione([this] { return "Data Source=" + cartella.path() + "/prova.mdb"; });
-        gErr.imposta(cartella.path(), &operatore);
-    }
-    ~OptionsTableTest() override {
-        gAdo.chiudiConnessioniCalde();
-        gAdo.impostaStringaConnessione({});
-        gAdo.TipoServer = 0;
-        gErr.imposta({}, nullptr);
-        ripristinaGlobali();
-    }
+    OptionsTable() { archivio.sql("DELETE FROM Opzioni"); }
 
-    void nativo(const QString& sql) { ASSERT_TRUE(archivio->eseguiNativo(sql)) << sql.toStdString(); }
     void opzione(const QString& nome, const QString& valore) {
-        nativo("INSERT INTO Opzioni (NOME, VALORE) VALUES ('" + nome + "', " + valore + ")");
+        archivio.sql("INSERT INTO Opzioni (NOME, VALORE) VALUES ('" + nome + "', " + valore + ")");
     }
 
-    QTemporaryDir cartella;
-    ErroreServer errore;
-    std::unique_ptr<SqliteConnection> archivio;
-    OperatoreRegistrato operatore;
+    LibriDiProva archivio;
+    OperatoreRegistrato& operatore = archivio.operatore;
 };
 
 struct NumeroAtteso {
@@ -95,24 +70,24 @@ const FlagAtteso flag[] = {
 
 }  // namespace
 
-TEST_F(OptionsTableTest, AnOptionIsTheTextOfItsRow) {
+TEST_F(OptionsTable, AnOptionIsTheTextOfItsRow) {
     opzione("PiePagina", "'Grazie, e arrivederci'");
     EXPECT_EQ(getOpzione("PiePagina"), "Grazie, e arrivederci");
 }
 
-TEST_F(OptionsTableTest, AMissingOrNullOptionIsEmptyAndNotReported) {
+TEST_F(OptionsTable, AMissingOrNullOptionIsEmptyAndNotReported) {
     opzione("PiePagina", "NULL");
     EXPECT_EQ(getOpzione("PiePagina"), "");
     EXPECT_EQ(getOpzione("NonEsiste"), "");
     EXPECT_TRUE(operatore.avvisi.empty());
 }
 
-TEST_F(OptionsTableTest, ANameWithAQuoteIsOnlyAName) {
+TEST_F(OptionsTable, ANameWithAQuoteIsOnlyAName) {
     EXPECT_EQ(getOpzione("x' OR '1'='1"), "");
     EXPECT_TRUE(operatore.avvisi.empty());
 }
 
-TEST_F(OptionsTableTest, EveryOptionReachesItsVariable) {
+TEST_F(OptionsTable, EveryOptionReachesItsVariable) {
     int valore = 10;
     for (const NumeroAtteso& numero : numeri) {
         opzione(numero.nome, QString("'%1'").arg(++valore));
@@ -136,7 +111,7 @@ TEST_F(OptionsTableTest, EveryOptionReachesItsVariable) {
     }
 }
 
-TEST_F(OptionsTableTest, AMissingRowIsZeroEmptyOrFalse) {
+TEST_F(OptionsTable, AMissingRowIsZeroEmptyOrFalse) {
     for (const FlagAtteso& uno : flag) {
         *uno.variabile = true;
     }
@@ -152,7 +127,7 @@ TEST_F(OptionsTableTest, AMissingRowIsZeroEmptyOrFalse) {
     EXPECT_EQ(gVenditoreChar, "");
 }
 
-TEST_F(OptionsTableTest, TheWorkstationsDocumentTypeAndCausalReplaceTheShops) {
+TEST_F(OptionsTable, TheWorkstationsDocumentTypeAndCausalReplaceTheShops) {
     opzione("TipoDocVb", "'3'");
     opzione("CausalePagVb", "'4'");
     gTipoDocOverride = 8;
@@ -162,14 +137,14 @@ TEST_F(OptionsTableTest, TheWorkstationsDocumentTypeAndCausalReplaceTheShops) {
     EXPECT_EQ(gCausalePagVb, 9);
 }
 
-TEST_F(OptionsTableTest, AnUnsetOverrideReplacesNothing) {
+TEST_F(OptionsTable, AnUnsetOverrideReplacesNothing) {
     opzione("TipoDocVb", "'3'");
     gTipoDocOverride = -1;
     getAllOpzioni();
     EXPECT_EQ(gTipoDocVb, 3);
 }
 
-TEST_F(OptionsTableTest, ANumberIsTheOneAtTheHeadOfTheText) {
+TEST_F(OptionsTable, ANumberIsTheOneAtTheHeadOfTheText) {
     opzione("MesiPrezzoMedio", "'6 mesi'");
     opzione("TipoDocVb", "'abc'");
     opzione("BloccaSottoScorta", "'0.5'");
@@ -179,7 +154,7 @@ TEST_F(OptionsTableTest, ANumberIsTheOneAtTheHeadOfTheText) {
     EXPECT_TRUE(gBloccaSottoScorta);
 }
 
-TEST_F(OptionsTableTest, ANumberTooLargeIsReportedOnceUnderTheProceduresName) {
+TEST_F(OptionsTable, ANumberTooLargeIsReportedOnceUnderTheProceduresName) {
     opzione("TipoStampaDistinta", "'99999'");
     getAllOpzioni();
     ASSERT_EQ(operatore.avvisi.size(), 1u);
@@ -187,7 +162,7 @@ TEST_F(OptionsTableTest, ANumberTooLargeIsReportedOnceUnderTheProceduresName) {
     EXPECT_EQ(operatore.avvisi[0].modulo, "bBottegonClientVB.getAllOpzioni");
 }
 
-TEST_F(OptionsTableTest, NoConnectionStaysOpen) {
+TEST_F(OptionsTable, NoConnectionStaysOpen) {
     getAllOpzioni();
     EXPECT_EQ(gAdo.getConnectionCount(), 0);
 }

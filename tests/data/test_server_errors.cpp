@@ -47,6 +47,24 @@ TEST(MySqlErrors, FullDisk) {
     pretendiClasse({1021, 1114, 3, 28}, Classe::DiscoPieno);
 }
 
+TEST(MySqlErrors, AFileThatCannotBeWrittenTellsWhetherTheDiskIsFull) {
+    const struct {
+        int codice;
+        const char* testo;
+        Classe classe;
+    } casi[] = {
+        {1030, "Got error 28 \"No space left on device\" from storage engine InnoDB", Classe::DiscoPieno},
+        {1026, "Error writing file './x' (errno: 28 \"No space left on device\")", Classe::DiscoPieno},
+        {1030, "Got error 128 \"Unknown error\" from storage engine InnoDB", Classe::Altro},
+        {1026, "Error writing file './x' (errno: 5 \"Input/output error\")", Classe::Altro},
+        {1064, "near 'Got error 28'", Classe::Altro},
+    };
+    for (const auto& caso : casi) {
+        EXPECT_EQ(erroreMySql(caso.codice, caso.testo).classe, caso.classe) << caso.testo;
+        EXPECT_EQ(erroreMySql(caso.codice, caso.testo).codice, caso.codice);
+    }
+}
+
 TEST(MySqlErrors, AKeyThatIsThereAlreadyIsNoMatterOfIntegrity) {
     pretendiClasse({1062, 1064, 1048, 4711}, Classe::Altro);
 }

@@ -34,23 +34,23 @@ void permessi(const QString& percorso, mode_t modo) {
 
 // ---- What is no archive
 
-TEST(SqliteArchive, MissingFileIsSaidAndNotMade) {
+TEST(SqliteOnFile, MissingFileIsSaidAndNotMade) {
     const QTemporaryDir cartella;
     const QString percorso = cartella.filePath("manca.mdb");
     EXPECT_EQ(erroreApertura(percorso), "L'archivio \"" + percorso + "\" non esiste o non è un file.");
     EXPECT_FALSE(QFile::exists(percorso));
 }
 
-TEST(SqliteArchive, MissingFolderIsSaid) {
+TEST(SqliteOnFile, MissingFolderIsSaid) {
     EXPECT_TRUE(erroreApertura("/non/esiste/prova.mdb").contains("non esiste"));
 }
 
-TEST(SqliteArchive, FolderIsNoArchive) {
+TEST(SqliteOnFile, FolderIsNoArchive) {
     const QTemporaryDir cartella;
     EXPECT_TRUE(erroreApertura(cartella.path()).contains("non esiste o non è un file"));
 }
 
-TEST(SqliteArchive, GarbageIsSaidAndLeftAlone) {
+TEST(SqliteOnFile, GarbageIsSaidAndLeftAlone) {
     const QTemporaryDir cartella;
     const QString percorso = cartella.filePath("prova.mdb");
     const QByteArray byte = QByteArray(5000, 'x');
@@ -60,7 +60,7 @@ TEST(SqliteArchive, GarbageIsSaidAndLeftAlone) {
     EXPECT_EQ(contenuto(percorso), byte);
 }
 
-TEST(SqliteArchive, EmptyFileIsNoArchiveAndStaysEmpty) {
+TEST(SqliteOnFile, EmptyFileIsNoArchiveAndStaysEmpty) {
     const QTemporaryDir cartella;
     const QString percorso = cartella.filePath("prova.mdb");
     scrivi(percorso, {});
@@ -68,7 +68,7 @@ TEST(SqliteArchive, EmptyFileIsNoArchiveAndStaysEmpty) {
     EXPECT_EQ(QFileInfo(percorso).size(), 0);
 }
 
-TEST(SqliteArchive, DatabaseOfAnotherProgramIsRefusedAndLeftAlone) {
+TEST(SqliteOnFile, DatabaseOfAnotherProgramIsRefusedAndLeftAlone) {
     GatewayDiProva g;
     ASSERT_TRUE(g.altraCassa()->eseguiNativo("PRAGMA application_id = 1"));
     ASSERT_TRUE(QFile::copy(g.percorso(), g.percorso("altro.mdb")));
@@ -78,7 +78,7 @@ TEST(SqliteArchive, DatabaseOfAnotherProgramIsRefusedAndLeftAlone) {
     EXPECT_EQ(contenuto(g.percorso("altro.mdb")), byte);
 }
 
-TEST(SqliteArchive, ArchiveOfAnotherVersionIsRefusedAndLeftAlone) {
+TEST(SqliteOnFile, ArchiveOfAnotherVersionIsRefusedAndLeftAlone) {
     GatewayDiProva g;
     const QString percorso = g.percorso("domani.mdb");
     ASSERT_TRUE(g.altraCassa()->eseguiNativo("PRAGMA user_version = 4711"));
@@ -90,12 +90,12 @@ TEST(SqliteArchive, ArchiveOfAnotherVersionIsRefusedAndLeftAlone) {
     EXPECT_EQ(contenuto(percorso), byte);
 }
 
-TEST(SqliteArchive, NewArchiveCarriesTheVersionOfItsTables) {
+TEST(SqliteOnFile, NewArchiveCarriesTheVersionOfItsTables) {
     const GatewayDiProva g;
     EXPECT_EQ(g.valore("PRAGMA user_version"), QString::number(schema::versione));
 }
 
-TEST(SqliteArchive, FileCutInItsHeaderIsRefusedAndLeftAlone) {
+TEST(SqliteOnFile, FileCutInItsHeaderIsRefusedAndLeftAlone) {
     GatewayDiProva g;
     const QByteArray byte = contenuto(g.percorso()).left(60);
     scrivi(g.percorso("corto.mdb"), byte);
@@ -104,7 +104,7 @@ TEST(SqliteArchive, FileCutInItsHeaderIsRefusedAndLeftAlone) {
     EXPECT_EQ(contenuto(g.percorso("corto.mdb")), byte);
 }
 
-TEST(SqliteArchive, FileCutAfterItsHeaderFailsTheStatement) {
+TEST(SqliteOnFile, FileCutAfterItsHeaderFailsTheStatement) {
     GatewayDiProva g;
     g.ado.chiudiConnessioniCalde();
     scrivi(g.percorso(), contenuto(g.percorso()).left(5000));
@@ -112,7 +112,7 @@ TEST(SqliteArchive, FileCutAfterItsHeaderFailsTheStatement) {
     EXPECT_EQ(g.operatore.avvisi.size(), 1u);
 }
 
-TEST(SqliteArchive, DamagedPageFailsTheStatementAndIsSaid) {
+TEST(SqliteOnFile, DamagedPageFailsTheStatementAndIsSaid) {
     GatewayDiProva g;
     for (int i = 0; i < 200; ++i) {
         g.inserisci(QString(100, 'x') + QString::number(i));
@@ -129,7 +129,7 @@ TEST(SqliteArchive, DamagedPageFailsTheStatementAndIsSaid) {
     EXPECT_EQ(QFileInfo(g.percorso()).size(), byte.size());
 }
 
-TEST(SqliteArchive, AnArchiveIsNeverMadeOverAFile) {
+TEST(SqliteOnFile, AnArchiveIsNeverMadeOverAFile) {
     GatewayDiProva g;
     ErroreServer errore;
     EXPECT_FALSE(SqliteConnection::crea(g.percorso(), errore));
@@ -138,9 +138,9 @@ TEST(SqliteArchive, AnArchiveIsNeverMadeOverAFile) {
 
 // ---- Rights
 
-class RightsMissing : public testing::Test {
+class RightsMissingOnFile : public testing::Test {
   protected:
-    RightsMissing() {
+    RightsMissingOnFile() {
         permessi(g.cartella(), 0755);
         permessi(g.percorso(), 0644);
     }
@@ -156,22 +156,22 @@ class RightsMissing : public testing::Test {
     GatewayDiProva g;
 };
 
-TEST_F(RightsMissing, ReadOnlyFileIsSaidAtTheOpening) {
+TEST_F(RightsMissingOnFile, ReadOnlyFileIsSaidAtTheOpening) {
     permessi(g.cartella(), 0777);
     permessi(g.percorso(), 0444);
     EXPECT_EQ(nominaSolaLettura(), 0);
 }
 
-TEST_F(RightsMissing, ReadOnlyFolderIsSaidAtTheOpening) {
+TEST_F(RightsMissingOnFile, ReadOnlyFolderIsSaidAtTheOpening) {
     permessi(g.percorso(), 0666);
     EXPECT_EQ(nominaSolaLettura(), 0);
 }
 
-TEST_F(RightsMissing, ReadOnlyFileAndFolderAreSaidAtTheOpening) {
+TEST_F(RightsMissingOnFile, ReadOnlyFileAndFolderAreSaidAtTheOpening) {
     EXPECT_EQ(nominaSolaLettura(), 0);
 }
 
-TEST_F(RightsMissing, UnreadableFileIsSaidAndNotCalledDamaged) {
+TEST_F(RightsMissingOnFile, UnreadableFileIsSaidAndNotCalledDamaged) {
     permessi(g.percorso(), 0600);
     EXPECT_EQ(comeUtenteComune([this] {
                   const QString errore = erroreApertura(g.percorso());
@@ -180,7 +180,7 @@ TEST_F(RightsMissing, UnreadableFileIsSaidAndNotCalledDamaged) {
               0);
 }
 
-TEST_F(RightsMissing, OrdinaryUserWorksWithRights) {
+TEST_F(RightsMissingOnFile, OrdinaryUserWorksWithRights) {
     permessi(g.cartella(), 0777);
     permessi(g.percorso(), 0666);
     EXPECT_EQ(comeUtenteComune([this] { return g.inserisci("A") ? 0 : 1; }), 0);
@@ -188,7 +188,7 @@ TEST_F(RightsMissing, OrdinaryUserWorksWithRights) {
 
 // ---- Every connection alike
 
-TEST(SqliteArchive, ConnectionsAreSafeAndCheckKeys) {
+TEST(SqliteOnFile, ConnectionsAreSafeAndCheckKeys) {
     GatewayDiProva g;
     const auto altra = g.altraCassa();
     const auto pragma = [&](const char* nome) {
@@ -201,20 +201,20 @@ TEST(SqliteArchive, ConnectionsAreSafeAndCheckKeys) {
     EXPECT_EQ(pragma("foreign_keys"), "1");
 }
 
-TEST(SqliteArchive, OneTextIsOneStatement) {
+TEST(SqliteOnFile, OneTextIsOneStatement) {
     GatewayDiProva g;
     EXPECT_FALSE(g.ado.executeSQL(QString("DELETE FROM Figli; DROP TABLE Prova"), "prova"));
     EXPECT_EQ(g.operatore.avvisi.front().descrizione, "Più istruzioni in un solo comando.");
     EXPECT_EQ(g.valore("SELECT COUNT(*) FROM Prova"), "0");
 }
 
-TEST(SqliteArchive, NulDoesNotCutAStatementShort) {
+TEST(SqliteOnFile, NulDoesNotCutAStatementShort) {
     GatewayDiProva g;
     EXPECT_FALSE(g.ado.executeSQL(QString("DELETE FROM Prova") + QChar(u'\0') + " WHERE RID = 1", "prova"));
     EXPECT_TRUE(g.operatore.avvisi.front().descrizione.contains("NUL"));
 }
 
-TEST(SqliteArchive, ValuesComeBackInTheirTypes) {
+TEST(SqliteOnFile, ValuesComeBackInTheirTypes) {
     GatewayDiProva g;
     QString sql = "SELECT 1 AS I, 1.5 AS D, ¤x¤ AS T, Null AS N";
     const auto righe = g.ado.getNewRecordset(sql, "prova");
@@ -226,7 +226,7 @@ TEST(SqliteArchive, ValuesComeBackInTheirTypes) {
     g.ado.disconnect();
 }
 
-TEST(SqliteArchive, DateColumnsComeBackAsDates) {
+TEST(SqliteOnFile, DateColumnsComeBackAsDates) {
     GatewayDiProva g;
     ASSERT_TRUE(g.ado.executeSQL(
         "INSERT INTO Prova (DATA) VALUES (" + g.ado.getSQLDate(QDate(2024, 2, 29)) + ")", "prova"));
@@ -234,7 +234,7 @@ TEST(SqliteArchive, DateColumnsComeBackAsDates) {
               QDateTime(QDate(2024, 2, 29), QTime(0, 0), Qt::UTC));
 }
 
-TEST(SqliteArchive, MidnightThatTheClockSkippedIsStillADate) {
+TEST(SqliteOnFile, MidnightThatTheClockSkippedIsStillADate) {
     const GatewayDiProva g;
     ASSERT_TRUE(g.altraCassa()->eseguiNativo("INSERT INTO Prova (DATA) VALUES ('1975-06-01 00:00:00')"));
     EXPECT_EQ(inUnFiglio([&] {
@@ -253,7 +253,7 @@ TEST(SqliteArchive, MidnightThatTheClockSkippedIsStillADate) {
 
 // ---- Warm connections
 
-TEST(WarmConnections, AreUsedAgain) {
+TEST(WarmConnectionsOnFile, AreUsedAgain) {
     GatewayDiProva g;
     int aperture = 0;
     sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
@@ -266,7 +266,7 @@ TEST(WarmConnections, AreUsedAgain) {
     EXPECT_EQ(aperture, 1);
 }
 
-TEST(WarmConnections, NestedReadsDoNotPileUpFiles) {
+TEST(WarmConnectionsOnFile, NestedReadsDoNotPileUpFiles) {
     GatewayDiProva g;
     const auto annida = [&] {
         for (int i = 0; i < 8; ++i) {
@@ -284,7 +284,7 @@ TEST(WarmConnections, NestedReadsDoNotPileUpFiles) {
     EXPECT_LE(fileAperti(), aperti);
 }
 
-TEST(WarmConnections, ClosingThemFreesTheirFiles) {
+TEST(WarmConnectionsOnFile, ClosingThemFreesTheirFiles) {
     GatewayDiProva g;
     const int prima = fileAperti();
     g.inserisci("A");
@@ -293,7 +293,7 @@ TEST(WarmConnections, ClosingThemFreesTheirFiles) {
     EXPECT_EQ(fileAperti(), prima);
 }
 
-TEST(WarmConnections, ReplacedFileIsTheOneInUse) {
+TEST(WarmConnectionsOnFile, ReplacedFileIsTheOneInUse) {
     GatewayDiProva g;
     g.inserisci("vecchio");
     GatewayDiProva::creaArchivio(g.percorso("nuovo.mdb"));
@@ -304,7 +304,7 @@ TEST(WarmConnections, ReplacedFileIsTheOneInUse) {
     EXPECT_EQ(g.valore("PRAGMA integrity_check"), "ok");
 }
 
-TEST(WarmConnections, CommitsOfAFileThatWasMovedAwayStayWithIt) {
+TEST(WarmConnectionsOnFile, CommitsOfAFileThatWasMovedAwayStayWithIt) {
     GatewayDiProva g;
     g.inserisci("vecchio");
     GatewayDiProva::creaArchivio(g.percorso("nuovo.mdb"));
@@ -320,7 +320,7 @@ TEST(WarmConnections, CommitsOfAFileThatWasMovedAwayStayWithIt) {
     EXPECT_EQ(righe.campo(0).toString(), "vecchio");
 }
 
-TEST(WarmConnections, DeletedFileIsSaidAndNotMadeAgain) {
+TEST(WarmConnectionsOnFile, DeletedFileIsSaidAndNotMadeAgain) {
     GatewayDiProva g;
     g.inserisci("A");
     ASSERT_TRUE(QFile::remove(g.percorso()));
@@ -329,7 +329,7 @@ TEST(WarmConnections, DeletedFileIsSaidAndNotMadeAgain) {
     EXPECT_FALSE(QFile::exists(g.percorso()));
 }
 
-TEST(WarmConnections, ConnectionWithAnOpenTurnIsCleanedBeforeItIsUsedAgain) {
+TEST(WarmConnectionsOnFile, ConnectionWithAnOpenTurnIsCleanedBeforeItIsUsedAgain) {
     GatewayDiProva g;
     ASSERT_TRUE(g.ado.Connect("prova", 60, 0, false));
     ASSERT_TRUE(g.ado.getActiveConnection()->inizia());
@@ -339,7 +339,7 @@ TEST(WarmConnections, ConnectionWithAnOpenTurnIsCleanedBeforeItIsUsedAgain) {
 
 // ---- The path in a connection string
 
-TEST(SqliteArchive, PathStandsBehindDataSource) {
+TEST(SqliteOnFile, PathStandsBehindDataSource) {
     EXPECT_EQ(percorsoArchivio("Provider=X;Data Source=/a/b.mdb;Persist Security Info=False"), "/a/b.mdb");
     EXPECT_EQ(percorsoArchivio("Provider=X;data source=/a/b;c.mdb;Persist Security Info=False"),
               "/a/b;c.mdb");

@@ -2,6 +2,7 @@
 
 #include "data/gateway_archive.h"
 #include "data/sqlserver_connection.h"
+#include "doubles/sql_server_finto.h"
 
 // The conversation with a SQL Server, whose part a script plays: what is sent, and what follows from the
 // answers. The connection below is a real one to another server, so that it can be lost and opened again.
@@ -160,14 +161,19 @@ TEST_F(SqlServerTurn, ARefusedCommitIsAFailedOne) {
     EXPECT_EQ(server.inviate.last(), "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION");
 }
 
-TEST_F(SqlServerTurn, NothingRunsWhenTheServerHasRolledBack) {
-    iniziata();
-    server.risposte = {{{}, Classe::Conflitto}, {{0, 0}}};
-    EXPECT_FALSE(server.eseguiNativo("UPDATE T SET N = 1", nullptr));
-    server.inviate.clear();
-    EXPECT_FALSE(server.eseguiNativo("UPDATE T SET N = 2", nullptr));
-    EXPECT_TRUE(server.inviate.isEmpty());
-    EXPECT_FALSE(server.inTransazione());
+// With XACT_ABORT the server has rolled back at any error, a lock waited for in vain included.
+TEST_F(SqlServerTurn, NothingRunsBehindAnErrorButTheRollback) {
+    for (const Classe classe : {Classe::Conflitto, Classe::Integrita, Classe::Altro}) {
+        iniziata();
+        server.risposte = {{{}, classe}};
+        EXPECT_FALSE(server.eseguiNativo("UPDATE T SET N = 1", nullptr));
+        EXPECT_FALSE(server.eseguiNativo("UPDATE T SET N = 2", nullptr));
+        EXPECT_FALSE(server.inTransazione());
+        EXPECT_FALSE(server.conferma());
+        EXPECT_EQ(server.inviate, QStringList("UPDATE T SET N = 1"));
+        EXPECT_TRUE(server.annulla());
+        EXPECT_EQ(server.inviate.last(), "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION");
+    }
 }
 
 TEST_F(SqlServerTurn, AConnectionLostInsideATransactionIsNotReplaced) {
@@ -184,6 +190,22 @@ TEST_F(SqlServerTurn, ARollbackThatFailsClosesTheConnection) {
     server.risposte = {{{}, Classe::Altro}};
     EXPECT_TRUE(server.annulla());
     EXPECT_FALSE(server.database().isOpen());
+}
+
+// What the program itself says to the server around its statements, for the parser that reads it.
+TEST(SqlServerConversation, IsOfStatementsThatTheServerKnows) {
+    SqlServerScritto server;
+    const Risposta viva{{1, 1}};
+    for (const bool conferma : {true, false}) {
+        server.risposte = {{{0}}, viva};
+        ASSERT_TRUE(server.inizia());
+        EXPECT_TRUE(conferma ? server.conferma() : server.annulla());
+    }
+    ASSERT_TRUE(server.ancoraValida());
+    EXPECT_TRUE(server.eseguiNativo("SELECT 1", nullptr));
+    EXPECT_GE(server.inviate.size(), 6);
+    for (const QString& sql : server.inviate)
+        raccogliTSql(sql);
 }
 
 // ---- Outside a transaction

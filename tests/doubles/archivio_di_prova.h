@@ -27,9 +27,6 @@ class ArchivioDiProva {
 // `cartella` is for the files of the test.
 std::unique_ptr<ArchivioDiProva> nuovoArchivioDiProva(const QString& cartella);
 
-// The embedded archive is in force, not a server.
+// The embedded archive is in force, not a server. What only a file can suffer is tested in suites whose name
+// ends in OnFile, which the runs on a server leave out.
 bool archivioSuFile();
-
-// For tests of what only a file can suffer: says why, and ends the test on a server.
-#define SOLO_SU_FILE(perche) \
-    if (!archivioSuFile()) GTEST_SKIP() << perche

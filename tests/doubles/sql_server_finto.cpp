@@ -40,11 +40,6 @@ class Raccolta {
     QSet<QString> mRaccolte;
 };
 
-void raccogli(const QString& sql) {
-    static Raccolta raccolta;
-    raccolta.aggiungi(sql);
-}
-
 class TraduttoreSqlite {
   public:
     explicit TraduttoreSqlite(const QString& sql) : mSql(sql), mToken(tokenizza(sql)) {}
@@ -128,7 +123,7 @@ class ConnessioneSqlServerFinta final : public Connessione {
         return eseguiNativo(traduciSqlServer(sql), righe);
     }
     bool eseguiNativo(const QString& sql, Recordset* righe) override {
-        raccogli(sql);
+        raccogliTSql(sql);
         if (!sql.startsWith(inizioLotto) || !sql.endsWith(fineLotto))
             return mArchivio->eseguiNativo(sqliteDaTSql(sql), righe);
         const qsizetype inizio = inizioLotto.size();
@@ -150,6 +145,11 @@ class ConnessioneSqlServerFinta final : public Connessione {
 };
 
 }  // namespace
+
+void raccogliTSql(const QString& sql) {
+    static Raccolta raccolta;
+    raccolta.aggiungi(sql);
+}
 
 QString sqliteDaTSql(const QString& sql) {
     return TraduttoreSqlite(sql).traduci();

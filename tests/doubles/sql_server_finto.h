@@ -6,6 +6,9 @@
 // the statements of the program hold, and no more.
 QString sqliteDaTSql(const QString& sql);
 
+// Adds a statement to what is collected.
+void raccogliTSql(const QString& sql);
+
 // A SQL Server that is an embedded archive: it takes the very text that the ODBC driver would be handed,
 // and runs it on the SQLite file of the connection string. With the environment variable
 // BOTTEGON_RACCOLTA_TSQL, the path of a file, each different statement is appended there, one JSON text a

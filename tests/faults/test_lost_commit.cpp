@@ -1,5 +1,6 @@
 #include <csignal>
 
+#include "core/run_time_error.h"
 #include "faults/cutting_proxy.h"
 #include "faults/faulty_shop.h"
 
@@ -118,6 +119,110 @@ TEST_F(LostCommitOfAChange, ThatDidNotReachTheServerCanBeSavedAgain) {
     salva();
     EXPECT_EQ(righe(), (QStringList{"A|3", "B|7"}));
     EXPECT_EQ(n->verifica(), QStringList());
+}
+
+// ---- What a change has written
+
+struct Cambiamento {
+    const char* nome;
+    void (*fai)(Vendita&);
+};
+
+void cambiaRiga(Vendita& v, const std::vector<std::pair<Colonna, QString>>& celle) {
+    for (const auto& [colonna, testo] : celle)
+        v.flxVB.scrivi(1, colonna, testo);
+    v.flxVB.scrivi(1, Colonna::Gestione, QString::number(RigaModificata));
+}
+
+const Cambiamento cambiamenti[] = {
+    {"discountThatTheListPriceMakesUpFor",
+     [](Vendita& v) {
+         cambiaRiga(v, {{Colonna::PrezzoListino, "12,50"}, {Colonna::Sconto1, "20,00"}});
+     }},
+    {"secondDiscount",
+     [](Vendita& v) {
+         cambiaRiga(v, {{Colonna::Sconto2, "1,50"}});
+     }},
+    {"letterOfTheDescription",
+     [](Vendita& v) {
+         cambiaRiga(v, {{Colonna::Descrizione, "a"}});
+     }},
+    {"vatRateOfTheSamePercentage",
+     [](Vendita& v) {
+         cambiaRiga(v, {{Colonna::IdIva, "3"}});
+     }},
+    {"unitOfMeasure",
+     [](Vendita& v) {
+         cambiaRiga(v, {{Colonna::IdUm, ""}});
+     }},
+    {"paidTick",
+     [](Vendita& v) {
+         v.chkPagato.valore(1);
+         v.idPNPagamento = -1;
+     }},
+};
+
+class LostCommitOfOneColumn : public LostCommit, public testing::WithParamInterface<Cambiamento> {
+  protected:
+    // A sale to a customer who has not paid yet, saved and then changed.
+    LostCommitOfOneColumn() {
+        const int cliente = n->cliente(120, "Rossi");
+        vendita().txtCodCliente.testoETag("120");
+        vendita().txtCodCliente.tag(QString::number(cliente));
+        vendita().chkPagato.valore(0);
+        salva();
+        EXPECT_EQ(n->valore("SELECT COUNT(*) FROM Movimenti WHERE FK_PNPAGAMENTO IS NULL"), "1");
+        GetParam().fai(vendita());
+        prima = schermata(vendita());
+    }
+};
+
+TEST_P(LostCommitOfOneColumn, ThatReachedTheServerGoesOnAsSaved) {
+    salvaCon(Guasto::DopoIlCommit, false, ritrovata(), Icona::Informazione);
+}
+
+TEST_P(LostCommitOfOneColumn, ThatDidNotReachTheServerIsNotTakenForSaved) {
+    const QStringList libriPrima = libri(*n);
+    salvaCon(Guasto::PrimaDelCommit, false, nonSalvata, Icona::Critica);
+    EXPECT_EQ(libri(*n), libriPrima);
+    EXPECT_EQ(schermata(vendita()), prima);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, LostCommitOfOneColumn, testing::ValuesIn(cambiamenti),
+                         [](const auto& caso) { return caso.param.nome; });
+
+// ---- Behind an unforeseen error, what was written is committed
+
+class LostCommitBehindAnError : public LostCommit {
+  protected:
+    void salvaConErrore(Guasto guasto, const QString& messaggio, Icona icona) {
+        sondaIstruzioni() = [fatto = false](const QString& sql) mutable -> std::optional<ErroreServer> {
+            if (sql.startsWith("UPDATE Movimenti") && !std::exchange(fatto, true))
+                throw RunTimeError(RunTimeError::Overflow);
+            return std::nullopt;
+        };
+        n->operatore.attendiAvviso("bBottegonClientVB.salvaVendita");
+        salvaCon(guasto, false, messaggio, icona);
+        sondaIstruzioni() = {};
+    }
+};
+
+TEST_F(LostCommitBehindAnError, ThatReachedTheServerIsShownAsItIsInTheBooks) {
+    salvaConErrore(Guasto::DopoIlCommit,
+                   "Il collegamento con il server si era interrotto: si mostra la vendita come è "
+                   "nell'archivio.\nControllarla prima di salvarla di nuovo.",
+                   Icona::Esclamazione);
+    EXPECT_EQ(n->conta("Movimenti"), 1);
+    EXPECT_EQ(vendita().lblRID.testo(), n->valore("SELECT RID FROM Movimenti"));
+    EXPECT_EQ(vendita().flxVB.gestione(2), RigaInvariata);
+    salva();
+    EXPECT_EQ(n->conta("DettagliMovimento"), 2);
+}
+
+TEST_F(LostCommitBehindAnError, ThatDidNotReachTheServerCanBeSavedAgain) {
+    salvaConErrore(Guasto::PrimaDelCommit, nonSalvata, Icona::Critica);
+    EXPECT_EQ(schermata(vendita()), prima);
+    nienteEPoiSalvata();
 }
 
 // ---- The server cannot be asked

@@ -9,12 +9,13 @@ class Search : public testing::Test {
   protected:
     // Ten of them: C01 "voce 01" to C10 "voce 10".
     Search() {
-        archivio.sql("BEGIN");
+        QStringList righe;
         for (int i = 1; i <= 10; ++i) {
             const QString numero = QString::number(i).rightJustified(2, '0');
-            metti(i, "C" + numero, "voce " + numero);
+            righe << "(" + QString::number(i) + ", 'C" + numero + "', 'voce " + numero + "')";
         }
-        archivio.sql("COMMIT");
+        archivio.sql("DELETE FROM Pagamenti");
+        archivio.sql("INSERT INTO Pagamenti (RID, CODICE, DESCRIZIONE) VALUES " + righe.join(", "));
     }
     void metti(int rid, const QString& codice, const QString& descrizione) {
         archivio.sql(QString("INSERT INTO Pagamenti (RID, CODICE, DESCRIZIONE) VALUES (%1, '%2', '%3')")
@@ -39,7 +40,7 @@ class Search : public testing::Test {
     }
     bool notizia() const { return ricerca->pctNessuna.visibile(); }
 
-    ArchivioDiProva archivio;
+    LibriDiProva archivio;
     std::unique_ptr<Ricerca> ricerca;
 };
 
@@ -153,6 +154,19 @@ TEST_F(Search, AnApostropheIsATextLikeAnyOther) {
     EXPECT_EQ(pagina(), "40");
 }
 
+TEST_F(Search, ABackslashIsACharacterLikeAnyOther) {
+    archivio.sql("UPDATE Pagamenti SET DESCRIZIONE = 'a\\b\\' WHERE RID = 5");
+    archivio.sql("UPDATE Pagamenti SET DESCRIZIONE = 'a%b' WHERE RID = 6");
+    apri();
+    for (const char* testo : {"a\\", "a\\b\\", "a_b\\"}) {
+        cerca(testo);
+        EXPECT_EQ(pagina(), "5") << testo;
+    }
+    ricerca->cambiaOvunque();
+    cerca("\\b");
+    EXPECT_EQ(pagina(), "5");
+}
+
 TEST_F(Search, ATextThatLooksLikeSQLOnlyFindsNothing) {
     apri();
     for (const char* testo :
@@ -197,7 +211,7 @@ TEST_F(Search, AnEmptyTableShowsTheNoticeAndTheHeaderServesAsTheKey) {
 
 TEST_F(Search, AServerThatFailsIsReportedAndThePageStays) {
     apri();
-    ArchivioDiProva::guastaServer();
+    LibriDiProva::guastaServer();
     cerca("voce");
     EXPECT_EQ(pagina(), "1 2 3");
     EXPECT_FALSE(notizia());
@@ -231,7 +245,7 @@ TEST_F(Search, TheSameTextIsNotAskedTwice) {
 
 TEST_F(Search, AServerThatFailsIsNotAskedAtEveryLetter) {
     apri();
-    ArchivioDiProva::guastaServer();
+    LibriDiProva::guastaServer();
     for (const char* testo : {"v", "vo", "voc"}) {
         ricerca->txtRicerca.testo(testo);
         ricerca->cercaDalVivo();
@@ -241,7 +255,7 @@ TEST_F(Search, AServerThatFailsIsNotAskedAtEveryLetter) {
 
 TEST_F(Search, TypingAsksAgainOnceTheServerAnswered) {
     apri();
-    ArchivioDiProva::guastaServer();
+    LibriDiProva::guastaServer();
     cerca("v");
     sondaIstruzioni() = {};
     cerca("vo");

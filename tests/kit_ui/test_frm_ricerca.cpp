@@ -20,13 +20,13 @@ class SearchForm : public testing::Test {
   protected:
     // Ten of them: C01 "voce 01" to C10 "voce 10", and one "altro".
     SearchForm() {
-        archivio.sql("BEGIN");
+        QStringList righe;
         for (int i = 1; i <= 10; ++i) {
             const QString numero = QString::number(i).rightJustified(2, '0');
-            archivio.sql("INSERT INTO Pagamenti (RID, CODICE, DESCRIZIONE) VALUES (" + QString::number(i) +
-                         ", 'C" + numero + "', 'voce " + numero + "')");
+            righe << "(" + QString::number(i) + ", 'C" + numero + "', 'voce " + numero + "')";
         }
-        archivio.sql("COMMIT");
+        archivio.sql("DELETE FROM Pagamenti");
+        archivio.sql("INSERT INTO Pagamenti (RID, CODICE, DESCRIZIONE) VALUES " + righe.join(", "));
     }
 
     // Opens the search, runs `gesto` while it is up, and answers its result.
@@ -73,7 +73,7 @@ class SearchForm : public testing::Test {
         EXPECT_TRUE(QTest::qWaitFor([&] { return prima() == primaRiga; }, 2000)) << qPrintable(prima());
     }
 
-    ArchivioDiProva archivio;
+    LibriDiProva archivio;
     QWidget* form = nullptr;
 };
 

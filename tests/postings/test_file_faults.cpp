@@ -5,6 +5,7 @@
 #include "core/globals.h"
 #include "data/gateway.h"
 #include "data/sqlite_connection.h"
+#include "doubles/other_program.h"
 #include "postings/books.h"
 
 // The archive is a file, and another program or the disk stands in the way of a save.
@@ -40,18 +41,16 @@ class OperatoreInAttesa final : public OperatorPort {
     std::function<void()> mAllAvviso;
 };
 
-class FileFaults : public testing::Test {
+class FaultsOnFile : public testing::Test {
   protected:
     void SetUp() override {
-        SOLO_SU_FILE("another program locks the file");
         gNomeModulo = "bBottegonClientVB";
         n.prodotto({.codice = "A", .listino1 = 10});
         vendi(conto, "A");
         prima = schermata(conto.vendita());
-        altro = SqliteConnection::apri(n.percorso(), errore);
-        ASSERT_TRUE(altro) << errore.descrizione.toStdString();
+        gAdo.chiudiConnessioniCalde();
     }
-    ~FileFaults() override { SqliteConnection::attesaMassima = mAttesa; }
+    ~FaultsOnFile() override { SqliteConnection::attesaMassima = mAttesa; }
 
     void venditaNeiLibri() {
         EXPECT_EQ(n.riga("SELECT COUNT(*), MAX(PROGRESSIVO), SUM(TOTDOCUMENTO) FROM Movimenti"), "1|1|12.2");
@@ -62,28 +61,26 @@ class FileFaults : public testing::Test {
     Negozio n;
     ContoDiProva& conto = n.apriConto();
     QStringList prima;
-    ErroreServer errore;
-    std::unique_ptr<SqliteConnection> altro;  // the other program
 
   private:
     const int mAttesa = SqliteConnection::attesaMassima;
 };
 
-TEST_F(FileFaults, ArchiveThatAnotherProgramKeepsIsSaidAndTheSaleStays) {
+TEST_F(FaultsOnFile, ArchiveThatAnotherProgramKeepsIsSaidAndTheSaleStays) {
     SqliteConnection::attesaMassima = 200;
-    ASSERT_TRUE(altro->eseguiNativo("BEGIN EXCLUSIVE"));
+    AltroProgramma altro(n.percorso(), {"BEGIN EXCLUSIVE"});
     n.operatore.attendiAvviso(inizio);
     conto.tasto(Qt::Key_F5);
     EXPECT_EQ(schermata(conto.vendita()), prima);
     EXPECT_EQ(n.operatore.attesa, QString());
-    ASSERT_TRUE(altro->eseguiNativo("ROLLBACK"));
+    altro.lascia();
     conto.tasto(Qt::Key_F5);
     venditaNeiLibri();
 }
 
-TEST_F(FileFaults, ArchiveThatIsBusyForAMomentIsWaitedForUnderANotice) {
-    ASSERT_TRUE(altro->eseguiNativo("BEGIN EXCLUSIVE"));
-    OperatoreInAttesa operatore([this] { EXPECT_TRUE(altro->eseguiNativo("COMMIT")); });
+TEST_F(FaultsOnFile, ArchiveThatIsBusyForAMomentIsWaitedForUnderANotice) {
+    AltroProgramma altro(n.percorso(), {"BEGIN EXCLUSIVE"});
+    OperatoreInAttesa operatore([&] { altro.lascia(); });
     conto.tasto(Qt::Key_F5);
     gAdo.impostaOperatore(&n.operatore);
     EXPECT_GT(operatore.mostrati, 0);
@@ -92,18 +89,14 @@ TEST_F(FileFaults, ArchiveThatIsBusyForAMomentIsWaitedForUnderANotice) {
 }
 
 // A reader does not stand in the way.
-TEST_F(FileFaults, ArchiveThatIsBeingReadTakesTheSale) {
-    ASSERT_TRUE(altro->eseguiNativo("BEGIN"));
-    Recordset righe;
-    ASSERT_TRUE(altro->eseguiNativo("SELECT * FROM Prodotti", &righe));
+TEST_F(FaultsOnFile, ArchiveThatIsBeingReadTakesTheSale) {
+    AltroProgramma altro(n.percorso(), {"BEGIN", "SELECT * FROM Prodotti"});
     conto.tasto(Qt::Key_F5);
-    ASSERT_TRUE(altro->eseguiNativo("ROLLBACK"));
+    altro.lascia();
     venditaNeiLibri();
 }
 
-TEST_F(FileFaults, ReadOnlyArchiveIsSaidAndTheSaleStays) {
-    altro.reset();
-    gAdo.chiudiConnessioniCalde();
+TEST_F(FaultsOnFile, ReadOnlyArchiveIsSaidAndTheSaleStays) {
     const QByteArray file = QFile::encodeName(n.percorso());
     ASSERT_EQ(chmod(file.constData(), 0444), 0);
     ASSERT_EQ(chmod(file.left(file.lastIndexOf('/')).constData(), 0755), 0);

@@ -295,8 +295,7 @@ void limitaPagine(const QString& quante) {
 
 }  // namespace
 
-TEST(SaveFaults, FullDiskIsSaidAndTheNextSaveWorks) {
-    SOLO_SU_FILE("the size of the file is limited");
+TEST(SaveFaultsOnFile, FullDiskIsSaidAndTheNextSaveWorks) {
     VenditaPronta s;
     // The row needs more pages than the archive may grow by.
     s.vendita().flxVB.scrivi(1, Colonna::Descrizione, QString(100000, 'x'));
@@ -315,8 +314,7 @@ TEST(SaveFaults, FullDiskIsSaidAndTheNextSaveWorks) {
     attendiVenditaNeiLibri(s);
 }
 
-TEST(SaveFaults, ArchiveThatIsGoneIsSaidAndTheSaleStays) {
-    SOLO_SU_FILE("the file is moved away");
+TEST(SaveFaultsOnFile, ArchiveThatIsGoneIsSaidAndTheSaleStays) {
     VenditaPronta s;
     const QStringList prima = schermata(s.vendita());
     s.n.operatore.attendiAvviso("cAdoSqlServer.Connect -> N/D");

@@ -160,9 +160,65 @@ TEST_F(MySqlTurn, ALockThatStaysFailsTheStatement) {
     ASSERT_TRUE(una->inizia());
     EXPECT_FALSE(una->eseguiNativo("UPDATE Prova SET N = 7", nullptr));
     EXPECT_EQ(una->errore().codice, 1205);
-    EXPECT_TRUE(una->inTransazione());
+    EXPECT_FALSE(una->inTransazione());
     EXPECT_TRUE(una->annulla());
     database.altro.esegui("ROLLBACK");
+}
+
+// ---- After the first error in a turn
+
+TEST_F(MySqlTurn, NothingRunsBehindAnErrorButTheRollback) {
+    ASSERT_TRUE(una->inizia());
+    esegui(*una, "INSERT INTO Prova (RID, N) VALUES (1, 0)");
+    QStringList inviate;
+    sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
+        inviate << sql;
+        return std::nullopt;
+    };
+    EXPECT_FALSE(una->eseguiNativo("INSERT INTO Prova (RID, N) VALUES (1, 0)", nullptr));
+    EXPECT_EQ(una->errore().codice, 1062);
+    EXPECT_FALSE(una->eseguiNativo("INSERT INTO Prova (RID, N) VALUES (2, 0)", nullptr));
+    EXPECT_FALSE(una->conferma());
+    EXPECT_TRUE(una->annulla());
+    sondaIstruzioni() = {};
+    ASSERT_GE(inviate.size(), 2);
+    EXPECT_EQ(inviate[0], "INSERT INTO Prova (RID, N) VALUES (1, 0)");
+    EXPECT_EQ(inviate[1], "ROLLBACK");
+    EXPECT_EQ(quanti(), 0);
+}
+
+// Only of a wait for a lock does the server promise that it left the transaction as it was.
+TEST_F(MySqlTurn, AChangedRowIsNotReadAgain) {
+    ASSERT_TRUE(una->inizia());
+    int tentativi = 0;
+    sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
+        if (!sql.startsWith("UPDATE")) return std::nullopt;
+        ++tentativi;
+        return ErroreServer{Classe::Conflitto, 1020, "Record has changed since last read", "prova"};
+    };
+    EXPECT_FALSE(una->eseguiNativo("UPDATE Prova SET N = 7", nullptr));
+    sondaIstruzioni() = {};
+    EXPECT_EQ(tentativi, 1);
+    EXPECT_EQ(una->errore().codice, 1020);
+    EXPECT_TRUE(una->annulla());
+}
+
+// A server may be told to undo the whole transaction with a wait that was in vain.
+TEST_F(MySqlTurn, AWaitThatTookTheTransactionAlongIsNotRepeated) {
+    ASSERT_TRUE(una->inizia());
+    esegui(*una, "INSERT INTO Prova (N) VALUES (1)");
+    int tentativi = 0;
+    sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
+        if (!sql.startsWith("UPDATE")) return std::nullopt;
+        if (++tentativi == 1) esegui(*una, "ROLLBACK");
+        return ErroreServer{Classe::Conflitto, 1205, "Lock wait timeout exceeded", "prova"};
+    };
+    EXPECT_FALSE(una->eseguiNativo("UPDATE Prova SET N = 7", nullptr));
+    sondaIstruzioni() = {};
+    EXPECT_EQ(tentativi, 1);
+    EXPECT_FALSE(una->inTransazione());
+    EXPECT_TRUE(una->annulla());
+    EXPECT_EQ(quanti(), 0);
 }
 
 TEST_F(MySqlTurn, AfterADeadlockNothingMoreIsWritten) {

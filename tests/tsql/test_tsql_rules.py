@@ -17,6 +17,9 @@ GIUSTE = (
     "WHERE ((P.DATA) IS NULL)",
     "SELECT FK_IVA, SUM(RID) AS S FROM Prodotti WHERE DATA = CAST(N'20260316' AS DATE) GROUP BY FK_IVA "
     "ORDER BY S",
+    "SELECT YEAR(DATA) AS ANNO, COUNT(*) AS N FROM Prodotti GROUP BY YEAR(DATA)",
+    "SELECT I.CODICE, S.N FROM Iva I LEFT JOIN (SELECT FK_IVA, COUNT(*) AS N FROM Prodotti GROUP BY FK_IVA) S "
+    "ON S.FK_IVA = I.RID",
     "SELECT DISTINCT TOP 3 CODICE FROM Iva ORDER BY CODICE",
     "SELECT CONCAT(REPLICATE(N'0', 5 - LEN(RID)), RID, N'/') AS N FROM Iva",
     "INSERT INTO Iva (CODICE, \"NOTE\") VALUES (N'22', (CAST(N'' AS NVARCHAR(MAX)) + N'a\\' + N'\nb'))",
@@ -26,6 +29,16 @@ GIUSTE = (
     "UPDATE Iva SET VALORE = N'22' WHERE CODICE = N'22' AND VALORE = 10",
     "INSERT INTO Iva (VALORE, CODICE) VALUES (N'4', 22)",
     "CREATE UNIQUE INDEX IX ON Iva (CODICE)",
+    "SET ANSI_NULLS, XACT_ABORT ON; SET NOCOUNT OFF; SET LOCK_TIMEOUT 1000",
+    "SET TRANSACTION ISOLATION LEVEL READ COMMITTED",
+    "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION",
+    "DECLARE @r INT; EXEC @r = sp_getapplock @Resource = N'Negozio', @LockMode = 'Exclusive', "
+    "@LockOwner = 'Session', @LockTimeout = 0; SELECT @r",
+    "SELECT @@TRANCOUNT, XACT_STATE()",
+    "SET IDENTITY_INSERT Iva ON",
+    "ALTER TABLE Iva WITH CHECK CHECK CONSTRAINT ALL",
+    "DBCC CHECKIDENT (N'Iva', RESEED, 12)",
+    "SELECT TABLE_NAME, COLUMN_NAME FROM INFORMATION_SCHEMA.COLUMNS",
 )
 
 SBAGLIATE = (
@@ -55,6 +68,9 @@ SBAGLIATE = (
     "SELECT RID FROM Prodotti P INNER JOIN Iva I",
     "SELECT SUM(VALORE), CODICE FROM Iva",
     "SELECT CODICE FROM Iva HAVING VALORE > 1",
+    "SELECT DATA, COUNT(*) AS N FROM Prodotti GROUP BY YEAR(DATA)",
+    "SELECT I.CODICE, S.M FROM Iva I LEFT JOIN (SELECT FK_IVA, COUNT(*) AS N FROM Prodotti GROUP BY FK_IVA) S "
+    "ON S.FK_IVA = I.RID",
     "SELECT FK_IVA FROM Prodotti GROUP BY FK_IVA ORDER BY DATA",
     "SELECT DISTINCT CODICE FROM Iva ORDER BY VALORE",
     "SELECT TOP 5 DISTINCT CODICE FROM Iva",
@@ -81,6 +97,16 @@ SBAGLIATE = (
     "CREATE INDEX IX ON Iva (NOTE)",
     "CREATE INDEX IX ON Iva (NOME)",
     "CREATE VIEW V AS SELECT RID FROM Iva",
+    "SET ANSI_NULL ON",
+    "SET LOCK_TIMEOUT",
+    "SET IDENTITY_INSERT Aliquote ON",
+    "IF @@TRANCOUNT > 0 COMMIT",
+    "DECLARE @r INT; EXEC @s = sp_getapplock @Resource = N'N', @LockMode = 'Exclusive', "
+    "@LockOwner = 'Session', @LockTimeout = 0; SELECT @r",
+    "EXEC @r = sp_getapplock @Resource = N'N', @LockMode = 'Exclusive', @LockOwner = 'Session', @LockTimeout = 0",
+    "ALTER TABLE Iva CHECK CONSTRAINT",
+    "DBCC CHECKIDENT ('Iva', RESEED, 12)",
+    "START TRANSACTION",
 )
 
 
@@ -101,6 +127,18 @@ class Regole(unittest.TestCase):
         for sql in SBAGLIATE:
             with self.subTest(sql):
                 self.assertNotEqual(list(difetti(sql, schema())), [])
+
+    def test_a_plain_text_is_taken_only_from_the_tool_and_without_accents(self):
+        attrezzo = schema()
+        attrezzo.attrezzo = True
+        self.assertEqual(list(difetti("SELECT RID FROM Iva WHERE CODICE = 'x'", attrezzo)), [])
+        self.assertNotEqual(list(difetti("SELECT RID FROM Iva WHERE CODICE = 'è'", attrezzo)), [])
+
+    def test_a_key_is_told_only_where_the_server_was_asked_to_take_it(self):
+        attrezzo = schema()
+        attrezzo.attrezzo = True
+        sql = "INSERT INTO Iva (RID, CODICE) VALUES (1, N'22')"
+        self.assertEqual(list(difetti(sql, attrezzo)), [])
 
     def test_a_batch_is_two_statements(self):
         lotto = "SET NOCOUNT ON DELETE FROM Iva SELECT SCOPE_IDENTITY() SET NOCOUNT OFF"

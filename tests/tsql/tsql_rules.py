@@ -5,6 +5,7 @@ import re
 from sqlglot import exp, parse
 from sqlglot.errors import ParseError
 
+import tsql_control
 import tsql_text
 import tsql_tree
 from tsql_schema import BYTE_TESTO, Schema
@@ -59,6 +60,9 @@ def difetti_ddl(sql, schema):
 
 def difetti(sql, schema):
     """Of what is sent as one text."""
+    if tsql_control.di_controllo(sql):
+        yield from tsql_control.difetti(sql, schema)
+        return
     if sql.startswith("CREATE "):
         yield from difetti_ddl(sql, schema)
         return

@@ -7,11 +7,24 @@ BYTE_TESTO = 8000
 BYTE_INDICE = 1700
 
 
+# What the server tells of itself, as far as the program asks.
+CATALOGO = {
+    "COLUMNS": {"TABLE_NAME": "NVARCHAR", "COLUMN_NAME": "NVARCHAR"},
+    "DATABASES": {"NAME": "NVARCHAR"},
+    "IDENTITY_COLUMNS": {"OBJECT_ID": "INT", "LAST_VALUE": "INT"},
+}
+
+
 class Schema:
     """Names are kept in upper case: the server compares them so."""
 
     def __init__(self):
-        self.tabelle = {}  # table name to its columns, each with its type as sqlglot tells it
+        self.tabelle = {
+            nome: {colonna: exp.DataType.build(tipo) for colonna, tipo in colonne.items()}
+            for nome, colonne in CATALOGO.items()
+        }  # table name to its columns, each with its type as sqlglot tells it
+        # The statements of the archive tool: they tell the keys of new rows, and their own plain texts.
+        self.attrezzo = False
         self.chiavi = {}  # table name to the column that the server numbers
 
     def crea(self, albero):

@@ -5,14 +5,14 @@ import re
 # A text of Unicode, a plain text, a quoted name, a word, a number, any other mark.
 PEZZI = re.compile(
     r"""(?P<unicode>N'(?:[^']|'')*')|(?P<testo>'(?:[^']|'')*')|(?P<nome>"(?:[^"]|"")*")"""
-    r"""|(?P<parola>[^\W\d]\w*)|(?P<numero>\d+(?:\.\d*)?(?:[eE][+-]?\d+)?|\.\d+)"""
+    r"""|(?P<parola>[^\W\d]\w*|@@(?:TRANCOUNT|SPID))|(?P<numero>\d+(?:\.\d*)?(?:[eE][+-]?\d+)?|\.\d+)"""
     r"""|(?P<vuoto>\s+)|(?P<segno>.)""",
     re.DOTALL,
 )
 
 FUNZIONI = {
-    "ABS", "AVG", "CAST", "CONCAT", "COUNT", "DATEADD", "GETDATE", "ISNULL", "LEN", "MAX", "MIN",
-    "REPLICATE", "SCOPE_IDENTITY", "SUM", "YEAR",
+    "ABS", "AVG", "CAST", "COALESCE", "CONCAT", "COUNT", "DATEADD", "GETDATE", "ISNULL", "LEN", "MAX", "MIN",
+    "OBJECT_ID", "REPLICATE", "SCOPE_IDENTITY", "SUBSTRING", "SUM", "XACT_STATE", "YEAR",
 }
 # Words that a bracket may follow without a call; types with a length among them.
 PRIMA_DI_PARENTESI = {
@@ -58,9 +58,9 @@ def argomenti(lista, parentesi):
     return 0 if vuota else virgole + 1
 
 
-def regola_segni(lista, _schema):
+def regola_segni(lista, schema):
     for i, (tipo, testo) in enumerate(lista):
-        if tipo == "testo":
+        if tipo == "testo" and not (schema.attrezzo and testo.isascii()):
             yield f"a text that is not Unicode: {testo[:40]}"
         if tipo == "segno" and testo not in SEGNI:
             yield f"the mark {testo}"

@@ -29,19 +29,31 @@ def regola_tabelle(albero, schema):
             yield f"no table {nome}"
 
 
+def derivate(albero):
+    """Alias of a query in the place of a table to the columns that it gives."""
+    return {
+        q.alias.upper(): {uscita.alias_or_name.upper() for uscita in q.this.expressions}
+        for q in albero.find_all(exp.Subquery)
+        if q.alias
+    }
+
+
 def regola_colonne(albero, schema):
-    note = tabelle(albero)
+    note, altre = tabelle(albero), derivate(albero)
+    un_livello = len(list(albero.find_all(exp.Select))) <= 1
     uscite = {a.alias.upper() for a in albero.find_all(exp.Alias)}
     for colonna in albero.find_all(exp.Column):
         nome, di = colonna.name.upper(), colonna.table.upper()
+        if nome.startswith("@@"):
+            continue
         if di:
-            if not schema.ha(note.get(di, ""), nome):
+            if nome not in altre.get(di, ()) and not schema.ha(note.get(di, ""), nome):
                 yield f"no column {di}.{nome}"
             continue
         possibili = [t for t in note.values() if schema.ha(t, nome)]
         if not possibili and not (nome in uscite and colonna.find_ancestor(exp.Order)):
             yield f"no column {nome}"
-        if len(possibili) > 1:
+        if len(possibili) > 1 and un_livello:
             yield f"column {nome} of several tables"
 
 
@@ -119,7 +131,8 @@ def regola_gruppi(albero, _schema):
         ammesse = {c.sql().upper() for c in gruppo.expressions} if gruppo else set()
         uscite = {a.alias.upper() for a in select.find_all(exp.Alias)}
         parti = [*select.expressions, *filter(None, (having, select.args.get("order")))]
-        for colonna in (c for parte in parti for c in senza_aggregati(parte)):
+        libere = [p for p in parti if p.unalias().sql().upper() not in ammesse]
+        for colonna in (c for parte in libere for c in senza_aggregati(parte)):
             if colonna.sql().upper() not in ammesse and colonna.sql().upper() not in uscite:
                 yield f"{colonna.sql()} is neither grouped nor aggregated"
 
@@ -142,7 +155,7 @@ def regola_insert(albero, schema):
     for colonna in colonne:
         if not schema.ha(tabella, colonna):
             yield f"no column {tabella}.{colonna}"
-        if schema.chiavi.get(tabella) == colonna.upper():
+        if not schema.attrezzo and schema.chiavi.get(tabella) == colonna.upper():
             yield f"{tabella}.{colonna} is given by the server"
     for riga in albero.args["expression"].expressions:
         if len(riga.expressions) != len(colonne):

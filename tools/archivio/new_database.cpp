@@ -19,8 +19,8 @@ const char* const tabellaMarchio = "BOTTEGONARCHIVIO";
     throw RunTimeError(RunTimeError::ErroreApplicazione, motivo);
 }
 
-QString apici(const QString& testo) {
-    return "'" + QString(testo).replace('\'', "''") + "'";
+QString apici(const QString& testo, int tipoServer) {
+    return (tipoServer == SqlServer ? "N'" : "'") + QString(testo).replace('\'', "''") + "'";
 }
 
 void creaSeManca(const NomeArchivio& nome) {
@@ -29,7 +29,7 @@ void creaSeManca(const NomeArchivio& nome) {
     ArchivioServer server(nome, ArchivioServer::Stato::SenzaDatabase);
     const QString presenti = mySql ? "SELECT COUNT(*) FROM INFORMATION_SCHEMA.SCHEMATA WHERE SCHEMA_NAME = "
                                    : "SELECT COUNT(*) FROM sys.databases WHERE name = ";
-    if (server.numero(presenti + apici(database)) > 0) return;
+    if (server.numero(presenti + apici(database, nome.tipoServer)) > 0) return;
     if (mySql) {
         server.esegui("CREATE DATABASE `" + QString(database).replace('`', "``") + "` CHARACTER SET utf8mb4");
     } else {
@@ -69,7 +69,7 @@ class DatabaseNuovo final : public NuovoArchivio {
 
     // Two makings of one archive would take the tables from under each other.
     void daSoli(const NomeArchivio& nome) {
-        const QString turno = apici(("bottegon-archivio " + nome.database()).left(60));
+        const QString turno = apici(("bottegon-archivio " + nome.database()).left(60), nome.tipoServer);
         const qint64 preso =
             mySql() ? mArchivio.numero("SELECT GET_LOCK(" + turno + ", 0)")
                     : 1 + mArchivio.numero("DECLARE @r INT; EXEC @r = sp_getapplock @Resource = " + turno +

@@ -21,7 +21,7 @@ QString chiaviDate(int tipoServer, const QString& tabella) {
                    tabella + "'";
         default:
             return "SELECT CASE WHEN last_value IS NULL THEN 0 ELSE CAST(last_value AS INT) END "
-                   "FROM sys.identity_columns WHERE object_id = OBJECT_ID('" +
+                   "FROM sys.identity_columns WHERE object_id = OBJECT_ID(N'" +
                    tabella + "')";
     }
 }
@@ -72,6 +72,6 @@ void impostaUltimaChiave(Archivio& archivio, const schema::Tabella& tabella, qin
                             " AUTO_INCREMENT = " + QString::number(chiave + 1));
             break;
         default:
-            archivio.esegui("DBCC CHECKIDENT ('" + tabella.nome + "', RESEED, " + numero + ")");
+            archivio.esegui("DBCC CHECKIDENT (N'" + tabella.nome + "', RESEED, " + numero + ")");
     }
 }
