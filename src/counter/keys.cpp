@@ -4,6 +4,7 @@
 
 #include "core/globals.h"
 #include "counter/accounts.h"
+#include "counter/badge.h"
 #include "counter/commands.h"
 #include "counter/fields.h"
 #include "sale/grid.h"
@@ -103,7 +104,13 @@ bool Form_KeyDown(Conto& conto, int tasto, int modificatori) {
 }
 
 bool Form_KeyPress(Conto& conto, QChar carattere, qint64 istante) {
-    if (gLaserChar.isEmpty() || carattere != gLaserChar[0]) return tastoDiRaffica(conto, carattere, istante);
+    const bool prefisso = !gLaserChar.isEmpty() && carattere == gLaserChar[0];
+    if (conto.badge && !prefisso) {
+        tastoDiBadge(conto, carattere);
+        return true;
+    }
+    if (!prefisso) return tastoDiRaffica(conto, carattere, istante);
+    badgeInterrotto(conto);
     TimerRaffica_Timer(conto);
     terminaCampo(conto);
     iniziaScansione(conto.vendita());

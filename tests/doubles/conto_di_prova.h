@@ -53,12 +53,17 @@ class ContoDiProva final : public Conto {
     void rispondeRicerca(const QString& risposta) {
         ricerche.emplace_back([risposta](const RichiestaRicerca&) { return risposta; });
     }
+    // What the operator enters in the dialogues that ask for a code, in order; each as it was opened. One
+    // that comes unexpected fails the test.
+    std::deque<QString> codiciVenditore;
+    std::vector<RichiestaVenditore> richiesteVenditore;
     // Sees each list as it is offered.
     std::function<void(Recordset& righe, const QString& colonne)> quandoOffre;
 
     // ---- Conto and SchermoVendita
     void mostra() override { ++mostrate; }
     void elimina() override { eliminato = true; }
+    QString codiceVenditore(const RichiestaVenditore& richiesta) override;
     OperatorPort& operatore() override { return mOperatore; }
     void fuoco(Campo& campo) override;
     void ridisegno(bool acceso) override { mRidisegniFermi += acceso ? -1 : 1; }

@@ -6,6 +6,7 @@
 
 #include "core/globals.h"
 #include "counter/ui/finestra_conti.h"
+#include "counter/ui/frmCodiceVenditore.h"
 #include "counter/ui/frmMain.h"
 #include "counter/ui/key_text.h"
 #include "data/gateway.h"
@@ -29,6 +30,12 @@ void premi(Qt::Key tasto, const QString& testo) {
         QKeyEvent evento(tipo, tasto, Qt::NoModifier, testo);
         QApplication::sendEvent(fuoco, &evento);
     }
+}
+
+// A badge answers the dialogue that asks for the operator.
+bool prendeIlDialogo(const QString& codice) {
+    auto* dialogo = qobject_cast<frmCodiceVenditore*>(QApplication::activeModalWidget());
+    return dialogo != nullptr && dialogo->scansione(codice);
 }
 
 }  // namespace
@@ -105,8 +112,8 @@ void ScansioniInAttesa::finePrefisso() {
 void ScansioniInAttesa::tieni() {
     mConPrefisso = false;
     mFinePrefisso.stop();
-    if (!mCodice.isEmpty()) mCoda << mCodice;
-    mCodice.clear();
+    const QString codice = std::exchange(mCodice, {});
+    if (!codice.isEmpty() && !prendeIlDialogo(codice)) mCoda << codice;
     if (!mCoda.isEmpty()) mRiprova.start();
 }
 

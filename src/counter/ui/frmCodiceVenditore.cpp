@@ -1,0 +1,112 @@
+#include "counter/ui/frmCodiceVenditore.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+
+#include "counter/ui/assembly.h"
+#include "counter/ui/style.h"
+#include "kit/CTastierino.h"
+#include "kit/ui/arrow_cursor.h"
+#include "kit/ui/campo_edit.h"
+#include "kit/ui/campo_widgets.h"
+#include "kit/ui/labels.h"
+#include "kit/ui/touch_keys.h"
+
+namespace {
+
+constexpr int larghezza = 420;
+constexpr int altezzaTasti = 260;
+constexpr int altezzaComando = 56;
+constexpr int margine = 16;
+
+QPushButton* comando(const char* nome, const QString& testo, const QString& aiuto, QWidget* padre) {
+    QPushButton* nuovo = pulsanteGrande(testo, nome, padre);
+    nuovo->setAccessibleName(aiuto);
+    nuovo->setToolTip(aiuto);
+    nuovo->setFocusPolicy(Qt::NoFocus);
+    nuovo->setAutoDefault(false);
+    nuovo->setMinimumHeight(altezzaComando);
+    return nuovo;
+}
+
+QWidget* tasti(QWidget* padre) {
+    QWidget* nuovi = tastierino([](const QString& tasto) { CTastierino().sendTasto(tasto); }, padre);
+    nuovi->setMinimumHeight(altezzaTasti);
+    for (auto* tasto : nuovi->findChildren<QPushButton*>()) {
+        tasto->setFont(carattereIngrandito(1.4));
+        tasto->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    }
+    return nuovi;
+}
+
+}  // namespace
+
+frmCodiceVenditore::frmCodiceVenditore(const RichiestaVenditore& richiesta, QWidget* padre)
+    : QDialog(padre, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      mRegole(richiesta),
+      mContenuto(costruisci()) {
+    setObjectName("frmCodiceVenditore");
+    setWindowTitle("Inserire il Codice  Operatore");
+    auto* cornice = new QVBoxLayout(this);
+    cornice->setContentsMargins(0, 0, 0, 0);
+    cornice->addWidget(mContenuto);
+    setFixedWidth(larghezza);
+    txtCodice->installEventFilter(this);
+    mRegole.osservaConferma([this] { accept(); });
+}
+
+frmCodiceVenditore::~frmCodiceVenditore() {
+    // The widgets show the rules' fields: they go before them.
+    delete mContenuto;
+}
+
+QWidget* frmCodiceVenditore::costruisci() {
+    auto* tutto = new QWidget(this);
+    auto* colonna = new QVBoxLayout(tutto);
+    colonna->setContentsMargins(margine, margine, margine, margine);
+    colonna->setSpacing(2 * spazio);
+
+    auto* casella = new CampoEdit(mRegole.txtCodice, &mRegole.casella, "Codice dell'operatore", tutto);
+    casella->setFont(carattereIngrandito(1.8));
+    casella->setPlaceholderText("Codice o badge");
+    casella->filtroTasti([this](QChar tasto) { return mRegole.tasto(tasto); });
+    txtCodice = casella;
+    auto* esito = new EtichettaElisa(tutto);
+    collega(mRegole.lblEsito, esito);
+    esito->setAccessibleName("Esito");
+
+    QPushButton* annulla = comando("cmdAnnulla", "ANNULLA", "Lascia l'operatore com'è (Esc)", tutto);
+    connect(annulla, &QPushButton::clicked, this, &QDialog::reject);
+    QPushButton* conferma = comando("cmdConferma", "CONFERMA", "Conferma il codice (Invio)", tutto);
+    conferma->setProperty(ruoli::proprieta, ruoli::principale);
+    connect(conferma, &QPushButton::clicked, this, &QDialog::accept);
+    auto* pulsanti = nuovaDisposizione<QHBoxLayout>(spazio);
+    pulsanti->addWidget(annulla);
+    pulsanti->addWidget(conferma, 1);
+
+    colonna->addWidget(casella);
+    colonna->addWidget(esito);
+    colonna->addWidget(tasti(tutto));
+    colonna->addLayout(pulsanti);
+    return tutto;
+}
+
+void frmCodiceVenditore::startMe() {
+    const FrecciaNormale freccia;
+    txtCodice->setFocus();
+    exec();
+}
+
+QString frmCodiceVenditore::codice() const {
+    return result() == Accepted ? mRegole.txtCodice.testo() : QString();
+}
+
+bool frmCodiceVenditore::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() == QEvent::FocusIn) mRegole.casella.gotFocus();
+    if (evento->type() == QEvent::FocusOut) mRegole.casella.lostFocus();
+    return QDialog::eventFilter(oggetto, evento);
+}
+
+void frmCodiceVenditore::closeEvent(QCloseEvent* evento) {
+    evento->ignore();
+}
