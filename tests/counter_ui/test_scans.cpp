@@ -1,80 +1,24 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTableView>
-#include <QTimer>
 
-#include "counter/ui/scan_queue.h"
-#include "counter_screen.h"
-#include "kit/ui/message_port.h"
+#include "counter_ui/window_shop.h"
 
 namespace {
 
 constexpr auto ean = "8001234567890";
 
-// The real window with real boxes, and a scanner in front of it.
-class Scans : public CounterScreen {
+class Scans : public WindowShop {
   protected:
-    Scans() {
-        negozio.prodotto({.codice = "CHIODO", .listino1 = 1.0, .barcode = "8009999999999"});
-        impostaFabbricaRiquadri();
-    }
+    Scans() { apriFinestra(); }
 
-    void impostaFabbricaRiquadri() {
-        finestra = std::make_unique<FinestraConti>("Bottegon");
-        porta.impostaGenitore(finestra.get());
-        impostaFabbricaConti([this](int indice) { return new frmMain(indice, *finestra, porta); });
-        finestra->setGeometry(QRect(0, 0, 1280, 800));
-        finestra->show();
-        getConto(0, false);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(finestra.get()));
-    }
-
-    // What a scanner sends, to whatever has the focus then.
-    void scansiona(const QString& codice, int passo = -1) const {
-        for (const QChar c : codice)
-            QTest::keyClicks(QApplication::focusWidget(), c, Qt::NoModifier, passo);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::NoModifier, passo);
-    }
-    // Runs while the next box stands; it must leave the box closed.
-    void conRiquadro(const std::function<void(QWidget&)>& gesto) {
-        auto* attesa = new QTimer(finestra.get());
-        attesa->setInterval(5);
-        QObject::connect(attesa, &QTimer::timeout, attesa, [attesa, gesto] {
-            QWidget* riquadro = QApplication::activeModalWidget();
-            if (riquadro == nullptr || !riquadro->isAncestorOf(QApplication::focusWidget())) return;
-            attesa->stop();
-            gesto(*riquadro);
-        });
-        attesa->start();
-    }
-    static void premi(QWidget& riquadro, const char* pulsante) {
-        auto* trovato = riquadro.findChild<QPushButton*>(pulsante);
-        ASSERT_NE(trovato, nullptr) << pulsante;
-        QTest::mouseClick(trovato, Qt::LeftButton);
-    }
-    QStringList codici() const {
-        QStringList testi;
-        for (int r = 1; r <= vendita().flxVB.ultima(); ++r) {
-            if (vendita().flxVB.viva(r)) testi << vendita().flxVB.cella(r, Colonna::Codice);
-        }
-        return testi;
-    }
-    void aspettaCodici(const QStringList& attesi) const {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return codici() == attesi; })) << codici().join(' ').toStdString();
-    }
-    QStringList coda() const {
-        return finestra->findChild<ScansioniInAttesa*>("ScansioniInAttesa")->inAttesa();
-    }
     // The row of the first product is to be deleted: a question.
     void chiediDiCancellare() {
         scansiona(QString("$") + ean);
         ASSERT_EQ(codici(), QStringList{"VITE"});
         tasto(Qt::Key_F9);
     }
-
-    QtOperatorPort porta;
 };
 
 TEST_F(Scans, FiftyCodesAMillisecondApartLoseNone) {
