@@ -62,7 +62,7 @@ TEST_F(OperatorDialogue, TheCloseBoxDoesNotCloseIt) {
 }
 
 TEST_F(OperatorDialogue, AnEmptyConfirmationLeavesTheOperator) {
-    conRiquadro([&](QWidget& dialogo) { premi(dialogo, "cmdConferma"); });
+    conRiquadro([&](QWidget&) { tasto(Qt::Key_Return); });
     apriDialogo();
     EXPECT_EQ(gIDVenditore, -1);
 }

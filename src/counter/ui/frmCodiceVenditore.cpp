@@ -3,7 +3,6 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 
-#include "counter/ui/assembly.h"
 #include "counter/ui/style.h"
 #include "kit/CTastierino.h"
 #include "kit/ui/arrow_cursor.h"
@@ -16,24 +15,12 @@ namespace {
 
 constexpr int larghezza = 420;
 constexpr int altezzaTasti = 260;
-constexpr int altezzaComando = 56;
 constexpr int margine = 16;
-
-QPushButton* comando(const char* nome, const QString& testo, const QString& aiuto, QWidget* padre) {
-    QPushButton* nuovo = pulsanteGrande(testo, nome, padre);
-    nuovo->setAccessibleName(aiuto);
-    nuovo->setToolTip(aiuto);
-    nuovo->setFocusPolicy(Qt::NoFocus);
-    nuovo->setAutoDefault(false);
-    nuovo->setMinimumHeight(altezzaComando);
-    return nuovo;
-}
 
 QWidget* tasti(QWidget* padre) {
     QWidget* nuovi = tastierino([](const QString& tasto) { CTastierino().sendTasto(tasto); }, padre);
     nuovi->setMinimumHeight(altezzaTasti);
     for (auto* tasto : nuovi->findChildren<QPushButton*>()) {
-        tasto->setFont(carattereIngrandito(1.4));
         tasto->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     }
     return nuovi;
@@ -75,19 +62,16 @@ QWidget* frmCodiceVenditore::costruisci() {
     collega(mRegole.lblEsito, esito);
     esito->setAccessibleName("Esito");
 
-    QPushButton* annulla = comando("cmdAnnulla", "ANNULLA", "Lascia l'operatore com'è (Esc)", tutto);
+    QPushButton* annulla = pulsanteGrande("ANNULLA", "cmdAnnulla", tutto);
+    annulla->setToolTip("Lascia l'operatore com'è (Esc)");
+    annulla->setFocusPolicy(Qt::NoFocus);
+    annulla->setAutoDefault(false);
     connect(annulla, &QPushButton::clicked, this, &QDialog::reject);
-    QPushButton* conferma = comando("cmdConferma", "CONFERMA", "Conferma il codice (Invio)", tutto);
-    conferma->setProperty(ruoli::proprieta, ruoli::principale);
-    connect(conferma, &QPushButton::clicked, this, &QDialog::accept);
-    auto* pulsanti = nuovaDisposizione<QHBoxLayout>(spazio);
-    pulsanti->addWidget(annulla);
-    pulsanti->addWidget(conferma, 1);
 
     colonna->addWidget(casella);
     colonna->addWidget(esito);
     colonna->addWidget(tasti(tutto));
-    colonna->addLayout(pulsanti);
+    colonna->addWidget(annulla);
     return tutto;
 }
 
