@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTableView>
 
@@ -13,6 +14,16 @@ class Scans : public WindowShop {
   protected:
     Scans() { apriFinestra(); }
 
+    // Keys as the window system queues them: the screen sees them when it looks at its events.
+    void arriva(const QString& tasti) const {
+        for (const QChar c : tasti) {
+            const int tasto = c == u'\r' ? int{Qt::Key_Return} : int{c.toUpper().unicode()};
+            for (const auto tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+                QCoreApplication::postEvent(finestra->windowHandle(),
+                                            new QKeyEvent(tipo, tasto, Qt::NoModifier, c));
+            }
+        }
+    }
     // The row of the first product is to be deleted: a question.
     void chiediDiCancellare() {
         scansiona(QString("$") + ean);
@@ -93,6 +104,42 @@ TEST_F(Scans, ScanThatRaisesAQuestionIsFollowedByThoseBehindIt) {
     aspettaCodici({"VITE", "NUOVO", "STAFFA"});
 }
 
+// ---- Keys that the window system has taken in and the screen has not seen yet
+
+TEST_F(Scans, AScanRightBehindOneThatRaisesAQuestionIsKept) {
+    const int nuovo = negozio.prodotto({.codice = "NUOVO", .listino1 = 3.0, .descrizione = "Nuovo"});
+    negozio.prodotto({.codice = "DISMESSO", .listino1 = 2.0, .barcode = "8007", .idSostituito = nuovo});
+    QStringList tenuti;
+    conRiquadro([&](QWidget& riquadro) {
+        tenuti = coda();
+        premi(riquadro, "cmdSi");
+    });
+    arriva("$DISMESSO\r$STAFFA\r$8009999999999\r");
+    aspettaCodici({"NUOVO", "STAFFA", "CHIODO"});
+    EXPECT_EQ(tenuti, (QStringList{"STAFFA", "8009999999999"}));
+    EXPECT_EQ(vendita().flxVB.cella(2, Colonna::Quantita), "1,00");
+}
+
+TEST_F(Scans, AScanDuringNotFoundKeepsTheNextOne) {
+    arriva("$999\r");
+    QTimer::singleShot(200, finestra.get(), [this] { arriva("$8009999999999\r$STAFFA\r"); });
+    aspettaCodici({"CHIODO", "STAFFA"});
+    EXPECT_EQ(vendita().lblMainDisplay.testo(), "4,27");
+}
+
+TEST_F(Scans, FiftyCodesThatCameAtOnceAreAllThere) {
+    QString tasti;
+    QStringList attesi;
+    for (int i = 0; i < 50; ++i) {
+        negozio.prodotto(
+            {.codice = QString("P%1").arg(i), .listino1 = 1.0, .barcode = QString::number(2000 + i)});
+        tasti += "$" + QString::number(2000 + i) + "\r";
+        attesi << QString("P%1").arg(i);
+    }
+    arriva(tasti);
+    aspettaCodici(attesi);
+}
+
 TEST_F(Scans, EnterOfAHandStillAnswersAQuestion) {
     bool aperto = false;
     conRiquadro([&](QWidget&) {
@@ -154,6 +201,15 @@ TEST_F(Scans, BurstWhileTheRowsHaveTheFocusIsARow) {
     widget("flxVB").setFocus();
     scansiona("8009999999999");
     EXPECT_EQ(codici(), (QStringList{"VITE", "CHIODO"}));
+}
+
+TEST_F(Scans, WhereTheDeskSaysSoABurstWithoutPrefixIsTyping) {
+    schermo().raffica.attiva = false;
+    scansiona(QString("$") + ean);
+    schermo().fuoco(vendita().txtQta);
+    scansiona("12345678");
+    EXPECT_EQ(codici(), QStringList{"VITE"});
+    EXPECT_NE(vendita().flxVB.cella(1, Colonna::Quantita), "1,00");
 }
 
 TEST_F(Scans, RowJustAddedIsInSight) {
