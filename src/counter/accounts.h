@@ -31,6 +31,8 @@ class Conto : public SchermoVendita {
     virtual void elimina() = 0;
     // The dialogue for the operator's code; empty when none was confirmed.
     virtual QString codiceVenditore(const RichiestaVenditore& richiesta) = 0;
+    // The options of the workstation.
+    virtual void mostraOpzioni() = 0;
 
     void premiComando(int comando) override;
     void premiOperatore() override;

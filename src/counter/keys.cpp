@@ -1,5 +1,6 @@
 #include "counter/keys.h"
 
+#include <QScopedValueRollback>
 #include <Qt>
 
 #include "core/globals.h"
@@ -68,6 +69,12 @@ bool cercaPerIlCampo(Conto& conto) {
     return true;
 }
 
+bool apriOpzioni(Conto& conto) {
+    const QScopedValueRollback aperta(gModaleAperta, true);
+    conto.mostraOpzioni();
+    return true;
+}
+
 bool fermaPassi(Conto& conto) {
     // A tap shorter than the timer still moves one row.
     if (!conto.passoFatto) TimerKeys_Timer(conto.vendita());
@@ -129,6 +136,7 @@ bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
         return true;
     }
     if (stato == Qt::ShiftModifier) return premi(conto, comandoConShift(tasto));
+    if (stato == Qt::ControlModifier && tasto == Qt::Key_F11) return apriOpzioni(conto);
     if (stato != Qt::NoModifier) return false;
     if (tasto == Qt::Key_F4) {
         spuntaCambiata(conto, v.chkCodiceProdotto, 1 - v.chkCodiceProdotto.valore());

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include "backoffice/ui/frmOpzioni.h"
 #include "core/errors.h"
 #include "core/numbers.h"
 #include "counter/badge.h"
@@ -81,6 +82,10 @@ QString frmMain::codiceVenditore(const RichiestaVenditore& richiesta) {
     frmCodiceVenditore finestra(richiesta, window());
     finestra.startMe();
     return finestra.codice();
+}
+
+void frmMain::mostraOpzioni() {
+    frmOpzioni(window()).startMe();
 }
 
 void frmMain::attivata() {

@@ -30,6 +30,7 @@ class frmMain final : public QWidget, public Conto {
     void mostra() override;
     void elimina() override;
     QString codiceVenditore(const RichiestaVenditore& richiesta) override;
+    void mostraOpzioni() override;
 
     // ---- SchermoVendita
     OperatorPort& operatore() override { return mOperatore; }
