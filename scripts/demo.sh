@@ -110,8 +110,9 @@ quantita() {
     premi Return
 }
 
+# togliRiga PICTURE DIGITS: a scan comes while the question is on its way up. It is kept until that is answered.
 togliRiga() {
-    premi F9
+    xdotool key --clearmodifiers --delay 0 F9 type --delay 1 --args 1 "\$$2" key --delay 0 Return
     aspetta "the question about the row" finestraDavanti '^Bottegon$'
     fotoFerma "$1"
     premi alt+s
@@ -138,7 +139,7 @@ venditaDimostrativa() {
     scansiona "$(codiceDemo $basilico)"
     scansiona "$(codiceDemo $pentola)"
     fotoFerma 2_rows
-    togliRiga 3_question
+    togliRiga 3_question "$(codiceDemo $martello)"
     fotoFerma 4_before_save
     premi F5
     aspetta "the saved sale in the archive" nuovaVendita
@@ -165,12 +166,12 @@ righeVendita() {
          /Totale vendita/ { print "Totale", $3 }'
 }
 
-# 2 x 5,32 + 13,11 + 3 x 3,27 with 22 % of VAT, 2,38 with 5 %, each row to the cent.
+# 2 x 5,32 + 2 x 13,11 + 3 x 3,27 with 22 % of VAT, 2,38 with 5 %, each row to the cent.
 righeAttese='VITI440 2,00
-MART500 1,00
+MART500 2,00
 LED10C 3,00
 BASIL14 1,00
-Totale 43,44'
+Totale 59,44'
 
 controllaArchivio() {
     local vendita righe

@@ -8,6 +8,7 @@
 #include "core/globals.h"
 #include "core/numbers.h"
 #include "core/value_helpers.h"
+#include "counter/badge.h"
 #include "counter/captions.h"
 #include "counter/commands.h"
 #include "counter/fields.h"
@@ -75,6 +76,13 @@ Conto& nuovoConto(int indice) {
     return *conto;
 }
 
+// Where every sale needs an operator, a screen without one does not stay.
+void pretendiVenditore(Conto& conto) {
+    if (gVenditoriObbligatori != 1) return;
+    if (gIDVenditore < 1) conto.premiOperatore();
+    if (conto.vendita().lblVenditore.chiave() <= 0) conto.scarica();
+}
+
 Conto* contoDavanti() {
     for (const ContoAperto& conto : gConti) {
         if (conto) return conto.get();
@@ -92,7 +100,13 @@ void Conto::premiComando(int comando) {
     cmdComando_Click(*this, comando);
 }
 
-void Conto::premiOperatore() {}
+void Conto::premiOperatore() {
+    cmdOperatore_Click(*this);
+}
+
+void Conto::leggiBadge() {
+    iniziaBadge(*this);
+}
 
 Vendita* Conto::apriNuovoConto(const QString& codiceCliente) {
     if (!controlloDataMovimento(mVendita)) return nullptr;
@@ -155,11 +169,11 @@ void startMe(Conto& conto, int nuovo, int ridVendita, int idPagamento) {
     setNuovoPagamento(v, idPagamento > 0 ? idPagamento : gCausalePagVb);
     v.txtCodCliente.tag(QString::number(gClientePredefinito));
     formattaGriglia(v);
-    v.lblVenditore.tag(QString::number(gIDVenditore));
-    v.lblVenditore.testo(gDescVenditore);
+    mostraVenditore(v);
     conto.mostra();
     if (nuovo < 0) nuovoDocumento(v);
     if (!v.inChiusura && ridVendita > 0) showVendita(v, ridVendita, -1, 1, -1);
+    if (!v.inChiusura) pretendiVenditore(conto);
 }
 
 bool attivaConto(Conto& conto) {
@@ -170,6 +184,8 @@ bool attivaConto(Conto& conto) {
                                                   std::nullopt);
     }
     v.cmdConto[static_cast<size_t>(v.indice)].colori(coloreContoCorrente, std::nullopt);
+    // Another account may have changed the operator, who is the same for all.
+    mostraVenditore(v);
     return !gModaleAperta;
 }
 

@@ -3,8 +3,10 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "counter/key_burst.h"
+#include "counter/operator_entry.h"
 #include "sale/schermo.h"
 #include "sale/vendita.h"
 
@@ -21,13 +23,20 @@ class Conto : public SchermoVendita {
     bool passoFatto = false;
     // Keys that come as fast as a scanner's.
     RafficaTasti raffica;
+    // The code of the badge that is being scanned, as far as it has come; nothing when none is.
+    std::optional<QString> badge;
     // Shows the screen, in front of the others.
     virtual void mostra() = 0;
     // The screen's end: the object goes as soon as no procedure of its own is running.
     virtual void elimina() = 0;
+    // The dialogue for the operator's code; empty when none was confirmed.
+    virtual QString codiceVenditore(const RichiestaVenditore& richiesta) = 0;
+    // The options of the workstation.
+    virtual void mostraOpzioni() = 0;
 
     void premiComando(int comando) override;
     void premiOperatore() override;
+    void leggiBadge() override;
     Vendita* apriNuovoConto(const QString& codiceCliente) override;
     void scarica() override;
 

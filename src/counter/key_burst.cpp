@@ -74,5 +74,5 @@ void scansiona(Conto& conto, const QString& codice) {
     terminaCampo(conto);
     iniziaScansione(v);
     v.txtCodProdotto.testo(codice);
-    txtCodProdotto_KeyPress(v, u'\r');
+    tastoInCampo(conto, v.txtCodProdotto, u'\r');
 }

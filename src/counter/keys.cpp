@@ -1,9 +1,11 @@
 #include "counter/keys.h"
 
+#include <QScopedValueRollback>
 #include <Qt>
 
 #include "core/globals.h"
 #include "counter/accounts.h"
+#include "counter/badge.h"
 #include "counter/commands.h"
 #include "counter/fields.h"
 #include "sale/grid.h"
@@ -67,6 +69,12 @@ bool cercaPerIlCampo(Conto& conto) {
     return true;
 }
 
+bool apriOpzioni(Conto& conto) {
+    const QScopedValueRollback aperta(gModaleAperta, true);
+    conto.mostraOpzioni();
+    return true;
+}
+
 bool fermaPassi(Conto& conto) {
     // A tap shorter than the timer still moves one row.
     if (!conto.passoFatto) TimerKeys_Timer(conto.vendita());
@@ -103,7 +111,13 @@ bool Form_KeyDown(Conto& conto, int tasto, int modificatori) {
 }
 
 bool Form_KeyPress(Conto& conto, QChar carattere, qint64 istante) {
-    if (gLaserChar.isEmpty() || carattere != gLaserChar[0]) return tastoDiRaffica(conto, carattere, istante);
+    const bool prefisso = !gLaserChar.isEmpty() && carattere == gLaserChar[0];
+    if (conto.badge && !prefisso) {
+        tastoDiBadge(conto, carattere);
+        return true;
+    }
+    if (!prefisso) return tastoDiRaffica(conto, carattere, istante);
+    badgeInterrotto(conto);
     TimerRaffica_Timer(conto);
     terminaCampo(conto);
     iniziaScansione(conto.vendita());
@@ -122,6 +136,7 @@ bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
         return true;
     }
     if (stato == Qt::ShiftModifier) return premi(conto, comandoConShift(tasto));
+    if (stato == Qt::ControlModifier && tasto == Qt::Key_F11) return apriOpzioni(conto);
     if (stato != Qt::NoModifier) return false;
     if (tasto == Qt::Key_F4) {
         spuntaCambiata(conto, v.chkCodiceProdotto, 1 - v.chkCodiceProdotto.valore());

@@ -25,12 +25,12 @@ QString condizioneChiave(int rid) {
     return "RID = " + QString::number(rid);
 }
 
-// `altriCampi` takes what else the row holds.
-void valida(const Archivio& archivio, const QString& condizione, QString& codice, QString& descrizione,
-            int& rid, const std::function<void(const Recordset&)>& altriCampi = {}) {
+// `condizione` makes the text behind WHERE of code and key. `altriCampi` takes what else the row holds.
+void valida(const Archivio& archivio, QString (*condizione)(const QString& codice, int rid), QString& codice,
+            QString& descrizione, int& rid, const std::function<void(const Recordset&)>& altriCampi = {}) {
     protetto(gNomeModulo, archivio.procedura, [&] {
         {
-            const Lettura riga(archivio.testa + condizione, sorgente(archivio.procedura));
+            const Lettura riga(archivio.testa + condizione(codice, rid), sorgente(archivio.procedura));
             if (!riga) return;
             if (!riga->eof()) {
                 codice = riga->testo(archivio.codice);
@@ -43,11 +43,14 @@ void valida(const Archivio& archivio, const QString& condizione, QString& codice
     });
 }
 
+QString condizioneCodice(const QString& codice, int rid) {
+    return codice.isEmpty() ? condizioneChiave(rid) : "CODICE = " + testoSQL(codice);
+}
+
 void validaCodice(const char* procedura, const char* tabella, QString& codice, QString& descrizione,
                   int& rid) {
-    const QString condizione = codice.isEmpty() ? condizioneChiave(rid) : "CODICE = " + testoSQL(codice);
-    valida({procedura, QString("SELECT RID, CODICE, DESCRIZIONE FROM ") + tabella + " WHERE "}, condizione,
-           codice, descrizione, rid);
+    valida({procedura, QString("SELECT RID, CODICE, DESCRIZIONE FROM ") + tabella + " WHERE "},
+           condizioneCodice, codice, descrizione, rid);
 }
 
 QString condizioneAnagrafica(const QString& codice, int rid) {
@@ -107,7 +110,7 @@ void validaPagamento(QString& codice, QString& descrizione, int& rid) {
 void validaAnagrafica(QString& codice, QString& descrizione, int& rid) {
     valida({"validaCliente", "SELECT RID, NUMERO, DENOMINAZIONE FROM Anagrafiche WHERE ", "NUMERO",
             "DENOMINAZIONE"},
-           condizioneAnagrafica(codice, rid), codice, descrizione, rid);
+           condizioneAnagrafica, codice, descrizione, rid);
 }
 
 void validaProdottoEsteso(QString& codice, QString& descrizione, int& rid, double& valoreIva,
@@ -117,7 +120,7 @@ void validaProdottoEsteso(QString& codice, QString& descrizione, int& rid, doubl
          "SELECT P.RID, P.CODICE, P.DESCRIZIONE AS DESCPRODOTTO, I.CODICE AS CODIVA, I.VALORE AS VALOREIVA "
          "FROM Prodotti P LEFT JOIN Iva I ON P.FK_Iva = I.RID WHERE ",
          "CODICE", "DESCPRODOTTO", OperatorPort::Icona::Esclamazione},
-        condizioneProdotto(codice, rid), codice, descrizione, rid, [&](const Recordset& riga) {
+        condizioneProdotto, codice, descrizione, rid, [&](const Recordset& riga) {
             if (riga.campo("VALOREIVA").isNull()) return;
             valoreIva = riga.reale("VALOREIVA");
             codIva = riga.testo("CODIVA");

@@ -35,7 +35,7 @@ Ricerca::Ricerca(RichiestaRicerca richiesta, OperatorPort& operatore)
     lblEsito.colori(std::nullopt, testoEsito);
     casella.txtBGColor(coloreTesto);
     casella.txtGotFocusColor(coloreFuoco);
-    scegliColonna(colonnaPredefinita);
+    cercaInColonna(colonnaPredefinita);
     cmdInvio();
 }
 
@@ -90,7 +90,7 @@ Ricerca::Riga Ricerca::rigaDa(const Recordset& record) const {
 }
 
 Ricerca::Esito Ricerca::fillGrid(int direzione, const QString& valore) {
-    mDomanda = domanda();
+    if (direzione == PaginaPrima) mDomanda = domanda();
     return protetto(
         modulo, "fillGrid", [&] { return leggiPagina(direzione, valore); }, Esito::Fallita);
 }
@@ -114,6 +114,7 @@ Ricerca::Esito Ricerca::leggiPagina(int direzione, const QString& valore) {
     mRighe = std::move(righe);
     mRigaCorrente = 1;
     mFineLista = false;
+    pctNessuna.visibile(false);
     if (mNuovaPagina) mNuovaPagina();
     return Esito::Trovate;
 }
@@ -125,6 +126,7 @@ bool Ricerca::sfoglia(int direzione, const QString& valore) {
     if (esito == Esito::Vuota) {
         pctNessuna.visibile(true);
         casella.selezionaTutto();
+        if (mNessuna) mNessuna();
     }
     return esito == Esito::Trovate;
 }
@@ -158,11 +160,18 @@ void Ricerca::cercaDalVivo() {
                                          : QString());
 }
 
+bool Ricerca::righeDelTesto() {
+    if (!mDalVivo || mDomanda == domanda()) return true;
+    cercaDalVivo();
+    return mDalVivo && lblEsito.testo().isEmpty();
+}
+
 void Ricerca::cmdSu() {
-    if (righe() > 0) sfoglia(PaginaPrecedente, cella(1, colonnaChiave()));
+    if (righeDelTesto() && righe() > 0) sfoglia(PaginaPrecedente, cella(1, colonnaChiave()));
 }
 
 void Ricerca::cmdDown() {
+    if (!righeDelTesto()) return;
     sfoglia(PaginaSuccessiva,
             righe() > 0 ? cella(righe(), colonnaChiave()) : colonna(colonnaChiave()).titolo);
 }
@@ -185,8 +194,15 @@ void Ricerca::cambiaOvunque() {
     chkCodiceProdotto.valore(1 - chkCodiceProdotto.valore());
 }
 
+bool Ricerca::cercabile(int colonna) const {
+    return colonna >= primaColonna && colonna < colonne() && haCampo(mRichiesta.sql, colonna);
+}
+
 void Ricerca::scegliColonna(int numero) {
-    if (numero < primaColonna || numero >= colonne()) return;
+    if (cercabile(numero)) cercaInColonna(numero);
+}
+
+void Ricerca::cercaInColonna(int numero) {
     lblDesc.tag(QString::number(numero));
     lblDesc.testo(colonna(numero).titolo);
 }
@@ -194,7 +210,7 @@ void Ricerca::scegliColonna(int numero) {
 // ---- Rows
 
 void Ricerca::freccia(bool giu) {
-    if (righe() == 0) return;
+    if (!righeDelTesto() || righe() == 0) return;
     const int bordo = giu ? righe() : 1;
     if (mRigaCorrente != bordo) {
         mRigaCorrente += giu ? 1 : -1;
@@ -213,6 +229,10 @@ void Ricerca::segna(int riga) {
     if (!mMultiSel || riga < 1 || riga > righe()) return;
     Riga& questa = mRighe[static_cast<size_t>(riga - 1)];
     questa.segnata = !questa.segnata;
+}
+
+std::optional<QString> Ricerca::cmdSelect() {
+    return righeDelTesto() ? std::optional(scelti()) : std::nullopt;
 }
 
 QString Ricerca::scelti() const {

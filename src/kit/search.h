@@ -47,11 +47,17 @@ class Ricerca {
     int rigaCorrente() const { return mRigaCorrente; }
     void rigaCorrente(int riga);
     int colonnaRicerca() const;
+    // Typed text can narrow that column: the caller's SELECT has a field behind it.
+    bool cercabile(int colonna) const;
     bool nuovoAmmesso() const { return mRichiesta.nuovo; }
-    // Called when the rows are others.
-    void osserva(std::function<void()> nuovaPagina) { mNuovaPagina = std::move(nuovaPagina); }
+    // Called when the rows are others, and whenever the notice of an empty result comes up.
+    void osserva(std::function<void()> nuovaPagina, std::function<void()> nessuna = {}) {
+        mNuovaPagina = std::move(nuovaPagina);
+        mNessuna = std::move(nessuna);
+    }
 
-    // ---- Commands
+    // ---- Commands. Those that act on rows first ask what was typed and not asked yet; where that finds
+    // nothing they do nothing, since the rows in sight are not those of the text.
     // A key in txtRicerca as it goes on to the box; Enter asks.
     std::optional<QChar> tastoNelTesto(QChar tasto);
     // Asks the typed text anew, from the first page.
@@ -59,6 +65,8 @@ class Ricerca {
     // As cmdInvio while typing goes on: what finds nothing says so without the notice, and what was typed
     // stays unselected. Nothing happens when the text was asked already.
     void cercaDalVivo();
+    // Runs the live query that is due. False when it found nothing or failed: the rows in sight are others.
+    bool righeDelTesto();
     void cmdSu();
     void cmdDown();
     void cmdNuovo();
@@ -66,13 +74,16 @@ class Ricerca {
     // A key of the on-screen keyboard.
     void tasto(const QString& didascalia);
     void cambiaOvunque();
-    // The column that typed text narrows; nothing happens when the grid has no such column.
+    // The column that typed text narrows; nothing happens when the grid has no such column, or no field is
+    // behind it.
     void scegliColonna(int colonna);
     // One row up or down; at the edge the first time stays, the next turns the page.
     void freccia(bool giu);
     // Toggles the mark of a row.
     void segna(int riga);
-    // The keys chosen, each followed by "|".
+    // The choice is made: the keys chosen, each followed by "|"; empty when no row is current. Nothing when
+    // the rows are not those of the text.
+    std::optional<QString> cmdSelect();
     QString scelti() const;
 
   private:
@@ -89,6 +100,7 @@ class Ricerca {
     // A page that the operator asked for: one that is empty leaves the grid and puts the notice up. True when
     // rows came.
     bool sfoglia(int direzione, const QString& valore);
+    void cercaInColonna(int colonna);
     void giraPagina(bool giu);
     // What a page is asked for: text, field and wildcard.
     QString domanda() const;
@@ -101,7 +113,8 @@ class Ricerca {
     std::vector<Riga> mRighe;
     int mRigaCorrente = 0;
     bool mFineLista = false;
-    QString mDomanda;      // of the last page
+    QString mDomanda;      // of the last first page
     bool mDalVivo = true;  // live queries go on
     std::function<void()> mNuovaPagina;
+    std::function<void()> mNessuna;
 };

@@ -17,9 +17,13 @@ QString finoA(const QString& testo, const QString& segno) {
 
 }  // namespace
 
+bool haCampo(const QString& sql, int colonna) {
+    return colonna >= 1 && colonna <= sql.count(u',') + 1;
+}
+
 QString getNomeCampo(const QString& sql, int colonna) {
+    if (!haCampo(sql, colonna)) return {};
     const QStringList pezzi = sql.split(',');
-    if (colonna < 1 || colonna > pezzi.size()) return {};
     QString campo = gAdo.getPartSQLByTipoServer(pezzi[colonna - 1].trimmed());
     for (const char* segno : {" AS ", " FROM "}) {
         campo = finoA(campo, segno);

@@ -6,7 +6,8 @@
 // work on the neutral dialect: an expression with a plain comma in it breaks the numbering of the columns.
 
 // The database field behind a grid column: piece `colonna` - 1 of the SELECT between commas, without its
-// alias and adapted to the server in force; empty when there is no such piece.
+// alias and adapted to the server in force; empty when there is no such piece (haCampo).
+bool haCampo(const QString& sql, int colonna);
 QString getNomeCampo(const QString& sql, int colonna);
 
 // Which page: 1 the one before `valore`, 2 the one behind it, anything else the first.

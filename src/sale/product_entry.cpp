@@ -68,7 +68,7 @@ bool tesseraOBadge(Vendita& v, QChar tasto) {
     }
     if (!gVenditoreChar.isEmpty() && tasto == gVenditoreChar[0]) {
         v.mDaLaser = false;
-        v.schermo.premiOperatore();
+        v.schermo.leggiBadge();
         return true;
     }
     return false;

@@ -17,6 +17,7 @@ class SchermoVendita {
         Fido,     // blink of the credit limit's alarm
         Segnala,  // blink of the customer flag
         Raffica,  // one shot: keys at the speed of a scanner have stopped
+        Badge,    // one shot: the keys of an operator's badge have stopped
     };
 
     virtual ~SchermoVendita() = default;
@@ -39,6 +40,8 @@ class SchermoVendita {
     // The commands of the screen and the other accounts, which stand a floor above the sale.
     virtual void premiComando(int comando) = 0;
     virtual void premiOperatore() = 0;
+    // A scanned badge has begun: the code of an operator follows.
+    virtual void leggiBadge() = 0;
     // Opens a further account for that customer code, or without a customer when it is empty; nothing when
     // all are taken.
     virtual Vendita* apriNuovoConto(const QString& codiceCliente) = 0;

@@ -136,6 +136,18 @@ TEST_F(Keys, CursorKeysOnAnEmptySaleDoNothing) {
     EXPECT_EQ(c.vendita().flxVB.righe(), 1);
 }
 
+TEST_F(Keys, CtrlF11OpensTheOptionsAndNothingElse) {
+    ContoDiProva& c = n.apriConto();
+    c.tasto(Qt::Key_F11, Qt::ControlModifier);
+    EXPECT_EQ(c.opzioniMostrate, 1);
+    EXPECT_TRUE(c.ricercheAperte.empty());
+    for (const int tasto : {Qt::Key_F2, Qt::Key_F8, Qt::Key_F10}) {
+        c.tasto(tasto, Qt::ControlModifier);
+    }
+    EXPECT_FALSE(c.eliminato);
+    EXPECT_FALSE(gConti[1]);
+}
+
 TEST_F(Keys, F10ClosesOnlyItsOwnScreen) {
     n.apriConto(0);
     ContoDiProva& c = n.apriConto(1);

@@ -1,71 +1,28 @@
 #include <QApplication>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTableView>
-#include <QTimer>
 
-#include "counter/ui/scan_queue.h"
-#include "counter_screen.h"
-#include "kit/ui/message_port.h"
+#include "counter_ui/window_shop.h"
 
 namespace {
 
 constexpr auto ean = "8001234567890";
 
-// The real window with real boxes, and a scanner in front of it.
-class Scans : public CounterScreen {
+class Scans : public WindowShop {
   protected:
-    Scans() {
-        negozio.prodotto({.codice = "CHIODO", .listino1 = 1.0, .barcode = "8009999999999"});
-        impostaFabbricaRiquadri();
-    }
+    Scans() { apriFinestra(); }
 
-    void impostaFabbricaRiquadri() {
-        finestra = std::make_unique<FinestraConti>("Bottegon");
-        porta.impostaGenitore(finestra.get());
-        impostaFabbricaConti([this](int indice) { return new frmMain(indice, *finestra, porta); });
-        finestra->setGeometry(QRect(0, 0, 1280, 800));
-        finestra->show();
-        getConto(0, false);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(finestra.get()));
-    }
-
-    // What a scanner sends, to whatever has the focus then.
-    void scansiona(const QString& codice, int passo = -1) const {
-        for (const QChar c : codice)
-            QTest::keyClicks(QApplication::focusWidget(), c, Qt::NoModifier, passo);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::NoModifier, passo);
-    }
-    // Runs while the next box stands; it must leave the box closed.
-    void conRiquadro(const std::function<void(QWidget&)>& gesto) {
-        auto* attesa = new QTimer(finestra.get());
-        attesa->setInterval(5);
-        QObject::connect(attesa, &QTimer::timeout, attesa, [attesa, gesto] {
-            QWidget* riquadro = QApplication::activeModalWidget();
-            if (riquadro == nullptr || !riquadro->isAncestorOf(QApplication::focusWidget())) return;
-            attesa->stop();
-            gesto(*riquadro);
-        });
-        attesa->start();
-    }
-    static void premi(QWidget& riquadro, const char* pulsante) {
-        auto* trovato = riquadro.findChild<QPushButton*>(pulsante);
-        ASSERT_NE(trovato, nullptr) << pulsante;
-        QTest::mouseClick(trovato, Qt::LeftButton);
-    }
-    QStringList codici() const {
-        QStringList testi;
-        for (int r = 1; r <= vendita().flxVB.ultima(); ++r) {
-            if (vendita().flxVB.viva(r)) testi << vendita().flxVB.cella(r, Colonna::Codice);
+    // Keys as the window system queues them: the screen sees them when it looks at its events.
+    void arriva(const QString& tasti) const {
+        for (const QChar c : tasti) {
+            const int tasto = c == u'\r' ? int{Qt::Key_Return} : int{c.toUpper().unicode()};
+            for (const auto tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+                QCoreApplication::postEvent(finestra->windowHandle(),
+                                            new QKeyEvent(tipo, tasto, Qt::NoModifier, c));
+            }
         }
-        return testi;
-    }
-    void aspettaCodici(const QStringList& attesi) const {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return codici() == attesi; })) << codici().join(' ').toStdString();
-    }
-    QStringList coda() const {
-        return finestra->findChild<ScansioniInAttesa*>("ScansioniInAttesa")->inAttesa();
     }
     // The row of the first product is to be deleted: a question.
     void chiediDiCancellare() {
@@ -73,8 +30,6 @@ class Scans : public CounterScreen {
         ASSERT_EQ(codici(), QStringList{"VITE"});
         tasto(Qt::Key_F9);
     }
-
-    QtOperatorPort porta;
 };
 
 TEST_F(Scans, FiftyCodesAMillisecondApartLoseNone) {
@@ -149,6 +104,42 @@ TEST_F(Scans, ScanThatRaisesAQuestionIsFollowedByThoseBehindIt) {
     aspettaCodici({"VITE", "NUOVO", "STAFFA"});
 }
 
+// ---- Keys that the window system has taken in and the screen has not seen yet
+
+TEST_F(Scans, AScanRightBehindOneThatRaisesAQuestionIsKept) {
+    const int nuovo = negozio.prodotto({.codice = "NUOVO", .listino1 = 3.0, .descrizione = "Nuovo"});
+    negozio.prodotto({.codice = "DISMESSO", .listino1 = 2.0, .barcode = "8007", .idSostituito = nuovo});
+    QStringList tenuti;
+    conRiquadro([&](QWidget& riquadro) {
+        tenuti = coda();
+        premi(riquadro, "cmdSi");
+    });
+    arriva("$DISMESSO\r$STAFFA\r$8009999999999\r");
+    aspettaCodici({"NUOVO", "STAFFA", "CHIODO"});
+    EXPECT_EQ(tenuti, (QStringList{"STAFFA", "8009999999999"}));
+    EXPECT_EQ(vendita().flxVB.cella(2, Colonna::Quantita), "1,00");
+}
+
+TEST_F(Scans, AScanDuringNotFoundKeepsTheNextOne) {
+    arriva("$999\r");
+    QTimer::singleShot(200, finestra.get(), [this] { arriva("$8009999999999\r$STAFFA\r"); });
+    aspettaCodici({"CHIODO", "STAFFA"});
+    EXPECT_EQ(vendita().lblMainDisplay.testo(), "4,27");
+}
+
+TEST_F(Scans, FiftyCodesThatCameAtOnceAreAllThere) {
+    QString tasti;
+    QStringList attesi;
+    for (int i = 0; i < 50; ++i) {
+        negozio.prodotto(
+            {.codice = QString("P%1").arg(i), .listino1 = 1.0, .barcode = QString::number(2000 + i)});
+        tasti += "$" + QString::number(2000 + i) + "\r";
+        attesi << QString("P%1").arg(i);
+    }
+    arriva(tasti);
+    aspettaCodici(attesi);
+}
+
 TEST_F(Scans, EnterOfAHandStillAnswersAQuestion) {
     bool aperto = false;
     conRiquadro([&](QWidget&) {
@@ -210,6 +201,15 @@ TEST_F(Scans, BurstWhileTheRowsHaveTheFocusIsARow) {
     widget("flxVB").setFocus();
     scansiona("8009999999999");
     EXPECT_EQ(codici(), (QStringList{"VITE", "CHIODO"}));
+}
+
+TEST_F(Scans, WhereTheDeskSaysSoABurstWithoutPrefixIsTyping) {
+    schermo().raffica.attiva = false;
+    scansiona(QString("$") + ean);
+    schermo().fuoco(vendita().txtQta);
+    scansiona("12345678");
+    EXPECT_EQ(codici(), QStringList{"VITE"});
+    EXPECT_NE(vendita().flxVB.cella(1, Colonna::Quantita), "1,00");
 }
 
 TEST_F(Scans, RowJustAddedIsInSight) {

@@ -90,6 +90,7 @@ struct VoceRicerca {
     const char* nome;
     Ricerca ricerca;
     const char* tabella;
+    const char* procedura;  // as it reports
 };
 
 class EachLookup : public testing::TestWithParam<VoceRicerca> {};
@@ -111,22 +112,35 @@ TEST_P(EachLookup, ReadsItsOwnTableByCodeAndByKey) {
     EXPECT_TRUE(gAdo.getLastSQLCommand().endsWith("WHERE RID = 5"));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, EachLookup,
-                         testing::Values(VoceRicerca{"aspetto", validaAspetto, "AspettoEsteriore"},
-                                         VoceRicerca{"magazzino", validaMagazzino, "Magazzini"},
-                                         VoceRicerca{"tipoDocumento", ValidaTipoDocumento, "TipoDocumenti"},
-                                         VoceRicerca{"conto", ValidaConto, "PianoConti"},
-                                         VoceRicerca{"causale", valisaCausale, "Causali"},
-                                         VoceRicerca{"causaleTrasporto", validaCausaleTrasporto,
-                                                     "CausaliTrasporto"},
-                                         VoceRicerca{"categoria", validaCategoria, "CategorieMerceologiche"},
-                                         VoceRicerca{"documento", validaDocumento, "TipoDocumenti"},
-                                         VoceRicerca{"gruppo", validaGruppo, "Gruppi"},
-                                         VoceRicerca{"marca", validaMarca, "Marche"},
-                                         VoceRicerca{"spedizione", validaSpedizione, "Spedizioni"},
-                                         VoceRicerca{"venditore", validaVenditore, "Venditori"},
-                                         VoceRicerca{"pagamento", validaPagamento, "Pagamenti"}),
-                         [](const auto& voce) { return voce.param.nome; });
+TEST_P(EachLookup, ReportsAsItselfAndLeavesTheKey) {
+    ArchivioDiProva archivio;
+    ArchivioDiProva::guastaServer();
+    QString codice = "C5", descrizione;
+    int rid = -1;
+    GetParam().ricerca(codice, descrizione, rid);
+    EXPECT_EQ(rid, -1);
+    ASSERT_EQ(archivio.operatore.avvisi.size(), 1U);
+    EXPECT_EQ(archivio.operatore.avvisi[0].modulo,
+              QString("cAdoSqlServer.getNewRecordset -> bBottegonClientVB.") + GetParam().procedura);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, EachLookup,
+    testing::Values(VoceRicerca{"aspetto", validaAspetto, "AspettoEsteriore", "validaAspetto"},
+                    VoceRicerca{"magazzino", validaMagazzino, "Magazzini", "validaMagazzino"},
+                    VoceRicerca{"tipoDocumento", ValidaTipoDocumento, "TipoDocumenti", "ValidaTipoDocumento"},
+                    VoceRicerca{"conto", ValidaConto, "PianoConti", "ValidaConto"},
+                    VoceRicerca{"causale", valisaCausale, "Causali", "valisaCausale"},
+                    VoceRicerca{"causaleTrasporto", validaCausaleTrasporto, "CausaliTrasporto",
+                                "validaCausaleTrasporto"},
+                    VoceRicerca{"categoria", validaCategoria, "CategorieMerceologiche", "validaCategoria"},
+                    VoceRicerca{"documento", validaDocumento, "TipoDocumenti", "validaDocumento"},
+                    VoceRicerca{"gruppo", validaGruppo, "Gruppi", "validaGruppo"},
+                    VoceRicerca{"marca", validaMarca, "Marche", "validaMarca"},
+                    VoceRicerca{"spedizione", validaSpedizione, "Spedizioni", "validaSpedizione"},
+                    VoceRicerca{"venditore", validaVenditore, "Venditori", "validaVenditore"},
+                    VoceRicerca{"pagamento", validaPagamento, "Pagamenti", "validaPagamento"}),
+    [](const auto& voce) { return voce.param.nome; });
 
 class CustomerLookup : public Lookup {
   protected:
@@ -142,6 +156,16 @@ TEST_F(CustomerLookup, ANumericCodeIsTheNumber) {
     EXPECT_EQ(rid, 3);
     EXPECT_EQ(codice, "120");
     EXPECT_EQ(descrizione, "Rossi");
+}
+
+TEST_F(CustomerLookup, AsksByNumberExtraCodeOrKey) {
+    const QString testa = "SELECT RID, NUMERO, DENOMINAZIONE FROM Anagrafiche WHERE ";
+    cerca(validaAnagrafica, "120");
+    EXPECT_EQ(gAdo.getLastSQLCommand(), testa + "NUMERO = 120");
+    cerca(validaAnagrafica, "ROS");
+    EXPECT_EQ(gAdo.getLastSQLCommand(), testa + "CODICEEXTRA = 'ROS'");
+    cerca(validaAnagrafica, {}, 4);
+    EXPECT_EQ(gAdo.getLastSQLCommand(), testa + "RID = 4");
 }
 
 TEST_F(CustomerLookup, AnyOtherCodeIsTheExtraCode) {
@@ -179,6 +203,17 @@ TEST_F(ProductLookup, IsFoundByEachOfItsCodesAndByKey) {
     }
     cercaProdotto({}, 11);
     EXPECT_EQ(descrizione, "Vite 4x40");
+}
+
+TEST_F(ProductLookup, AsksForEachOfItsCodesOrTheKey) {
+    const QString testa =
+        "SELECT P.RID, P.CODICE, P.DESCRIZIONE AS DESCPRODOTTO, I.CODICE AS CODIVA, I.VALORE AS VALOREIVA "
+        "FROM Prodotti P LEFT JOIN Iva I ON P.FK_Iva = I.RID WHERE ";
+    cercaProdotto("800");
+    EXPECT_EQ(gAdo.getLastSQLCommand(),
+              testa + " P.CODICE = '800' OR P.BARCODE = '800' OR P.EXTRACODICE = '800'");
+    cercaProdotto({}, 11);
+    EXPECT_EQ(gAdo.getLastSQLCommand(), testa + "P.RID = 11");
 }
 
 TEST_F(ProductLookup, GivesTheVat) {

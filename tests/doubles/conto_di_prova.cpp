@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/globals.h"
+#include "counter/badge.h"
 #include "counter/fields.h"
 #include "counter/keys.h"
 #include "data/recordset.h"
@@ -59,7 +60,7 @@ void ContoDiProva::fuoco(Campo& campo) {
 }
 
 void ContoDiProva::carattere(QChar c) {
-    if ((c.isPrint() || mIstante >= 0) && Form_KeyPress(*this, c, mIstante)) return;
+    if ((c.isPrint() || c == u'\r' || mIstante >= 0) && Form_KeyPress(*this, c, mIstante)) return;
     Campo* campo = campoAttivo();
     if (campo == nullptr) return;
     const auto passa = tastoInCampo(*this, *campo, c);
@@ -126,6 +127,9 @@ bool ContoDiProva::scade(Timer timer) {
         case Timer::Raffica:
             TimerRaffica_Timer(*this);
             break;
+        case Timer::Badge:
+            TimerBadge_Timer(*this);
+            break;
         default:
             break;
     }
@@ -155,4 +159,15 @@ QString ContoDiProva::ricerca(const RichiestaRicerca& richiesta) {
     const auto risposta = std::move(ricerche.front());
     ricerche.pop_front();
     return risposta(richiesta);
+}
+
+QString ContoDiProva::codiceVenditore(const RichiestaVenditore& richiesta) {
+    richiesteVenditore.push_back(richiesta);
+    if (codiciVenditore.empty()) {
+        ADD_FAILURE() << "codice operatore inatteso";
+        return {};
+    }
+    const QString codice = codiciVenditore.front();
+    codiciVenditore.pop_front();
+    return codice;
 }

@@ -40,6 +40,7 @@ class ContoDiProva final : public Conto {
     int intervallo(Timer timer) const { return mTimer.at(timer); }
     bool ridisegnoAcceso() const { return mRidisegniFermi == 0; }
     int mostrate = 0;  // how often the screen was shown
+    int opzioniMostrate = 0;
     bool eliminato = false;
     int rigaMostrata = 0;
     // Which of the offered rows the operator takes, from 0; nothing: cancels. Each list uses one up.
@@ -53,12 +54,18 @@ class ContoDiProva final : public Conto {
     void rispondeRicerca(const QString& risposta) {
         ricerche.emplace_back([risposta](const RichiestaRicerca&) { return risposta; });
     }
+    // What the operator enters in the dialogues that ask for a code, in order; each as it was opened. One
+    // that comes unexpected fails the test.
+    std::deque<QString> codiciVenditore;
+    std::vector<RichiestaVenditore> richiesteVenditore;
     // Sees each list as it is offered.
     std::function<void(Recordset& righe, const QString& colonne)> quandoOffre;
 
     // ---- Conto and SchermoVendita
     void mostra() override { ++mostrate; }
     void elimina() override { eliminato = true; }
+    QString codiceVenditore(const RichiestaVenditore& richiesta) override;
+    void mostraOpzioni() override { ++opzioniMostrate; }
     OperatorPort& operatore() override { return mOperatore; }
     void fuoco(Campo& campo) override;
     void ridisegno(bool acceso) override { mRidisegniFermi += acceso ? -1 : 1; }

@@ -40,6 +40,13 @@ class Keypad : public testing::Test {
     CTastierino tastierino;
 };
 
+TEST_F(Keypad, TheBoxThatLastHadTheFocusTakesTheKeys) {
+    casella.lostFocus();
+    premi("12C7");
+    EXPECT_EQ(campo.testo(), "7");
+    EXPECT_EQ(finta.fuochi, 4);
+}
+
 TEST_F(Keypad, DigitsGoToTheBoxWithTheFocus) {
     premi("120");
     EXPECT_EQ(campo.testo(), "120");

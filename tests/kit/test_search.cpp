@@ -264,6 +264,88 @@ TEST_F(Search, TypingAsksAgainOnceTheServerAnswered) {
     EXPECT_EQ(pagina(), "5");
 }
 
+// ---- What acts on rows asks first what was typed
+
+TEST_F(Search, AnArrowStandsOnTheRowsOfTheTextThatWasJustTyped) {
+    apri().txtRicerca.testo("voce 0");
+    EXPECT_TRUE(ricerca->righeDelTesto());
+    ricerca->txtRicerca.testo("voce 10");
+    ricerca->freccia(true);
+    EXPECT_EQ(pagina(), "10");
+    EXPECT_EQ(ricerca->rigaCorrente(), 1);
+}
+
+TEST_F(Search, TheChoiceIsOfTheRowsOfTheTextThatWasJustTyped) {
+    apri().txtRicerca.testo("voce 07");
+    EXPECT_EQ(ricerca->cmdSelect(), std::optional<QString>("7|"));
+}
+
+TEST_F(Search, NothingIsChosenWhereTheTextJustTypedFindsNothing) {
+    apri().txtRicerca.testo("voce x");
+    EXPECT_EQ(ricerca->cmdSelect(), std::nullopt);
+    EXPECT_EQ(ricerca->lblEsito.testo(), "Nessuna corrispondenza per «voce x»");
+    EXPECT_EQ(pagina(), "1 2 3");
+}
+
+TEST_F(Search, ThePageBehindIsOneOfTheTextThatWasJustTyped) {
+    metti(11, "C11", "altra 1");
+    metti(12, "C12", "altra 2");
+    metti(13, "C13", "altra 3");
+    metti(14, "C14", "altra 4");
+    apri().txtRicerca.testo("voce 01");
+    ricerca->cmdInvio();
+    ricerca->txtRicerca.testo("altra");
+    ricerca->cmdDown();
+    EXPECT_EQ(pagina(), "14");
+}
+
+TEST_F(Search, ThePageBeforeIsOneOfTheTextThatWasJustTyped) {
+    apri().cmdDown();
+    ASSERT_EQ(pagina(), "4 5 6");
+    ricerca->txtRicerca.testo("voce 1");
+    ricerca->cmdSu();
+    EXPECT_EQ(pagina(), "10");
+    EXPECT_TRUE(notizia());
+}
+
+TEST_F(Search, ATextThatWasPagedUnderIsStillAskedFromItsFirstPage) {
+    apri().txtRicerca.testo("voce");
+    ricerca->cmdInvio();
+    ricerca->cmdDown();
+    ricerca->txtRicerca.testo("voce 0");
+    ricerca->cercaDalVivo();
+    EXPECT_EQ(pagina(), "1 2 3");
+}
+
+// ---- The notice
+
+TEST_F(Search, TheNoticeIsToldEachTimeItComesUp) {
+    int volte = 0;
+    apri().osserva([] {}, [&] { ++volte; });
+    cerca("x");
+    cerca("y");
+    EXPECT_EQ(volte, 2);
+}
+
+TEST_F(Search, RowsThatComeTakeTheNoticeAway) {
+    apri();
+    cerca("x");
+    ASSERT_TRUE(notizia());
+    cerca("voce 05");
+    EXPECT_FALSE(notizia());
+}
+
+// ---- Columns
+
+TEST_F(Search, AColumnWithoutAFieldOfItsOwnCannotBeChosen) {
+    apri({.sql = sqlPagamenti, .campoChiave = "DESCRIZIONE", .colonne = "<A¤1|<B¤1|>C¤1"});
+    ASSERT_EQ(ricerca->colonne(), 5);
+    EXPECT_TRUE(ricerca->cercabile(3));
+    EXPECT_FALSE(ricerca->cercabile(4));
+    ricerca->scegliColonna(4);
+    EXPECT_EQ(ricerca->colonnaRicerca(), 3);
+}
+
 // ---- Arrows
 
 TEST_F(Search, TheFirstArrivalAtAnEdgeStaysAndTheNextPressTurnsThePage) {

@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 
 #include "data/schema_archive.h"
@@ -30,7 +32,8 @@ class SearchForm : public testing::Test {
     }
 
     // Opens the search, runs `gesto` while it is up, and answers its result.
-    QString apri(std::function<void()> gesto, bool multi = false, bool nuovo = false) {
+    QString apri(std::function<void()> gesto, bool multi = false, bool nuovo = false,
+                 const QString& colonne = {}) {
         gMultiSel = multi ? 1 : 0;
         frmRicerca ricerca(archivio.operatore, nullptr);
         quandoModale([&](QWidget* finestra) {
@@ -42,7 +45,8 @@ class SearchForm : public testing::Test {
         ricerca.startMe({.sql = "SELECT TOP 4 RID, CODICE, DESCRIZIONE FROM Pagamenti ",
                          .campoChiave = "DESCRIZIONE",
                          .multi = multi,
-                         .nuovo = nuovo});
+                         .nuovo = nuovo,
+                         .colonne = colonne});
         return ricerca.risultato();
     }
 
@@ -68,6 +72,19 @@ class SearchForm : public testing::Test {
     void clicRiga(int riga) const {
         const QPoint dove = griglia().visualRect(griglia().model()->index(riga, 3)).center();
         QTest::mouseClick(griglia().viewport(), Qt::LeftButton, {}, dove);
+    }
+    QRect titolo(int colonna) const {
+        const QHeaderView& titoli = *griglia().horizontalHeader();
+        return {titoli.sectionViewportPosition(colonna), 0, titoli.sectionSize(colonna), titoli.height()};
+    }
+    void premiTitolo(int colonna) const {
+        QTest::mouseClick(griglia().horizontalHeader()->viewport(), Qt::LeftButton, {},
+                          titolo(colonna).center());
+    }
+    // Behind the words.
+    QColor coloreTitolo(int colonna) const {
+        const QImage immagine = griglia().horizontalHeader()->viewport()->grab().toImage();
+        return immagine.pixelColor(titolo(colonna).topLeft() + QPoint(3, 3));
     }
     void dopoIlRiposo(const QString& primaRiga) const {
         EXPECT_TRUE(QTest::qWaitFor([&] { return prima() == primaRiga; }, 2000)) << qPrintable(prima());
@@ -224,6 +241,82 @@ TEST_F(SearchForm, CtrlAndADigitChooseTheSearchColumn) {
         EXPECT_TRUE(testo().hasFocus());
         digita("c07");
         dopoIlRiposo("C07");
+    });
+}
+
+TEST_F(SearchForm, ATapOnAHeaderChoosesTheSearchColumn) {
+    apri([&] {
+        premiTitolo(2);
+        EXPECT_EQ(w<QLabel>("lblDesc").text(), "CODICE");
+        EXPECT_TRUE(testo().hasFocus());
+        digita("c07");
+        dopoIlRiposo("C07");
+    });
+}
+
+TEST_F(SearchForm, TheChosenColumnStandsOutInTheHeader) {
+    apri([&] {
+        const QColor prima = coloreTitolo(2);
+        EXPECT_NE(coloreTitolo(3), prima);
+        premiTitolo(2);
+        EXPECT_NE(coloreTitolo(2), prima);
+        EXPECT_EQ(coloreTitolo(3), prima);
+    });
+}
+
+TEST_F(SearchForm, CtrlAndAnArrowScrollToTheSideAndReturnToTheText) {
+    const QString larghe = "<CODICE¤9500|<DESCRIZIONE¤20000";
+    apri(
+        [&] {
+            tasto(Qt::Key_Down);
+            QScrollBar* barra = griglia().horizontalScrollBar();
+            ASSERT_GT(barra->maximum(), 0);
+            tasto(Qt::Key_Right, Qt::ControlModifier);
+            const int aDestra = barra->value();
+            EXPECT_GT(aDestra, 0);
+            EXPECT_TRUE(testo().hasFocus());
+            tasto(Qt::Key_Left, Qt::ControlModifier);
+            EXPECT_LT(barra->value(), aDestra);
+        },
+        false, false, larghe);
+}
+
+TEST_F(SearchForm, FastHandsChooseFromTheRowsOfWhatTheyTyped) {
+    EXPECT_EQ(apri([&] {
+                  digita("voce 07");
+                  tasto(Qt::Key_Down);
+                  tasto(Qt::Key_Return);
+              }),
+              "7|");
+}
+
+TEST_F(SearchForm, FastHandsThatFoundNothingChooseNothing) {
+    EXPECT_EQ(apri([&] {
+                  digita("xyz");
+                  tasto(Qt::Key_Down);
+                  EXPECT_TRUE(testo().hasFocus());
+                  tasto(Qt::Key_Return);
+                  EXPECT_TRUE(w<QLabel>("pctNessuna").isVisible());
+              }),
+              "");
+}
+
+TEST_F(SearchForm, TheButtonTooChoosesFromTheRowsOfWhatWasTyped) {
+    EXPECT_EQ(apri([&] {
+                  digita("voce 07");
+                  premi("cmdSelect");
+              }),
+              "7|");
+}
+
+TEST_F(SearchForm, EachEmptyPageShowsItsNoticeForItsWholeTime) {
+    apri([&] {
+        digita("xyz");
+        tasto(Qt::Key_Return);
+        QTest::qWait(1200);
+        tasto(Qt::Key_Return);
+        QTest::qWait(1200);
+        EXPECT_TRUE(w<QLabel>("pctNessuna").isVisible());
     });
 }
 

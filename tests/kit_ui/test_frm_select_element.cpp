@@ -84,6 +84,15 @@ TEST_F(SelectElement, ANewElementIsOfferedOnlyWhenAsked) {
     EXPECT_FALSE(offerto);
 }
 
+TEST_F(SelectElement, ItsButtonIsThereAllTheSame) {
+    bool inVista = false;
+    apri([&] {
+        inVista = pulsante("cmdNew")->isVisible();
+        dialogo.reject();
+    });
+    EXPECT_TRUE(inVista);
+}
+
 TEST_F(SelectElement, ANewElementIsItsOwnOutcome) {
     apri([this] { pulsante("cmdNew")->click(); }, true);
     EXPECT_TRUE(dialogo.elementoNuovo());

@@ -149,3 +149,15 @@ TEST(FrmInfo, ShowsItsTextAtOnceAndTakesNoFocus) {
     EXPECT_EQ(trova<QLabel>(&info, "lblInfo")->text(), "Connessione al Server in corso...");
     EXPECT_TRUE(info.testAttribute(Qt::WA_ShowWithoutActivating));
 }
+
+TEST(FrmInfo, MakesWayForADialogue) {
+    frmInfo info;
+    info.startMe("Connessione al Server in corso...");
+    bool coperto = true;
+    quandoModale([&](QWidget* dialogo) {
+        coperto = info.isVisible();
+        dialogo->close();
+    });
+    QDialog().exec();
+    EXPECT_FALSE(coperto);
+}

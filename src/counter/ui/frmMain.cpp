@@ -3,13 +3,16 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include "backoffice/ui/frmOpzioni.h"
 #include "core/errors.h"
 #include "core/numbers.h"
+#include "counter/badge.h"
 #include "counter/commands.h"
 #include "counter/fields.h"
 #include "counter/keys.h"
 #include "counter/ui/assembly.h"
 #include "counter/ui/finestra_conti.h"
+#include "counter/ui/frmCodiceVenditore.h"
 #include "counter/ui/grid_view.h"
 #include "counter/ui/key_text.h"
 #include "data/gateway.h"
@@ -73,6 +76,16 @@ void frmMain::elimina() {
     }
     mFinestra.togli(this);
     if (mInCorso == 0) deleteLater();
+}
+
+QString frmMain::codiceVenditore(const RichiestaVenditore& richiesta) {
+    frmCodiceVenditore finestra(richiesta, window());
+    finestra.startMe();
+    return finestra.codice();
+}
+
+void frmMain::mostraOpzioni() {
+    frmOpzioni(window()).startMe();
 }
 
 void frmMain::attivata() {
@@ -146,7 +159,7 @@ void frmMain::collegaTimer() {
     for (size_t i = 0; i < numeroTimer; ++i) {
         connect(&mTimer[i], &QTimer::timeout, this, [this, i] { scaduto(static_cast<Timer>(i)); });
     }
-    for (const Timer unico : {Timer::Griglia, Timer::Raffica}) {
+    for (const Timer unico : {Timer::Griglia, Timer::Raffica, Timer::Badge}) {
         mTimer[static_cast<size_t>(unico)].setSingleShot(true);
     }
 }
@@ -179,6 +192,9 @@ void frmMain::scaduto(Timer timer) {
             break;
         case Timer::Raffica:
             evento("TimerRaffica_Timer", [&] { TimerRaffica_Timer(*this); });
+            break;
+        case Timer::Badge:
+            evento("TimerBadge_Timer", [&] { TimerBadge_Timer(*this); });
             break;
         case Timer::Segnala:
             v.pctSegnala.visibile(!v.pctSegnala.visibile());

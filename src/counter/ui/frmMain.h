@@ -29,6 +29,8 @@ class frmMain final : public QWidget, public Conto {
     // ---- Conto
     void mostra() override;
     void elimina() override;
+    QString codiceVenditore(const RichiestaVenditore& richiesta) override;
+    void mostraOpzioni() override;
 
     // ---- SchermoVendita
     OperatorPort& operatore() override { return mOperatore; }
@@ -45,7 +47,7 @@ class frmMain final : public QWidget, public Conto {
     void changeEvent(QEvent* evento) override;
 
   private:
-    static constexpr size_t numeroTimer = 5;
+    static constexpr size_t numeroTimer = 6;
 
     // The layout, once.
     void costruisci();

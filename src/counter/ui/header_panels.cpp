@@ -137,7 +137,7 @@ QWidget* barraConti(const Montaggio& m, QWidget* padre) {
     riga->addWidget(nonSalvata);
     riga->addWidget(m.testo(m.v.lblVenditore, "Operatore", barra));
     PulsanteComando* operatore = m.pulsante(m.v.cmdOperatore, m.eventi().operatore, barra);
-    operatore->presto("inserisce il codice dell'operatore");
+    operatore->setToolTip("Inserisce il codice dell'operatore");
     riga->addWidget(operatore);
     return barra;
 }

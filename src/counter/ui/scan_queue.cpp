@@ -3,23 +3,40 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 
 #include "core/globals.h"
 #include "counter/ui/finestra_conti.h"
+#include "counter/ui/frmCodiceVenditore.h"
 #include "counter/ui/frmMain.h"
 #include "counter/ui/key_text.h"
 #include "data/gateway.h"
 
 namespace {
 
-constexpr int intervallo = 20;  // milliseconds between two looks at whether the screen is free
+constexpr int intervallo = 20;      // milliseconds between two looks at whether the screen is free
+constexpr int durataRaccolta = 20;  // milliseconds at most
 // Behind its prefix a slow scanner is still one.
 constexpr int passoConPrefisso = 200;
 
+// The part of the box that is up that its keys go to, also while the focus has not come to it yet.
+QWidget* bersaglio() {
+    QWidget* riquadro = QApplication::activeModalWidget();
+    if (riquadro == nullptr) return nullptr;
+    QWidget* fuoco = QApplication::focusWidget();
+    if (!riquadro->isAncestorOf(fuoco)) fuoco = riquadro->focusWidget();
+    return fuoco == nullptr ? riquadro : fuoco;
+}
+
 // Whether the box that is up is being typed into: then only the prefix tells a scan.
 bool siDigitaNelRiquadro() {
-    const auto* campo = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    return campo != nullptr && QApplication::activeModalWidget()->isAncestorOf(campo);
+    return qobject_cast<QLineEdit*>(bersaglio()) != nullptr;
+}
+
+// A dialogue that keeps the other windows from being used.
+bool eRiquadro(const QObject& oggetto) {
+    const auto* finestra = qobject_cast<const QWidget*>(&oggetto);
+    return finestra != nullptr && finestra->isWindow() && finestra->isModal();
 }
 
 void premi(Qt::Key tasto, const QString& testo) {
@@ -31,9 +48,16 @@ void premi(Qt::Key tasto, const QString& testo) {
     }
 }
 
+// A badge answers the dialogue that asks for the operator.
+bool prendeIlDialogo(const QString& codice) {
+    auto* dialogo = qobject_cast<frmCodiceVenditore*>(QApplication::activeModalWidget());
+    return dialogo != nullptr && dialogo->scansione(codice);
+}
+
 }  // namespace
 
-ScansioniInAttesa::ScansioniInAttesa(FinestraConti& finestra) : QObject(&finestra), mFinestra(finestra) {
+ScansioniInAttesa::ScansioniInAttesa(FinestraConti& finestra)
+    : QObject(&finestra), mFinestra(finestra), mTastiInRitardo(finestra) {
     setObjectName("ScansioniInAttesa");
     mRiprova.setInterval(intervallo);
     connect(&mRiprova, &QTimer::timeout, this, &ScansioniInAttesa::riprova);
@@ -44,10 +68,42 @@ ScansioniInAttesa::ScansioniInAttesa(FinestraConti& finestra) : QObject(&finestr
 }
 
 bool ScansioniInAttesa::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (mRaccoglie) return raccolto(*oggetto, *evento);
+    if (evento->type() == QEvent::Show && eRiquadro(*oggetto)) raccogli();
     // A key is looked at once, on its way to the widget that it is meant for.
-    if (evento->type() != QEvent::KeyPress || oggetto != QApplication::focusWidget()) return false;
-    if (mRestituisce || QApplication::activeModalWidget() == nullptr) return false;
+    if (evento->type() != QEvent::KeyPress || mRestituisce) return false;
+    const QWidget* atteso = bersaglio();
+    if (atteso == nullptr || oggetto != atteso) return false;
     return tasto(*static_cast<QKeyEvent*>(evento));
+}
+
+void ScansioniInAttesa::raccogli() {
+    const QScopedValueRollback raccoglie(mRaccoglie, true);
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers, durataRaccolta);
+}
+
+// Nothing that a hand did before the box reaches the screen behind it.
+bool ScansioniInAttesa::raccolto(const QObject& oggetto, QEvent& evento) {
+    switch (evento.type()) {
+        case QEvent::ShortcutOverride:
+            evento.accept();  // a letter, and no command
+            return true;
+        case QEvent::KeyPress:
+            // Seen once, before it is passed on from the window to its parts.
+            if (oggetto.isWindowType()) tasto(static_cast<QKeyEvent&>(evento));
+            return true;
+        case QEvent::KeyRelease:
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseButtonRelease:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::Wheel:
+            return true;
+        default:
+            return false;
+    }
 }
 
 bool ScansioniInAttesa::tasto(const QKeyEvent& evento) {
@@ -105,8 +161,8 @@ void ScansioniInAttesa::finePrefisso() {
 void ScansioniInAttesa::tieni() {
     mConPrefisso = false;
     mFinePrefisso.stop();
-    if (!mCodice.isEmpty()) mCoda << mCodice;
-    mCodice.clear();
+    const QString codice = std::exchange(mCodice, {});
+    if (!codice.isEmpty() && !prendeIlDialogo(codice)) mCoda << codice;
     if (!mCoda.isEmpty()) mRiprova.start();
 }
 

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <QTimer>
 
+#include "counter/ui/late_keys.h"
+
 class FinestraConti;
 class QKeyEvent;
 
@@ -21,6 +23,9 @@ class ScansioniInAttesa final : public QObject {
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
+    // A box is about to come up: what was typed before it is taken in, as long as it can be.
+    void raccogli();
+    bool raccolto(const QObject& oggetto, QEvent& evento);
     bool tasto(const QKeyEvent& evento);
     bool dopoIlPrefisso(QChar carattere);
     bool senzaPrefisso(QChar carattere, bool svelto);
@@ -29,11 +34,13 @@ class ScansioniInAttesa final : public QObject {
     void riprova();
 
     FinestraConti& mFinestra;
+    TastiInRitardo mTastiInRitardo;
     QStringList mCoda;
     QTimer mRiprova;
     QTimer mFinePrefisso;
     QString mCodice;
     bool mConPrefisso = false;
     bool mRestituisce = false;
+    bool mRaccoglie = false;
     qint64 mUltimo = 0;
 };

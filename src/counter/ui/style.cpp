@@ -65,6 +65,7 @@ QPushButton[ruolo="principale"] { background: @conferma; color: @bianco; border-
     font-size: 14pt; }
 QPushButton[ruolo="principale"]:pressed { background: @confermaPremuta; }
 QPushButton[ruolo="principale"]:disabled { background: @sfondo; color: @testoTenue; border-color: @bordo; }
+QPushButton[ruolo="cifra"] { font-size: 18pt; }
 QPushButton[ruolo="distruttivo"] { color: @pericolo; border-color: @pericolo; }
 QPushButton[ruolo="distruttivo"]:pressed { background: @pericolo; color: @bianco; }
 QPushButton[ruolo="distruttivo"]:disabled { color: @testoTenue; border-color: @bordoTenue; }

@@ -1,6 +1,7 @@
 #include "kit/ui/frmInfo.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QStyle>
 
@@ -31,4 +32,9 @@ void frmInfo::startMe(const QString& testo) {
     // A new window is painted when the screen asks for it: that request must be taken in here.
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
     repaint();
+}
+
+bool frmInfo::event(QEvent* evento) {
+    if (evento->type() == QEvent::WindowBlocked) hide();
+    return QWidget::event(evento);
 }

@@ -13,6 +13,10 @@ class frmInfo : public QWidget {
     // Shows the text at once, before the work that keeps the event loop from painting.
     void startMe(const QString& testo);
 
+  protected:
+    // A dialogue that comes up meanwhile is not covered: the notice goes.
+    bool event(QEvent* evento) override;
+
   private:
     QLabel* lblInfo;
 };

@@ -55,15 +55,16 @@ frmRicerca::~frmRicerca() {
 
 void frmRicerca::startMe(RichiestaRicerca richiesta) {
     mRicerca = std::make_unique<Ricerca>(std::move(richiesta), mOperatore);
-    mRicerca->osserva([this] { flxRicerca->nuovaPagina(); });
+    mRicerca->osserva([this] { flxRicerca->nuovaPagina(); }, [this] { tmrNessuna.start(durataNotizia); });
     costruisci();
+    if (mRicerca->pctNessuna.visibile()) tmrNessuna.start(durataNotizia);
     txtRicerca->installEventFilter(this);
     flxRicerca->installEventFilter(this);
     connect(txtRicerca, &QLineEdit::textChanged, &mTimerDalVivo,
             [this] { mTimerDalVivo.start(riposoDigitazione); });
     connect(flxRicerca, &GrigliaRicerca::rigaPremuta, this, &frmRicerca::rigaPremuta);
     connect(flxRicerca, &GrigliaRicerca::doppioClic, this, [this] {
-        if (mRicerca->multi()) chiudi(mRicerca->scelti());
+        if (mRicerca->multi()) seleziona();
     });
     connect(flxRicerca, &GrigliaRicerca::colonnaPremuta, this,
             [this](int colonna) { comandoTesto([&] { mRicerca->scegliColonna(colonna); }); });
@@ -72,6 +73,11 @@ void frmRicerca::startMe(RichiestaRicerca richiesta) {
     mostra();
     txtRicerca->setFocus();
     exec();
+}
+
+void frmRicerca::seleziona() {
+    if (const auto scelti = mRicerca->cmdSelect()) return chiudi(*scelti);
+    mostra();
 }
 
 void frmRicerca::chiudi(const QString& risultato) {
@@ -88,7 +94,6 @@ void frmRicerca::mostra() {
     cmdSelect->setText("SELEZIONA" + quante);
     pctNessuna->move(flxRicerca->geometry().center() - pctNessuna->rect().center());
     pctNessuna->raise();
-    if (mRicerca->pctNessuna.visibile() && !tmrNessuna.isActive()) tmrNessuna.start(durataNotizia);
 }
 
 void frmRicerca::cercaDalVivo() {
@@ -108,8 +113,11 @@ void frmRicerca::comandoTesto(const Azione& azione) {
 // ---- Rows
 
 void frmRicerca::freccia(bool giu) {
-    if (!flxRicerca->hasFocus()) return flxRicerca->setFocus();
-    mRicerca->freccia(giu);
+    if (flxRicerca->hasFocus()) {
+        mRicerca->freccia(giu);
+    } else if (mRicerca->righeDelTesto()) {
+        flxRicerca->setFocus();
+    }
     mostra();
 }
 
@@ -183,7 +191,7 @@ bool frmRicerca::tastoInGriglia(const QKeyEvent& tasto) {
     switch (tasto.key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            chiudi(mRicerca->scelti());
+            seleziona();
             return true;
         case Qt::Key_Space:
             mRicerca->segna(mRicerca->rigaCorrente());

@@ -51,6 +51,8 @@ class frmRicerca final : public QDialog {
     void freccia(bool giu);
     void rigaPremuta(int riga);
     void comandoTesto(const Azione& azione);
+    // What is chosen ends the search.
+    void seleziona();
     void chiudi(const QString& risultato);
     void mostra();
     void cercaDalVivo();

@@ -101,8 +101,7 @@ QBoxLayout* frmRicerca::colonnaComandi() {
         pulsante("cmdNuovoElemento", "NUOVO", "Nuovo elemento", [this] { chiudi(ricercaNuovo); });
     nuovo->setEnabled(mRicerca->nuovoAmmesso());
     aggiungi(nuovo);
-    cmdSelect =
-        pulsante("cmdSelect", {}, "Seleziona (Invio nell'elenco)", [this] { chiudi(mRicerca->scelti()); });
+    cmdSelect = pulsante("cmdSelect", {}, "Seleziona (Invio nell'elenco)", [this] { seleziona(); });
     cmdSelect->setProperty("ruolo", "principale");
     aggiungi(cmdSelect);
     aggiungi(pulsante("cmdEsci", "ESCI", "Esci senza scegliere (Esc)", [this] { chiudi({}); }));

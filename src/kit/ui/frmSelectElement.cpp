@@ -74,7 +74,6 @@ void frmSelectElement::startMe(Recordset& righe, const QString& colonne, bool nu
     mSelezionato = false;
     mNuovo = false;
     cmdNew->setEnabled(nuovo);
-    cmdNew->setVisible(nuovo);
     lswElenco->setSelectionMode(multi ? QAbstractItemView::ExtendedSelection
                                       : QAbstractItemView::SingleSelection);
     riempi(colonne);

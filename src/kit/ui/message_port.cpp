@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "kit/ui/arrow_cursor.h"
 #include "kit/ui/frmWarning.h"
 #include "kit/ui/touch_widgets.h"
 
@@ -27,22 +28,6 @@ QMessageBox::Icon iconaQt(Icona icona) {
     }
     return QMessageBox::NoIcon;
 }
-
-// While a person is asked something, no hourglass.
-class FrecciaNormale {
-  public:
-    FrecciaNormale() : mCera(QGuiApplication::overrideCursor() != nullptr) {
-        if (mCera) QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
-    }
-    ~FrecciaNormale() {
-        if (mCera && QGuiApplication::overrideCursor() != nullptr) QGuiApplication::restoreOverrideCursor();
-    }
-    FrecciaNormale(const FrecciaNormale&) = delete;
-    FrecciaNormale& operator=(const FrecciaNormale&) = delete;
-
-  private:
-    bool mCera;
-};
 
 class Riquadro {
   public:

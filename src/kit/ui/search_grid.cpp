@@ -135,7 +135,7 @@ class GrigliaRicerca::Modello final : public QAbstractTableModel {
     QVariant headerData(int sezione, Qt::Orientation verso, int ruolo) const override {
         if (verso != Qt::Horizontal || sezione < Ricerca::primaColonna) return {};
         if (ruolo == Qt::DisplayRole) return mRicerca.colonna(sezione).titolo;
-        if (ruolo == Qt::ToolTipRole)
+        if (ruolo == Qt::ToolTipRole && mRicerca.cercabile(sezione))
             return "Cerca in questa colonna (Ctrl+" + QString::number(sezione - 1) + ")";
         return {};
     }

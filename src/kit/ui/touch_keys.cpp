@@ -7,13 +7,15 @@
 namespace {
 
 constexpr int distanza = 4;
+constexpr char ruoloCifra[] = "cifra";
 
 struct Tasto {
     QString codice;
     QString didascalia;
     QString nomeAccessibile;
     int riga, colonna, righe, colonne;
-    bool ripete = false;  // while it is held
+    bool ripete = false;          // while it is held
+    const char* ruolo = nullptr;  // its part in the style sheet
 };
 
 QWidget* tastiera(const std::vector<Tasto>& tasti, const TastoPremuto& premuto, QWidget* padre) {
@@ -29,6 +31,7 @@ QWidget* tastiera(const std::vector<Tasto>& tasti, const TastoPremuto& premuto, 
         pulsante->setFocusPolicy(Qt::NoFocus);
         pulsante->setAutoDefault(false);
         pulsante->setAutoRepeat(tasto.ripete);
+        if (tasto.ruolo != nullptr) pulsante->setProperty("ruolo", tasto.ruolo);
         pulsante->setMinimumSize(altezzaTocco, altezzaTocco);
         pulsante->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         QObject::connect(pulsante, &QPushButton::clicked, tutto,
@@ -59,12 +62,13 @@ QWidget* tastierino(const TastoPremuto& premuto, QWidget* padre) {
     std::vector<Tasto> tasti;
     for (int cifra = 1; cifra <= 9; ++cifra) {
         const QString testo = QString::number(cifra);
-        tasti.push_back({testo, testo, "Cifra " + testo, 2 - (cifra - 1) / 3, (cifra - 1) % 3, 1, 1});
+        tasti.push_back(
+            {testo, testo, "Cifra " + testo, 2 - (cifra - 1) / 3, (cifra - 1) % 3, 1, 1, false, ruoloCifra});
     }
-    tasti.push_back({"0", "0", "Cifra 0", 3, 0, 1, 2});
-    tasti.push_back({",", ",", "Virgola", 3, 2, 1, 1});
-    tasti.push_back({"D", "⌫", "Cancella l'ultimo carattere", 0, 3, 1, 1, true});
-    tasti.push_back({"C", "C", "Svuota", 1, 3, 1, 1});
-    tasti.push_back({"I", "INVIO", "Invio", 2, 3, 2, 1});
+    tasti.push_back({"0", "0", "Cifra 0", 3, 0, 1, 2, false, ruoloCifra});
+    tasti.push_back({",", ",", "Virgola", 3, 2, 1, 1, false, ruoloCifra});
+    tasti.push_back({"D", "⌫", "Cancella l'ultimo carattere", 0, 3, 1, 1, true, ruoloCifra});
+    tasti.push_back({"C", "C", "Svuota", 1, 3, 1, 1, false, ruoloCifra});
+    tasti.push_back({"I", "INVIO", "Invio", 2, 3, 2, 1, false, "principale"});
     return tastiera(tasti, premuto, padre);
 }
