@@ -1,5 +1,6 @@
 #include "counter/keys.h"
 
+#include <QScopedValueRollback>
 #include <Qt>
 
 #include "core/globals.h"
@@ -121,7 +122,11 @@ bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
         setReso(v, 3);
         return true;
     }
-    if (stato == Qt::ShiftModifier) return premi(conto, comandoConShift(tasto));
+    if (stato == Qt::ShiftModifier) {
+        // A hand may have let go of Shift first.
+        const QScopedValueRollback shift(v.tastoShift, true);
+        return premi(conto, comandoConShift(tasto));
+    }
     if (stato != Qt::NoModifier) return false;
     if (tasto == Qt::Key_F4) {
         spuntaCambiata(conto, v.chkCodiceProdotto, 1 - v.chkCodiceProdotto.valore());

@@ -54,6 +54,8 @@ class cAdoSqlServer {
     // connection tells whether they are there. It was logged; what to say is left to the caller.
     bool commitDiEsitoIgnoto() const { return mCommitIgnoto; }
     bool inTransazione() const { return mInTransazione; }
+    // A statement of the running transaction has failed: nothing but its rollback will succeed.
+    bool transazioneFallita() const { return mTransazioneFallita; }
 
     QString getStrConnection() const { return mStrConnection; }
     QString getSQLSeparator() const;

@@ -7,11 +7,13 @@
 #include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "data/gateway.h"
+#include "postings/lost_deletion.h"
 #include "postings/lost_save.h"
 #include "postings/numbering.h"
 #include "postings/post_accounts.h"
 #include "postings/save_rows.h"
 #include "sale/recall.h"
+#include "sale/sale_document.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
 
@@ -295,6 +297,10 @@ bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
         v.schermo.operatore().messaggio(
             "Attenzione! non vi è nessun elemento da salvare.\nAggiungere almeno un prodotto",
             Icona::Informazione);
+        return false;
+    }
+    if (const EsitoCommit cancellata = chiarisciCancellazione(v); cancellata != EsitoCommit::NonRegistrato) {
+        if (cancellata == EsitoCommit::Registrato) nuovoDocumento(v);
         return false;
     }
     if (const auto ripreso = riprendiSalvataggio(v)) return *ripreso;
