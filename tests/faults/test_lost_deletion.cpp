@@ -28,6 +28,7 @@ class LostDeletion : public NegozioGuasto {
             "INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) SELECT RID, 1, 4, 10 "
             "FROM Prodotti");
         n->sql("UPDATE Causali SET FK_CONTODARE1 = 1, FK_CONTOAVERE1 = 3");
+        n->prodotto({.codice = "C", .listino1 = 1});
         vuoti = libri();
         salva();
         pieni = libri();
@@ -164,7 +165,7 @@ class DeletionAfterALostSave : public LostDeletion {
   protected:
     // A third row was added, and nobody knows whether it was saved.
     void salvaNelBuio(Guasto guasto) {
-        vendi(*conto, "A", "4");
+        vendi(*conto, "C", "4");
         linea.guasta(guasto, true);
         n->operatore.attendiMessaggio(
             "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
