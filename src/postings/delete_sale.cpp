@@ -14,6 +14,7 @@
 #include "postings/lost_save.h"
 #include "postings/payment_schedule.h"
 #include "postings/stock.h"
+#include "postings/stored_row.h"
 #include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -67,7 +68,9 @@ bool removeDettagli(Vendita& v) {
             for (int r = 1; r <= v.flxVB.ultima(); ++r) {
                 const int rid = v.flxVB.chiave(r, Colonna::Rid);
                 if (rid < 1) continue;
-                if (!elimina("DettagliMovimento", "RID = " + QString::number(rid))) return false;
+                if (!eseguiSuRiga("DELETE FROM DettagliMovimento WHERE RID = " + QString::number(rid),
+                                  sorgente()))
+                    return false;
                 if (!restituisciMerce(v, r)) return false;
             }
             return true;

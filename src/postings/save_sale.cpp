@@ -12,6 +12,7 @@
 #include "postings/numbering.h"
 #include "postings/post_accounts.h"
 #include "postings/save_rows.h"
+#include "postings/stored_row.h"
 #include "sale/recall.h"
 #include "sale/sale_document.h"
 #include "sale/totals.h"
@@ -97,6 +98,7 @@ struct Documento {
     int idMovimento = -1;
     int progressivo = 0;
     int extraProg = 0;
+    bool testataSparita = false;  // another desk has deleted the header meanwhile
 };
 
 QString controparte(const Vendita& v, const Documento& d) {
@@ -130,15 +132,17 @@ bool inserisciTestata(Vendita& v, Documento& d) {
 bool modificaTestata(Vendita& v, Documento& d) {
     d.idMovimento = v.rid();
     d.progressivo = valIntero(v.txtProg.testo());
-    return gAdo.executeSQL("UPDATE Movimenti SET PROGRESSIVO = " + QString::number(d.progressivo) +
-                               ", ANNO = " + QString::number(d.data.year()) + ", DATA = " +
-                               gAdo.getSQLDate(d.data) + ", FK_TIPODOCUMENTO = " + QString::number(d.tipo) +
-                               ", FK_ORIGINE = " + getIDOrNullStr(v.magazzinoOrigine) +
-                               ", FK_DESTINAZIONE = " + getIDOrNullStr(v.magazzinoDestinazione) +
-                               ", FK_CONTROPARTITA = " + controparte(v, d) +
-                               ", FK_PAGAMENTO = " + QString::number(v.idPagamento) +
-                               " WHERE RID = " + QString::number(d.idMovimento),
-                           sorgente());
+    const bool riuscita = gAdo.executeSQL(
+        "UPDATE Movimenti SET PROGRESSIVO = " + QString::number(d.progressivo) +
+            ", ANNO = " + QString::number(d.data.year()) + ", DATA = " + gAdo.getSQLDate(d.data) +
+            ", FK_TIPODOCUMENTO = " + QString::number(d.tipo) +
+            ", FK_ORIGINE = " + getIDOrNullStr(v.magazzinoOrigine) + ", FK_DESTINAZIONE = " +
+            getIDOrNullStr(v.magazzinoDestinazione) + ", FK_CONTROPARTITA = " + controparte(v, d) +
+            ", FK_PAGAMENTO = " + QString::number(v.idPagamento) +
+            " WHERE RID = " + QString::number(d.idMovimento),
+        sorgente());
+    d.testataSparita = riuscita && !rigaTrovata();
+    return riuscita && !d.testataSparita;
 }
 
 // The totals of the header are those of all sales that share it.
@@ -261,6 +265,22 @@ bool haElementi(const FlexVB& g) {
     return false;
 }
 
+const char* const testoSparita =
+    "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
+    "La vendita non è stata salvata.";
+const char* const testoDiNuovo = "\nLa si può salvare di nuovo: avrà un numero nuovo.";
+
+// A sale that has nothing in the books yet goes under another header next time.
+void raccontaTestataSparita(Vendita& v, const Documento& d) {
+    const bool nuova = valIntero(v.txtSottoProg.testo()) <= 0;
+    const QString testo = QString(testoSparita).arg(Format(d.progressivo, u"0000"));
+    if (nuova) {
+        setForNewMovimento(v);
+        v.txtProg.testo("(Auto)");
+    }
+    v.schermo.operatore().messaggio(nuova ? testo + testoDiNuovo : testo, Icona::Esclamazione);
+}
+
 bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
                         const StatoPrimaDelSalvataggio& prima) {
     if (!gAdo.beginTrasaction(".saveRecord" + gNomeModulo)) {
@@ -276,6 +296,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
         if (!scriviNeiLibri(v, d)) {
             prima.ripristina(v);
             gAdo.rollbackTrasaction(transazione());
+            if (d.testataSparita) raccontaTestataSparita(v, d);
             return false;
         }
     } catch (const std::exception&) {
