@@ -238,7 +238,8 @@ TEST(DeletionFailures, AScreenThatCannotGoOnAfterTheCommitLeavesTheSaleDeleted) 
         EXPECT_EQ(s.n.conta("Movimenti"), 0);
         EXPECT_EQ(s.n.conta("DettagliMovimento"), 0);
         EXPECT_EQ(s.n.verifica(), QStringList());
-        EXPECT_EQ(avvisi.moduli.size(), 1);
+        // The end of the turn itself may fail unseen: the connection goes, and the turn with it.
+        EXPECT_LE(avvisi.moduli.size(), 1);
     }
     EXPECT_GE(prove, 1);
 }
