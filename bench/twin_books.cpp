@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 
 #include <QFile>
 
@@ -13,9 +14,23 @@ namespace {
 
 using Orologio = std::chrono::steady_clock;
 
-double secondi(Orologio::time_point da) {
-    return std::chrono::duration<double>(Orologio::now() - da).count();
+double secondiProcessore() {
+    timespec ora{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ora);
+    return static_cast<double>(ora.tv_sec) + static_cast<double>(ora.tv_nsec) * 1e-9;
 }
+
+class Cronometro {
+  public:
+    void leggi(double& secondi, double& processore) const {
+        secondi = std::chrono::duration<double>(Orologio::now() - mInizio).count();
+        processore = secondiProcessore() - mProcessore;
+    }
+
+  private:
+    Orologio::time_point mInizio = Orologio::now();
+    double mProcessore = secondiProcessore();
+};
 
 double mediano(std::vector<double> valori) {
     std::sort(valori.begin(), valori.end());
@@ -48,14 +63,14 @@ LibriGemelli::Tempi LibriGemelli::esegui(const std::function<bool()>& azione) {
     Tempi t{};
     const int pausePrima = TillDimostrativa::pause();
     const QStringList viste = TillDimostrativa::istruzioni([&] {
-        const auto inizio = Orologio::now();
+        const Cronometro cronometro;
         if (!azione()) qFatal("non scritta");
-        t.till = secondi(inizio);
+        cronometro.leggi(t.till, t.tillCpu);
     });
     const auto testi = IstruzioniNude::inUtf8(viste);
-    const auto inizio = Orologio::now();
+    const Cronometro cronometro;
     mNude->esegui(testi);
-    t.nude = secondi(inizio);
+    cronometro.leggi(t.nude, t.nudeCpu);
     t.istruzioni = static_cast<double>(viste.size());
     t.pause = TillDimostrativa::pause() - pausePrima;
     return t;
@@ -77,6 +92,7 @@ void LibriGemelli::mostra(benchmark::State& stato, int righe) {
     stato.counters["till_us"] = till * 1e6;
     stato.counters["nude_us"] = diTutti([](const Tempi& t) { return t.nude; }) * 1e6;
     stato.counters["rapporto"] = diTutti([](const Tempi& t) { return t.till / t.nude; });
+    stato.counters["rapporto_cpu"] = diTutti([](const Tempi& t) { return t.tillCpu / t.nudeCpu; });
     const double istruzioni = diTutti([](const Tempi& t) { return t.istruzioni; });
     stato.counters["istruzioni"] = istruzioni;
     stato.counters["per_riga"] = istruzioni / righe;

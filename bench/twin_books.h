@@ -26,12 +26,14 @@ class LibriGemelli {
     void scrivi(const std::function<bool()>& azione) { esegui(azione); }
     // Writes to both; the till's time is the iteration's.
     void misura(benchmark::State& stato, const std::function<bool()>& azione);
-    // Counters: both times, the middle of the ratios, statements, and the pauses that the rules asked for.
+    // Counters: both times, the middle of the ratios, by the clock and by the processor, statements, and the
+    // share of the pauses that the rules asked for.
     void mostra(benchmark::State& stato, int righe);
 
   private:
     struct Tempi {
-        double till, nude;
+        double till, nude;        // seconds
+        double tillCpu, nudeCpu;  // of the processor, which other work on the machine does not lengthen
         double istruzioni, pause;
     };
     Tempi esegui(const std::function<bool()>& azione);
