@@ -153,7 +153,7 @@ bool cancellaInTransazione(Vendita& v, int idMovimento) {
         gNomeModulo, "cancellaVendita", [&] { return togliDaiLibri(v, idMovimento); }, false);
     if (tolta && gAdo.commitTrasaction(transazione())) return true;
     v.lblTotConto.testo(totale);
-    if (tolta && gAdo.commitDiEsitoIgnoto()) return dopoCancellazionePersa(v);
+    if (tolta && gAdo.commitDiEsitoIgnoto()) return dopoCancellazionePersa(v, idMovimento);
     if (gAdo.inTransazione()) gAdo.rollbackTrasaction(transazione());
     return false;
 }

@@ -11,7 +11,7 @@ namespace {
 using Icona = OperatorPort::Icona;
 
 const char* const testoCancellata =
-    "La vendita è stata cancellata: N° %1.\n"
+    "La vendita è stata cancellata%1.\n"
     "Il collegamento con il server si era interrotto; la vendita non è più nell'archivio.";
 const char* const testoNonCancellata =
     "La vendita non è stata cancellata: il collegamento con il server si è interrotto.\n"
@@ -40,11 +40,16 @@ EsitoCommit cerca(Vendita& v, const std::set<int>& righe) {
     return cercaDopoCommitPerso(v.schermo.operatore(), sorgente(), [&] { return sparite(righe); });
 }
 
-void racconta(Vendita& v, EsitoCommit esito) {
+// After a conversion the screen tells the number of the new document, not of the one that goes.
+QString numero(const Vendita& v, int idMovimento) {
+    if (v.rid() != idMovimento) return {};
+    return ": N° " + v.txtProg.testo() + "/" + v.txtSottoProg.testo();
+}
+
+void racconta(Vendita& v, int idMovimento, EsitoCommit esito) {
     OperatorPort& operatore = v.schermo.operatore();
     if (esito == EsitoCommit::Registrato) {
-        const QString numero = v.txtProg.testo() + "/" + v.txtSottoProg.testo();
-        operatore.messaggio(QString(testoCancellata).arg(numero), Icona::Informazione);
+        operatore.messaggio(QString(testoCancellata).arg(numero(v, idMovimento)), Icona::Informazione);
     } else {
         operatore.messaggio(esito == EsitoCommit::Ignoto ? testoIncerta : testoNonCancellata, Icona::Critica);
     }
@@ -52,14 +57,14 @@ void racconta(Vendita& v, EsitoCommit esito) {
 
 }  // namespace
 
-bool dopoCancellazionePersa(Vendita& v) {
+bool dopoCancellazionePersa(Vendita& v, int idMovimento) {
     std::set<int> righe;
     for (int r = 1; r <= v.flxVB.ultima(); ++r) {
         if (v.flxVB.chiave(r, Colonna::Rid) > 0) righe.insert(v.flxVB.chiave(r, Colonna::Rid));
     }
     const EsitoCommit esito = cerca(v, righe);
     if (esito == EsitoCommit::Ignoto) v.cancellazioneIncerta = std::move(righe);
-    racconta(v, esito);
+    racconta(v, idMovimento, esito);
     return esito == EsitoCommit::Registrato;
 }
 
@@ -67,6 +72,6 @@ EsitoCommit chiarisciCancellazione(Vendita& v) {
     if (v.cancellazioneIncerta.empty()) return EsitoCommit::NonRegistrato;
     const EsitoCommit esito = cerca(v, v.cancellazioneIncerta);
     if (esito != EsitoCommit::Ignoto) v.cancellazioneIncerta.clear();
-    if (esito != EsitoCommit::NonRegistrato) racconta(v, esito);
+    if (esito != EsitoCommit::NonRegistrato) racconta(v, v.rid(), esito);
     return esito;
 }

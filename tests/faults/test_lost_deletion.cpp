@@ -1,5 +1,6 @@
 #include "faults/cutting_proxy.h"
 #include "faults/faulty_shop.h"
+#include "postings/delete_sale.h"
 
 // The answer to a deletion's commit does not come back. The operator is told what is true, and a sale that is
 // gone is not written over.
@@ -101,6 +102,17 @@ TEST_F(LostDeletion, OfTheSecondSaleOfTheDayIsFoundByItsRows) {
     premi();
     EXPECT_EQ(n->conta("Movimenti"), 1);
     EXPECT_EQ(n->conta("DettagliMovimento"), 2);
+}
+
+// The screen shows the new document by then.
+TEST_F(LostDeletion, OfAConvertedSaleTellsNoOtherSalesNumber) {
+    const int origine = vendita().rid();
+    vendita().lblRID.testo("99");
+    vendita().txtProg.testo("0007");
+    linea.guasta(Guasto::DopoIlCommit, false);
+    n->operatore.attendiMessaggio(QString(cancellata).remove(": N° 0001/0001"), Icona::Informazione);
+    EXPECT_TRUE(cancellaVendita(vendita(), origine, false));
+    EXPECT_EQ(n->conta("DettagliMovimento"), 0);
 }
 
 // ---- The server cannot be asked
