@@ -2,7 +2,6 @@
 
 #include <QTextStream>
 
-#include "archivio/create_archive.h"
 #include "core/errors.h"
 #include "core/globals.h"
 #include "data/gateway.h"
@@ -15,6 +14,8 @@ namespace {
 const char* const vendibile =
     "DISABILITATO = 0 AND FK_SOSTITUITO IS NULL AND LISTINO1 > 0 AND CODICE GLOB '[A-Z]*'";
 
+int pauseChieste = 0;
+
 class OperatoreAssente final : public OperatorPort {
   public:
     using OperatorPort::messaggio;
@@ -23,7 +24,7 @@ class OperatoreAssente final : public OperatorPort {
     bool avviso(const Errore& errore) override { qFatal("%s", qPrintable(errore.descrizione)); }
     void beep() override {}
     void clessidra(bool) override {}
-    void pausa(int) override {}
+    void pausa(int) override { ++pauseChieste; }
     void avvisoAttesa(const QString&) override {}
 };
 
@@ -71,10 +72,19 @@ QStringList leggiBarcode(SqliteConnection& connessione) {
 
 }  // namespace
 
-TillDimostrativa::TillDimostrativa(int prodotti) : mOperatore(std::make_unique<OperatoreAssente>()) {
+TillDimostrativa::TillDimostrativa(int prodotti) : TillDimostrativa({.demo = true}, prodotti) {}
+
+TillDimostrativa::TillDimostrativa(const MisureNegozio& misure) : TillDimostrativa({.misure = misure}, 0) {}
+
+int TillDimostrativa::pause() {
+    return pauseChieste;
+}
+
+TillDimostrativa::TillDimostrativa(const OpzioniCreazione& opzioni, int prodotti)
+    : mOperatore(std::make_unique<OperatoreAssente>()) {
     QString esito;
     QTextStream uscita(&esito);
-    if (!creaArchivio(archivio(), {.demo = true}, uscita)) qFatal("%s", qPrintable(esito));
+    if (!creaArchivio(archivio(), opzioni, uscita)) qFatal("%s", qPrintable(esito));
     {
         ErroreServer errore;
         const auto connessione = SqliteConnection::apri(archivio(), errore);

@@ -2,6 +2,7 @@
 
 #include <QTemporaryDir>
 
+#include "archivio/create_archive.h"
 #include "doubles/conto_di_prova.h"
 
 // A till on a fresh demo shop, without a window, for the benchmarks. Questions are answered No.
@@ -9,6 +10,8 @@ class TillDimostrativa {
   public:
     // With `prodotti` above those of the demo shop the catalogue grows to as many, by copies.
     explicit TillDimostrativa(int prodotti = 0);
+    // On a made-up shop of that size instead.
+    explicit TillDimostrativa(const MisureNegozio& misure);
     ~TillDimostrativa();
     TillDimostrativa(const TillDimostrativa&) = delete;
     TillDimostrativa& operator=(const TillDimostrativa&) = delete;
@@ -19,10 +22,15 @@ class TillDimostrativa {
     QString barcode(int i) const { return mBarcode[static_cast<qsizetype>(i) % mBarcode.size()]; }
     QString archivio() const { return mCartella.filePath("banco.mdb"); }
 
+    // How often a rule has asked for a pause so far, in this process.
+    static int pause();
+
     // Runs `azione` and answers the statements that reached the archive meanwhile, begin and commit too.
     static QStringList istruzioni(const std::function<void()>& azione);
 
   private:
+    TillDimostrativa(const OpzioniCreazione& opzioni, int prodotti);
+
     QTemporaryDir mCartella;
     std::unique_ptr<OperatorPort> mOperatore;
     ContoDiProva* mConto = nullptr;

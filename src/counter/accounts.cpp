@@ -97,7 +97,7 @@ Conto::Conto(int indice) : mVendita(indice, *this) {
 }
 
 void Conto::premiComando(int comando) {
-    cmdComando_Click(*this, comando);
+    cmdComando_Click(*this, comando, Pressione::Tasto);
 }
 
 void Conto::premiOperatore() {
@@ -151,6 +151,11 @@ void getConto(int indice, bool aperturaDaConto) {
     }
     startMe(nuovoConto(indice), -1, 0, 0);
     if (conto && aperturaDaConto) vuotaCliente(conto->vendita());
+}
+
+bool bChiudiConto() {
+    return gConti[0] &&
+           std::any_of(gConti.begin() + 1, gConti.end(), [](const ContoAperto& c) { return !!c; });
 }
 
 bool apriContoConVendita(int ridVendita) {

@@ -64,6 +64,9 @@ void impostaChiudiApplicazione(std::function<void()> chiudi);
 // of 0 to 3: RunTimeError 9.
 void getConto(int indice, bool aperturaDaConto);
 
+// Account 0 and one or more of the others are open.
+bool bChiudiConto();
+
 // Shows a saved sale in the first free account; false when there is none.
 bool apriContoConVendita(int ridVendita);
 

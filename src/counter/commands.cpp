@@ -9,6 +9,7 @@
 #include "counter/fields.h"
 #include "counter/save_question.h"
 #include "counter/searches.h"
+#include "postings/delete_sale.h"
 #include "postings/save_sale.h"
 #include "sale/line_pricing.h"
 #include "sale/recall.h"
@@ -46,6 +47,14 @@ void salva(Conto& conto) {
     if (v.indice > 0) conto.scarica();
 }
 
+// The sale on the screen leaves the books, and the screen goes on.
+void cancella(Conto& conto) {
+    Vendita& v = conto.vendita();
+    if (!cancellaVendita(v, v.rid(), true)) return;
+    if (bChiudiConto()) return conto.scarica();
+    nuovoDocumento(v);
+}
+
 // The price box that ends a row, as the workstation shows it.
 Campo& prezzoFineRiga(Vendita& v) {
     if (v.txtPrezzoFinito.visibile()) return v.txtPrezzoFinito;
@@ -69,6 +78,8 @@ void cerca(Conto& conto, void (*ricerca)(Conto&)) {
     if (terminaCampo(conto)) ricerca(conto);
 }
 
+constexpr int comandoCancella = 4;
+
 struct VoceComando {
     int indice;
     void (*azione)(Conto&);
@@ -76,17 +87,16 @@ struct VoceComando {
 
 // The commands that there are; a button without an entry here does nothing.
 const VoceComando comandi[] = {
-    {0, nuovaVendita}, {5, nuovoConto},
-    {6, cancellaRiga}, {7, chiudi},
-    {9, salva},        {12, visualizzaDocDaStampare},
-    {15, nuovaRiga},   {16, scontoImmediato},
+    {0, nuovaVendita}, {comandoCancella, cancella},   {5, nuovoConto}, {6, cancellaRiga},     {7, chiudi},
+    {9, salva},        {12, visualizzaDocDaStampare}, {15, nuovaRiga}, {16, scontoImmediato},
 };
 
 }  // namespace
 
-void cmdComando_Click(Conto& conto, int indice) {
+void cmdComando_Click(Conto& conto, int indice, Pressione pressione) {
     if (indice < 0 || indice >= CampiVendita::numeroComandi) return;
     if (!conto.vendita().cmdComando[static_cast<size_t>(indice)].abilitato()) return;
+    if (indice == comandoCancella && pressione == Pressione::Tasto && !conto.vendita().tastoShift) return;
     const auto comando = std::find_if(std::begin(comandi), std::end(comandi),
                                       [&](const VoceComando& voce) { return voce.indice == indice; });
     if (comando == std::end(comandi)) return;

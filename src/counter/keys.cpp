@@ -135,7 +135,11 @@ bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
         setReso(v, 3);
         return true;
     }
-    if (stato == Qt::ShiftModifier) return premi(conto, comandoConShift(tasto));
+    if (stato == Qt::ShiftModifier) {
+        // A hand may have let go of Shift first.
+        const QScopedValueRollback shift(v.tastoShift, true);
+        return premi(conto, comandoConShift(tasto));
+    }
     if (stato == Qt::ControlModifier && tasto == Qt::Key_F11) return apriOpzioni(conto);
     if (stato != Qt::NoModifier) return false;
     if (tasto == Qt::Key_F4) {

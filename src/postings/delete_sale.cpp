@@ -10,14 +10,25 @@
 #include "data/gateway.h"
 #include "data/options_table.h"
 #include "postings/journal.h"
+#include "postings/lost_deletion.h"
+#include "postings/lost_save.h"
 #include "postings/payment_schedule.h"
 #include "postings/stock.h"
+#include "postings/stored_row.h"
+#include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
 
 namespace {
 
 using Icona = OperatorPort::Icona;
+
+const char* const testoSalvataggioIgnoto =
+    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
+    "Finché non si sa, la vendita non si può cancellare.";
+const char* const testoGiaSalvata =
+    "La vendita era già stata salvata: N° %1.\n"
+    "Si mostra come è nell'archivio: controllarla prima di cancellarla.";
 
 QString transazione() {
     return ".cancellaVendita" + gNomeModulo;
@@ -57,7 +68,9 @@ bool removeDettagli(Vendita& v) {
             for (int r = 1; r <= v.flxVB.ultima(); ++r) {
                 const int rid = v.flxVB.chiave(r, Colonna::Rid);
                 if (rid < 1) continue;
-                if (!elimina("DettagliMovimento", "RID = " + QString::number(rid))) return false;
+                if (!eseguiSuRiga("DELETE FROM DettagliMovimento WHERE RID = " + QString::number(rid),
+                                  sorgente()))
+                    return false;
                 if (!restituisciMerce(v, r)) return false;
             }
             return true;
@@ -140,7 +153,26 @@ bool cancellaInTransazione(Vendita& v, int idMovimento) {
         gNomeModulo, "cancellaVendita", [&] { return togliDaiLibri(v, idMovimento); }, false);
     if (tolta && gAdo.commitTrasaction(transazione())) return true;
     v.lblTotConto.testo(totale);
+    if (tolta && gAdo.commitDiEsitoIgnoto()) return dopoCancellazionePersa(v, idMovimento);
     if (gAdo.inTransazione()) gAdo.rollbackTrasaction(transazione());
+    return false;
+}
+
+// A save of which nothing is known is looked for first: rows that it wrote belong to what goes.
+bool salvataggioChiarito(Vendita& v) {
+    if (!v.salvataggioIncerto) return true;
+    const SalvataggioIncerto salvataggio = *v.salvataggioIncerto;
+    OperatorPort& operatore = v.schermo.operatore();
+    const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
+    if (esito == EsitoCommit::Ignoto) {
+        operatore.messaggio(testoSalvataggioIgnoto, Icona::Critica);
+        return false;
+    }
+    v.salvataggioIncerto.reset();
+    if (esito == EsitoCommit::NonRegistrato) return true;
+    showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
+    operatore.messaggio(QString(testoGiaSalvata).arg(v.txtProg.testo() + "/" + v.txtSottoProg.testo()),
+                        Icona::Esclamazione);
     return false;
 }
 
@@ -176,6 +208,9 @@ EsitoTestata ctrlVenditaAfterDelete(const Vendita& v, int idMovimento) {
 
 bool cancellaVendita(Vendita& v, int idMovimento, bool chiedi) {
     if (v.flxVB.righe() <= 1 || idMovimento < 1) return false;
+    if (const EsitoCommit esito = chiarisciCancellazione(v); esito != EsitoCommit::NonRegistrato)
+        return esito == EsitoCommit::Registrato;
+    if (!salvataggioChiarito(v)) return false;
     if (chiedi && !confermata(v)) return false;
     return cancellaInTransazione(v, idMovimento);
 }

@@ -33,11 +33,13 @@ struct RighePN {
     RigaPN avere2{"Avere"};
 };
 
-std::optional<ContiCausale> leggiConti(int idCausale) {
+// Nothing when there is no such causal, or the query failed: `riuscita` tells the two apart.
+std::optional<ContiCausale> leggiConti(int idCausale, bool& riuscita) {
     const Lettura lettura(
         "SELECT FK_CONTODARE1, FK_CONTODARE2, FK_CONTOAVERE1, FK_CONTOAVERE2 FROM Causali WHERE RID = " +
             QString::number(idCausale),
         sorgente());
+    riuscita = static_cast<bool>(lettura);
     if (!lettura.trovata()) return std::nullopt;
     return ContiCausale{lettura->intero("FK_CONTODARE1"), lettura->intero("FK_CONTODARE2"),
                         lettura->intero("FK_CONTOAVERE1"), lettura->intero("FK_CONTOAVERE2")};
@@ -101,8 +103,10 @@ bool scriviRiga(int idPrimaNota, const RigaPN& riga) {
 }
 
 QString sostituisciRighe(const RegistrazionePN& r) {
-    const auto conti = leggiConti(r.idCausale);
-    if (!conti) return gAdo.transazioneFallita() ? "" : "Impossibile assegnare i conti DARE/AVERE!";
+    bool riuscita = false;
+    const auto conti = leggiConti(r.idCausale, riuscita);
+    if (!riuscita) return {};
+    if (!conti) return "Impossibile assegnare i conti DARE/AVERE!";
     const RighePN righe = ripartisci(*conti, r);
     if (!gAdo.executeSQL(
             "DELETE FROM PrimaNotaDettagli WHERE FK_PrimaNota = " + QString::number(r.idPrimaNota),

@@ -36,6 +36,8 @@ int& attesaVerificaCommit() {
 EsitoCommit cercaDopoCommitPerso(OperatorPort& operatore, const QString& sorgente,
                                  const std::function<std::optional<bool>()>& registrato) {
     const Clessidra clessidra(operatore);
+    // Those that were kept may have gone the same way.
+    gAdo.chiudiConnessioniCalde();
     QElapsedTimer inizio;
     inizio.start();
     bool raggiunto = serverRaggiungibile(sorgente);

@@ -6,6 +6,7 @@
 #include "core/value_helpers.h"
 #include "data/gateway.h"
 #include "data/prepare_sql.h"
+#include "postings/stored_row.h"
 #include "sale/totals.h"
 
 namespace {
@@ -74,15 +75,15 @@ bool modificaRiga(const RigaDaScrivere& r) {
     for (const auto& [colonna, valore] : colonneRiga(r, false)) {
         assegnazioni << colonna + " = " + valore;
     }
-    return gAdo.executeSQL("UPDATE DettagliMovimento SET " + assegnazioni.join(", ") + " " +
-                               "WHERE RID = " + QString::number(r.griglia.chiave(r.riga, Colonna::Rid)),
-                           sorgente());
+    return eseguiSuRiga("UPDATE DettagliMovimento SET " + assegnazioni.join(", ") + " " +
+                            "WHERE RID = " + QString::number(r.griglia.chiave(r.riga, Colonna::Rid)),
+                        sorgente());
 }
 
 bool cancellaRiga(const FlexVB& griglia, int riga) {
     const int rid = griglia.chiave(riga, Colonna::Rid);
     return rid < 1 ||
-           gAdo.executeSQL("DELETE FROM DettagliMovimento WHERE RID = " + QString::number(rid), sorgente());
+           eseguiSuRiga("DELETE FROM DettagliMovimento WHERE RID = " + QString::number(rid), sorgente());
 }
 
 bool collegaComponente(int idRiga, int idTesta) {

@@ -21,7 +21,7 @@ RigaScritta colonneRiga(const RigaDaScrivere& r, bool nuova);
 
 // The new row's key; below 1 on failure.
 int inserisciRiga(const RigaDaScrivere& r);
-// The seller and the time keep their first value.
+// The seller and the time keep their first value. False when another desk has deleted the row meanwhile.
 bool modificaRiga(const RigaDaScrivere& r);
 // A row that was never stored is none to delete.
 bool cancellaRiga(const FlexVB& griglia, int riga);

@@ -7,11 +7,14 @@
 #include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "data/gateway.h"
+#include "postings/lost_deletion.h"
 #include "postings/lost_save.h"
 #include "postings/numbering.h"
 #include "postings/post_accounts.h"
 #include "postings/save_rows.h"
+#include "postings/stored_row.h"
 #include "sale/recall.h"
+#include "sale/sale_document.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
 
@@ -94,7 +97,8 @@ struct Documento {
     int idMovimento = -1;
     int progressivo = 0;
     int extraProg = 0;
-    RigaScritta testata;  // what was written to the header
+    RigaScritta testata;          // what was written to the header
+    bool testataSparita = false;  // another desk has deleted the header meanwhile
 };
 
 QString controparte(const Vendita& v, const Documento& d) {
@@ -147,8 +151,9 @@ bool modificaTestata(const Vendita& v, Documento& d) {
     d.progressivo = valIntero(v.txtProg.testo());
     const RigaScritta scritte = colonneTestata(v, d);
     if (!modificaTestata(d, scritte)) return false;
+    d.testataSparita = !rigaTrovata();
     d.testata = scritte;
-    return true;
+    return !d.testataSparita;
 }
 
 // The totals of the header are those of all sales that share it.
@@ -298,6 +303,22 @@ bool haElementi(const FlexVB& g) {
     return false;
 }
 
+const char* const testoSparita =
+    "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
+    "La vendita non è stata salvata.";
+const char* const testoDiNuovo = "\nLa si può salvare di nuovo: avrà un numero nuovo.";
+
+// A sale that has nothing in the books yet goes under another header next time.
+void raccontaTestataSparita(Vendita& v, const Documento& d) {
+    const bool nuova = valIntero(v.txtSottoProg.testo()) <= 0;
+    const QString testo = QString(testoSparita).arg(Format(d.progressivo, u"0000"));
+    if (nuova) {
+        setForNewMovimento(v);
+        v.txtProg.testo("(Auto)");
+    }
+    v.schermo.operatore().messaggio(nuova ? testo + testoDiNuovo : testo, Icona::Esclamazione);
+}
+
 bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
                         const StatoPrimaDelSalvataggio& prima) {
     if (!gAdo.beginTrasaction(".saveRecord" + gNomeModulo)) {
@@ -313,6 +334,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
         if (!scriviNeiLibri(v, d)) {
             prima.ripristina(v);
             gAdo.rollbackTrasaction(transazione());
+            if (d.testataSparita) raccontaTestataSparita(v, d);
             return false;
         }
     } catch (const std::exception&) {
@@ -334,6 +356,10 @@ bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
         v.schermo.operatore().messaggio(
             "Attenzione! non vi è nessun elemento da salvare.\nAggiungere almeno un prodotto",
             Icona::Informazione);
+        return false;
+    }
+    if (const EsitoCommit cancellata = chiarisciCancellazione(v); cancellata != EsitoCommit::NonRegistrato) {
+        if (cancellata == EsitoCommit::Registrato) nuovoDocumento(v);
         return false;
     }
     if (const auto ripreso = riprendiSalvataggio(v)) return *ripreso;

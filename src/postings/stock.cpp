@@ -98,6 +98,7 @@ bool muoviStrati(const MovimentoMerce& m, const Situazione& s, float& delta) {
 
 QString aggiornaStrati(MovimentoMerce& m) {
     if (m.taglio < Currency() && m.idOrigine > 0) m.taglio = getTaglioProdotto(m.idProdotto, m.idOrigine);
+    // A layer that could not be read is no layer that is missing.
     if (m.taglio < Currency()) return gAdo.transazioneFallita() ? fallito : taglioIgnoto(m);
     Situazione s;
     if (!leggiSituazione(m, s)) return fallito;

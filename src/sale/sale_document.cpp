@@ -73,6 +73,7 @@ void pulisciTestata(Vendita& v) {
     }
     v.pctSegnala.tag("0");
     v.salvataggioIncerto.reset();
+    v.cancellazioneIncerta.clear();
     v.idPrimaNota = -1;
     v.idPNPagamento = -1;
     pulisciCorpo(v);

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <optional>
+#include <set>
 
 #include <QDate>
 #include <QString>
@@ -187,6 +188,8 @@ struct Vendita : CampiVendita, InfoDocumento {
 
     // The last save, while it is not known whether it is in the books.
     std::optional<SalvataggioIncerto> salvataggioIncerto;
+    // The rows of the last deletion, DettagliMovimento keys, while it is not known whether they are gone.
+    std::set<int> cancellazioneIncerta;
 
     // The customer's key; -1 when there is none.
     int cliente() const { return txtCodCliente.chiave(); }

@@ -118,8 +118,10 @@ void LineaTagliabile::servi() {
         std::erase_if(*mCoppie, [&, i = size_t{0}](Coppia& coppia) mutable {
             const bool detto[] = {prese[1 + 2 * i].revents != 0, prese[2 + 2 * i].revents != 0};
             ++i;
-            const bool viva =
-                (!detto[0] || passa(coppia, coppia.cassa)) && (!detto[1] || passa(coppia, coppia.server));
+            // A dead line takes its other connections along; the server still gets the commit on its own.
+            const bool portata = !mInterrotta || coppia.taciRisposta;
+            const bool viva = portata && (!detto[0] || passa(coppia, coppia.cassa)) &&
+                              (!detto[1] || passa(coppia, coppia.server));
             if (viva) return false;
             close(coppia.cassa);
             close(coppia.server);

@@ -16,7 +16,7 @@ const std::array<VoceComando, CampiVendita::numeroComandi>& comandi() {
         {"Vendita precedente", "mostra la vendita precedente", presto},
         {"Vendita successiva", "mostra la vendita successiva", presto},
         {"Vai a una vendita", "apre una vendita per numero o per data", presto},
-        {"Cancella la vendita", "cancella la vendita salvata", presto, ruoli::distruttivo},
+        {"Cancella la vendita", "Cancella la vendita salvata", pronto, ruoli::distruttivo},
         {"Nuovo conto", "Apre un altro conto e cerca il cliente", pronto},
         {"Cancella la riga", "Toglie la riga selezionata", pronto, ruoli::distruttivo},
         {"Chiudi il conto", "Chiude questo conto", pronto},

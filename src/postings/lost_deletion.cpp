@@ -1,0 +1,77 @@
+#include "postings/lost_deletion.h"
+
+#include <QStringList>
+
+#include "core/globals.h"
+#include "data/gateway.h"
+#include "sale/vendita.h"
+
+namespace {
+
+using Icona = OperatorPort::Icona;
+
+const char* const testoCancellata =
+    "La vendita è stata cancellata%1.\n"
+    "Il collegamento con il server si era interrotto; la vendita non è più nell'archivio.";
+const char* const testoNonCancellata =
+    "La vendita non è stata cancellata: il collegamento con il server si è interrotto.\n"
+    "La vendita è ancora nell'archivio e si può cancellare di nuovo.";
+const char* const testoIncerta =
+    "Non si sa se la vendita è stata cancellata: il server non risponde o è occupato.\n"
+    "Quando la si cancella o la si salva di nuovo si controlla prima se è ancora nell'archivio.";
+
+QString sorgente() {
+    return gNomeModulo + ".cancellaVendita";
+}
+
+// A key is never given twice: rows that are not there any more are the deleted ones.
+std::optional<bool> sparite(const std::set<int>& righe) {
+    if (righe.empty()) return true;
+    QStringList chiavi;
+    for (const int rid : righe)
+        chiavi << QString::number(rid);
+    const Lettura lettura("SELECT COUNT(RID) FROM DettagliMovimento WHERE RID IN (" + chiavi.join(", ") + ")",
+                          sorgente());
+    if (!lettura.trovata()) return std::nullopt;
+    return lettura->campo(0).toInt() == 0;
+}
+
+EsitoCommit cerca(Vendita& v, const std::set<int>& righe) {
+    return cercaDopoCommitPerso(v.schermo.operatore(), sorgente(), [&] { return sparite(righe); });
+}
+
+// After a conversion the screen tells the number of the new document, not of the one that goes.
+QString numero(const Vendita& v, int idMovimento) {
+    if (v.rid() != idMovimento) return {};
+    return ": N° " + v.txtProg.testo() + "/" + v.txtSottoProg.testo();
+}
+
+void racconta(Vendita& v, int idMovimento, EsitoCommit esito) {
+    OperatorPort& operatore = v.schermo.operatore();
+    if (esito == EsitoCommit::Registrato) {
+        operatore.messaggio(QString(testoCancellata).arg(numero(v, idMovimento)), Icona::Informazione);
+    } else {
+        operatore.messaggio(esito == EsitoCommit::Ignoto ? testoIncerta : testoNonCancellata, Icona::Critica);
+    }
+}
+
+}  // namespace
+
+bool dopoCancellazionePersa(Vendita& v, int idMovimento) {
+    std::set<int> righe;
+    for (int r = 1; r <= v.flxVB.ultima(); ++r) {
+        if (v.flxVB.chiave(r, Colonna::Rid) > 0) righe.insert(v.flxVB.chiave(r, Colonna::Rid));
+    }
+    const EsitoCommit esito = cerca(v, righe);
+    if (esito == EsitoCommit::Ignoto) v.cancellazioneIncerta = std::move(righe);
+    racconta(v, idMovimento, esito);
+    return esito == EsitoCommit::Registrato;
+}
+
+EsitoCommit chiarisciCancellazione(Vendita& v) {
+    if (v.cancellazioneIncerta.empty()) return EsitoCommit::NonRegistrato;
+    const EsitoCommit esito = cerca(v, v.cancellazioneIncerta);
+    if (esito != EsitoCommit::Ignoto) v.cancellazioneIncerta.clear();
+    if (esito != EsitoCommit::NonRegistrato) racconta(v, v.rid(), esito);
+    return esito;
+}

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+// Inside a transaction: whether the statement that has just run found a row to act on.
+bool rigaTrovata();
+
+// Runs a statement about one row of DettagliMovimento that the screen shows as stored. False when it failed,
+// and when another desk has taken the row away meanwhile, which the operator is told after the transaction.
+bool eseguiSuRiga(const QString& sql, const QString& sorgente);

@@ -1,0 +1,262 @@
+#include "core/globals.h"
+#include "postings/full_shop.h"
+#include "postings/save_sale.h"
+
+// What the shop's tables, its clock and its people get wrong: the operator is told, and nothing is half
+// booked.
+
+namespace {
+
+using Icona = OperatorPort::Icona;
+
+class BadInput : public testing::Test {
+  protected:
+    // The save is refused: books and screen stay, and nothing more is said than was expected.
+    void rifiutata() {
+        const QStringList libriPrima = libri(n);
+        const QStringList schermoPrima = schermata(v);
+        s->salva();
+        EXPECT_EQ(libri(n), libriPrima);
+        EXPECT_EQ(schermata(v), schermoPrima);
+        EXPECT_TRUE(n.operatore.esaurito());
+        EXPECT_EQ(n.operatore.clessidre, 0);
+    }
+    void salvata() {
+        s->salva();
+        EXPECT_EQ(n.conta("Movimenti"), 1);
+        EXPECT_FALSE(v.venditaModificata);
+        EXPECT_EQ(n.verifica(), QStringList());
+    }
+
+    std::unique_ptr<BottegaCompleta> s = std::make_unique<BottegaCompleta>(false);
+    Negozio& n = s->n;
+    Vendita& v = s->vendita();
+};
+
+}  // namespace
+
+// ---- Causals
+
+TEST_F(BadInput, ADocumentWithoutACausalIsNotPosted) {
+    v.mCausaleDoc = -1;
+    n.operatore.attendiMessaggio("Impossibile assegnare i conti DARE/AVERE!", Icona::Critica);
+    rifiutata();
+    v.mCausaleDoc = 1;
+    salvata();
+}
+
+TEST_F(BadInput, ACollectionWithoutACausalIsNotPosted) {
+    v.idCausalePagamento = 0;
+    n.operatore.attendiMessaggio("Impossibile assegnare i conti DARE/AVERE!", Icona::Critica);
+    rifiutata();
+}
+
+TEST_F(BadInput, ACausalThatIsNotThereIsReportedOnce) {
+    v.idCausalePagamento = 99;
+    n.operatore.attendiAvviso("cAdoSqlServer.getIDByInsert -> bBottegonClientVB.salvaPrimaNota");
+    rifiutata();
+}
+
+TEST_F(BadInput, ACausalWithoutAccountsGivesEntriesWithoutLines) {
+    n.sql("UPDATE Causali SET FK_CONTODARE1 = 0, FK_CONTOAVERE1 = NULL, FK_CONTOAVERE2 = 0");
+    salvata();
+    EXPECT_EQ(n.conta("PrimaNota"), 2);
+    EXPECT_EQ(n.conta("PrimaNotaDettagli"), 0);
+}
+
+// ---- Terms
+
+TEST_F(BadInput, TermsWithFewerInstalmentsThanToldAreNotBookedInPart) {
+    n.sql("UPDATE Pagamenti SET NRATE = 3 WHERE RID = 1");
+    n.operatore.attendiAvviso("bBottegonClientVB.generaScadenzePagamento");
+    rifiutata();
+    n.sql("UPDATE Pagamenti SET NRATE = 2 WHERE RID = 1");
+    salvata();
+}
+
+// ---- Products
+
+TEST_F(BadInput, AProductWithoutACostIsNamed) {
+    n.sql("DELETE FROM DettagliProdotto WHERE FK_PRODOTTO = 2");
+    n.operatore.attendiMessaggio(
+        "Impossibile determinare il taglio.\nManca il riferimento al prezzo di costo del prodotto.\n\n"
+        "Informazioni: \n - Prodotto [B - B]",
+        Icona::Critica);
+    rifiutata();
+}
+
+TEST_F(BadInput, AProductThatIsGoneIsReportedOnce) {
+    n.sql("DELETE FROM Prodotti WHERE CODICE = 'C'");
+    n.operatore.attendiAvviso("cAdoSqlServer.getIDByInsert -> bBottegonClientVB.saveDettagli");
+    rifiutata();
+}
+
+// ---- The customer goes while the sale is rung up
+
+TEST_F(BadInput, ANewSaleOfACustomerWhoIsGoneIsReportedOnce) {
+    n.sql("DELETE FROM Anagrafiche WHERE NUMERO = 7");
+    n.operatore.attendiAvviso("cAdoSqlServer.getIDByInsert -> bBottegonClientVB.salvaVendita");
+    rifiutata();
+    // The sale goes to somebody who is there.
+    v.txtCodCliente.tag("1");
+    salvata();
+}
+
+// ---- The document goes while a sale under it is rung up
+
+class GoneDocument : public testing::Test {
+  protected:
+    GoneDocument() {
+        s.salva();
+        mPrimo = v.lblRID.testo();
+    }
+    // As another desk would: with all its rows and entries, and the goods come back.
+    void altraCassaCancella() {
+        n.sql("DELETE FROM DettagliMovimento WHERE FK_MOVIMENTO = " + mPrimo);
+        n.sql("DELETE FROM Movimenti WHERE RID = " + mPrimo);
+        n.sql("DELETE FROM PrimaNotaDettagli");
+        n.sql("DELETE FROM PrimaNota");
+    }
+
+    BottegaCompleta s{true};
+    Negozio& n = s.n;
+    Vendita& v = s.vendita();
+    const QString sparito =
+        "Il documento N° 0001 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
+        "La vendita non è stata salvata.";
+
+  private:
+    QString mPrimo;
+};
+
+TEST_F(GoneDocument, ANewSaleUnderItIsSavedUnderAnother) {
+    s.conto().tasto(Qt::Key_F2);
+    vendi(s.conto(), "A");
+    altraCassaCancella();
+    n.operatore.attendiMessaggio(sparito + "\nLa si può salvare di nuovo: avrà un numero nuovo.",
+                                 Icona::Esclamazione);
+    s.salva();
+    EXPECT_EQ(n.conta("Movimenti"), 0);
+    EXPECT_EQ(v.flxVB.ultima(), 1);
+    s.salva();
+    EXPECT_EQ(n.riga("SELECT PROGRESSIVO, TOTDOCUMENTO FROM Movimenti"), "2|12.2");
+    EXPECT_EQ(n.valore("SELECT EXTRAPROG FROM DettagliMovimento"), "1");
+    EXPECT_EQ(n.conta("PrimaNota"), 2);
+}
+
+TEST_F(GoneDocument, AChangedSaleMovesNoStock) {
+    s.ritocca();
+    altraCassaCancella();
+    const QStringList prima = libri(n);
+    const QStringList schermoPrima = schermata(v);
+    n.operatore.attendiMessaggio(sparito, Icona::Esclamazione);
+    s.salva();
+    EXPECT_EQ(libri(n), prima);
+    EXPECT_EQ(schermata(v), schermoPrima);
+}
+
+// ---- Dates and clocks
+
+class SaleDates : public testing::Test {
+  protected:
+    void adesso(const QString& istante) {
+        n.orologio.istante = QDateTime::fromString(istante, "yyyy-MM-dd HH:mm");
+    }
+    QString documento(const QString& condizione = "1=1") {
+        return n.riga("SELECT PROGRESSIVO, ANNO, DATA FROM Movimenti WHERE " + condizione +
+                      " ORDER BY RID DESC");
+    }
+    void nuovaVendita() {
+        c.tasto(Qt::Key_F2);
+        vendi(c, "A");
+        c.tasto(Qt::Key_F5);
+        EXPECT_FALSE(v.venditaModificata);
+    }
+
+    Negozio n;
+    int prodotto = n.prodotto({.codice = "A", .listino1 = 10});
+    ContoDiProva& c = n.apriConto();
+    Vendita& v = c.vendita();
+};
+
+TEST_F(SaleDates, ASaleOfAnotherYearTakesThatYearsNumber) {
+    nuovaVendita();
+    c.tasto(Qt::Key_F2);
+    v.lblRID.testo("-1");
+    v.txtData.testo("30/12/2025");
+    vendi(c, "A");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(documento(), "1|2025|2025-12-30 00:00:00");
+    EXPECT_EQ(n.righe("SELECT ANNO, NUMERO FROM Contatori ORDER BY ANNO"), (QStringList{"2025|1", "2026|1"}));
+    // Its sub-number follows this year's document of the same number.
+    EXPECT_EQ(n.valore("SELECT MAX(EXTRAPROG) FROM DettagliMovimento"), "2");
+    EXPECT_EQ(v.txtData.testo(), "30/12/2025");
+}
+
+TEST_F(SaleDates, ASaleBegunBeforeMidnightKeepsItsDay) {
+    adesso("2026-03-16 23:58");
+    c.tasto(Qt::Key_F2);
+    vendi(c, "A");
+    adesso("2026-03-17 00:02");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(documento(), "1|2026|2026-03-16 00:00:00");
+    nuovaVendita();
+    EXPECT_EQ(documento(), "2|2026|2026-03-17 00:00:00");
+}
+
+TEST_F(SaleDates, ASaleBegunBeforeNewYearIsTheOldYears) {
+    adesso("2026-12-31 23:58");
+    c.tasto(Qt::Key_F2);
+    vendi(c, "A");
+    adesso("2027-01-01 00:02");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(documento(), "1|2026|2026-12-31 00:00:00");
+    EXPECT_EQ(n.valore("SELECT DATA FROM PrimaNota"), "2026-12-31 00:00:00");
+    EXPECT_EQ(v.txtProg.testo(), "0001");
+    EXPECT_EQ(v.flxVB.ultima(), 1);
+    nuovaVendita();
+    EXPECT_EQ(documento(), "1|2027|2027-01-01 00:00:00");
+    EXPECT_EQ(n.valore("SELECT MAX(PROGRESSIVO) FROM PrimaNota WHERE DATA >= '2027-01-01'"), "2");
+    EXPECT_EQ(n.verifica(), QStringList());
+}
+
+TEST_F(SaleDates, AConversionAfterNewYearIsOfTheNewYear) {
+    adesso("2026-12-31 23:58");
+    c.tasto(Qt::Key_F2);
+    vendi(c, "A");
+    adesso("2027-01-01 00:02");
+    ASSERT_TRUE(salvaVendita(v, true, 1));
+    EXPECT_EQ(documento(), "1|2027|2027-01-01 00:00:00");
+    EXPECT_EQ(n.valore("SELECT ANNO FROM Contatori"), "2027");
+}
+
+TEST_F(SaleDates, AClockSetBackADayBeginsADocumentOfItsOwn) {
+    nuovaVendita();
+    adesso("2026-03-15 10:30");
+    nuovaVendita();
+    EXPECT_EQ(documento(), "2|2026|2026-03-15 00:00:00");
+    EXPECT_EQ(n.conta("Movimenti"), 2);
+    EXPECT_EQ(n.verifica(), QStringList());
+}
+
+TEST_F(SaleDates, AClockSetBackAnHourGoesOnUnderTheDaysDocument) {
+    nuovaVendita();
+    adesso("2026-03-16 09:30");
+    nuovaVendita();
+    EXPECT_EQ(n.conta("Movimenti"), 1);
+    EXPECT_EQ(v.txtSottoProg.testo(), "0002");
+}
+
+TEST_F(SaleDates, ALeapDayIsASaleDay) {
+    adesso("2028-02-29 10:00");
+    nuovaVendita();
+    EXPECT_EQ(documento(), "1|2028|2028-02-29 00:00:00");
+}
+
+TEST_F(SaleDates, ADateThatIsNoneIsAskedFor) {
+    vendi(c, "A");
+    v.txtData.testo("   ");
+    n.operatore.attendiMessaggio("Attenzione:\n - Campo [Data] Obbligatorio.", Icona::Esclamazione);
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.conta("Movimenti"), 0);
+}
