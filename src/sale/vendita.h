@@ -50,6 +50,7 @@ struct CampiVendita {
     Campo lblMainDisplay{elenco, "lblMainDisplay"};          // total to pay; tag: before an outside change
     Campo lblLastMainDisplay{elenco, "lblLastMainDisplay"};  // amount already counted in the balance
     Campo lblUltimaVendita{elenco, "lblUltimaVendita"};
+    Campo lblUltimoResto{elenco, "lblUltimoResto"};  // change of the last sale; tag: of the last tender
     Campo lblSecondaryDisplay{elenco, "lblSecondaryDisplay"};
     Campo lblTotLordo{elenco, "lblTotLordo"};
     Campo lblTotNetto{elenco, "lblTotNetto"};

@@ -10,10 +10,13 @@
 #include "counter/keys.h"
 #include "counter/ui/assembly.h"
 #include "counter/ui/finestra_conti.h"
+#include "counter/ui/frmElencoProdottiMovimento.h"
+#include "counter/ui/frmVaiVendita.h"
 #include "counter/ui/grid_view.h"
 #include "counter/ui/key_text.h"
 #include "data/gateway.h"
 #include "kit/ui/campo_edit.h"
+#include "kit/ui/frmPagamento.h"
 #include "kit/ui/frmRicerca.h"
 #include "kit/ui/frmSelectElement.h"
 #include "sale/alternatives.h"
@@ -107,6 +110,18 @@ QString frmMain::ricerca(const RichiestaRicerca& richiesta) {
     frmRicerca finestra(mOperatore, window());
     finestra.startMe(richiesta);
     return finestra.risultato();
+}
+
+EsitoIncasso frmMain::incassa(Currency totale) {
+    return frmPagamento(window()).startMe(totale);
+}
+
+void frmMain::scegliVendita(VaiVendita& scelta) {
+    frmVaiVendita(window()).startMe(scelta);
+}
+
+QString frmMain::scegliRiga(ElencoMovimento& movimento) {
+    return frmElencoProdottiMovimento(movimento, window()).startMe();
 }
 
 // ---- Buttons and fields

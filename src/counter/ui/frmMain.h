@@ -29,6 +29,9 @@ class frmMain final : public QWidget, public Conto {
     // ---- Conto
     void mostra() override;
     void elimina() override;
+    EsitoIncasso incassa(Currency totale) override;
+    void scegliVendita(VaiVendita& scelta) override;
+    QString scegliRiga(ElencoMovimento& movimento) override;
 
     // ---- SchermoVendita
     OperatorPort& operatore() override { return mOperatore; }

@@ -120,6 +120,9 @@ QWidget* pannelloDisplay(const Montaggio& m, QWidget* padre) {
     ultima->addWidget(nuovaDidascalia("Ultima vendita", ruoli::didascalia, pannello));
     ultima->addWidget(cifra(m.v.lblUltimaVendita, "Ultima vendita", puntiUltimaMinimi, puntiUltima, pannello),
                       1);
+    ultima->addWidget(nuovaDidascalia("Resto", ruoli::didascalia, pannello));
+    ultima->addWidget(
+        cifra(m.v.lblUltimoResto, "Resto dell'ultima vendita", puntiUltimaMinimi, puntiUltima, pannello), 1);
     colonna->addLayout(ultima);
 
     auto* pagamento = nuovaDisposizione<QHBoxLayout>(spazio);
