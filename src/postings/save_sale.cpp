@@ -199,12 +199,16 @@ QString numeroVendita(const Vendita& v) {
     return v.txtProg.testo() + "/" + v.txtSottoProg.testo();
 }
 
+SalvataggioIncerto descriviSalvataggio(const Vendita& v, const Documento& d) {
+    const int controparte = d.trasferimento ? -1 : v.cliente();
+    return {d.idMovimento, d.extraProg,
+            descriviTestata({d.progressivo, d.tipo, d.idPagamento, controparte, d.data}),
+            descriviRighe(v.flxVB)};
+}
+
 bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     OperatorPort& operatore = v.schermo.operatore();
-    const int controparte = d.trasferimento ? -1 : v.cliente();
-    SalvataggioIncerto salvataggio{
-        d.idMovimento, d.extraProg,
-        descriviTestata({d.progressivo, d.tipo, d.idPagamento, controparte, d.data}), descriviRighe(v.flxVB)};
+    SalvataggioIncerto salvataggio = descriviSalvataggio(v, d);
     const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
         segnaSalvata(v, d);
@@ -276,6 +280,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
             gAdo.rollbackTrasaction(transazione());
             return false;
         }
+        if (v.primaDelCommit) v.primaDelCommit(descriviSalvataggio(v, d));
     } catch (const std::exception&) {
         return confermaDopoErrore(v, d, prima);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 
 #include <QDate>
@@ -186,6 +187,8 @@ struct Vendita : CampiVendita, InfoDocumento {
     bool modificaConsentita = true;
     bool inChiusura = false;
 
+    // Hears what the books will hold, before a save is committed.
+    std::function<void(const SalvataggioIncerto&)> primaDelCommit;
     // The last save, while it is not known whether it is in the books.
     std::optional<SalvataggioIncerto> salvataggioIncerto;
 

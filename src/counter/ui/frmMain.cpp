@@ -8,6 +8,7 @@
 #include "counter/commands.h"
 #include "counter/fields.h"
 #include "counter/keys.h"
+#include "counter/recovery_journal.h"
 #include "counter/ui/assembly.h"
 #include "counter/ui/finestra_conti.h"
 #include "counter/ui/frmElencoProdottiMovimento.h"
@@ -36,7 +37,9 @@ auto frmMain::evento(const char* nome, Corpo&& corpo) {
         frmMain& schermo;
         explicit Esecuzione(frmMain& f) : schermo(f) { ++schermo.mInCorso; }
         ~Esecuzione() {
-            if (--schermo.mInCorso == 0 && schermo.mDaEliminare) schermo.deleteLater();
+            if (--schermo.mInCorso > 0) return;
+            if (GiornaleVendite* giornale = giornaleVendite()) giornale->annota();
+            if (schermo.mDaEliminare) schermo.deleteLater();
         }
     };
     const Esecuzione inCorso(*this);
