@@ -10,6 +10,7 @@
 #include "counter/fields.h"
 #include "counter/go_to_sale.h"
 #include "counter/movement_list.h"
+#include "counter/next_sale.h"
 #include "counter/payment_step.h"
 #include "counter/save_question.h"
 #include "counter/searches.h"
@@ -59,7 +60,8 @@ void salva(Conto& conto) {
     // Numbers start again every year: a sale saved after midnight is looked up in its own.
     const int anno = QDate::fromString(v.txtData.testo(), "dd/MM/yyyy").year();
     showVendita(v, 0, valIntero(v.txtProg.testo()), valIntero(v.txtSottoProg.testo()), anno);
-    if (v.indice > 0) conto.scarica();
+    if (v.indice > 0) return conto.scarica();
+    mostraVenditaSalvata(conto);
 }
 
 // The price box that ends a row, as the workstation shows it.

@@ -6,6 +6,7 @@
 #include "counter/accounts.h"
 #include "counter/commands.h"
 #include "counter/fields.h"
+#include "counter/next_sale.h"
 #include "sale/grid.h"
 #include "sale/product_entry.h"
 #include "sale/returns.h"
@@ -106,6 +107,7 @@ bool Form_KeyPress(Conto& conto, QChar carattere, qint64 istante) {
     if (gLaserChar.isEmpty() || carattere != gLaserChar[0]) return tastoDiRaffica(conto, carattere, istante);
     TimerRaffica_Timer(conto);
     terminaCampo(conto);
+    primaDelProdotto(conto);
     iniziaScansione(conto.vendita());
     return true;
 }

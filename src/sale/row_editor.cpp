@@ -119,6 +119,7 @@ void setVenditaModificata(Vendita& v) {
     v.venditaModificata = true;
     v.pctSave.testo("Vendita non salvata");
     v.pctSave.visibile(true);
+    v.pctSalvata.visibile(false);
 }
 
 void setResoStatus(Vendita& v, int valore) {

@@ -41,6 +41,7 @@ struct CampiVendita {
     Campo pctSegnala{elenco, "pctSegnala"};
     Campo pctSave{elenco, "pctSave"};
     Campo pctPrint{elenco, "pctPrint"};
+    Campo pctSalvata{elenco, "pctSalvata"};  // shown: the sale in sight has just been saved
     Campo pctIVA{elenco, "pctIVA"};
     Campo lblCassa{elenco, "lblCassa"};
     Campo lblConto{elenco, "lblConto"};
@@ -166,6 +167,7 @@ struct Vendita : CampiVendita, InfoDocumento {
     int idPNPagamento = -1;       // journal entry of the collection
     int mPagamentoCliente = -1;
     double mScontoCliente = 0.0;  // percentage
+    QDate giornoDocumento;        // the day on which the sale came to the screen
     int mRigaInserimento = -1;    // where the next new row goes; -1 at the end
 
     // Guards of the grid's events.

@@ -127,6 +127,10 @@ QString frmMain::scegliRiga(ElencoMovimento& movimento) {
     return frmElencoProdottiMovimento(movimento, window()).startMe();
 }
 
+void frmMain::venditaSalvata() {
+    mFinestra.assorda();
+}
+
 // ---- Buttons and fields
 
 EventiSchermo frmMain::eventi() {
@@ -218,6 +222,7 @@ bool frmMain::eventFilter(QObject* oggetto, QEvent* evento) {
 }
 
 bool frmMain::tastoGiu(const QKeyEvent& tasto) {
+    if (mFinestra.sorda() && tasto.key() >= Qt::Key_F1 && tasto.key() <= Qt::Key_F12) return true;
     const auto modificatori = static_cast<int>(tasto.modifiers());
     if (!tasto.isAutoRepeat()) mTastiPremuti.insert(tasto.key(), modificatori);
     return evento("Form_KeyDown", [&] {

@@ -32,6 +32,7 @@ class frmMain final : public QWidget, public Conto {
     EsitoIncasso incassa(Currency totale) override;
     void scegliVendita(VaiVendita& scelta) override;
     QString scegliRiga(ElencoMovimento& movimento) override;
+    void venditaSalvata() override;
 
     // ---- SchermoVendita
     OperatorPort& operatore() override { return mOperatore; }
