@@ -113,7 +113,8 @@ QWidget* pannelloDisplay(const Montaggio& m, QWidget* padre) {
     secondo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     testa->addWidget(secondo, 1);
     colonna->addLayout(testa);
-    colonna->addWidget(m.spia(m.v.pctSalvata, "VENDITA SALVATA, F2 nuova vendita", ruoli::salvata, pannello));
+    colonna->addWidget(
+        postoFisso(m.spia(m.v.pctSalvata, "VENDITA SALVATA, F2 nuova vendita", ruoli::salvata, pannello)));
     colonna->addWidget(
         cifra(m.v.lblMainDisplay, "Totale da pagare", puntiTotaleMinimi, puntiTotale, pannello));
 

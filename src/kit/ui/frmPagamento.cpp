@@ -17,6 +17,7 @@ constexpr int distanza = 10;
 constexpr int puntiCasella = 34;
 constexpr int puntiRestoMinimi = 24;
 constexpr int puntiResto = 52;
+constexpr int altezzaCasella = 84;
 constexpr int altezzaUscita = 64;
 
 // Digits of a readout; what that font has not got, as the comma, comes from the program's own.
@@ -54,11 +55,18 @@ EsitoIncasso frmPagamento::startMe(Currency totale) {
     return esito;
 }
 
+QLabel* frmPagamento::titolo(const QString& didascalia, const Campo& campo) {
+    QLabel* nuovo = etichetta(didascalia, "lbl_" + campo.nome(), mContenuto);
+    nuovo->setFont(carattereIngrandito(1.3));
+    return nuovo;
+}
+
 CampoEdit* frmPagamento::riga(QBoxLayout& colonna, const QString& didascalia, CTextBox& casella,
                               const QString& nome) {
-    colonna.addWidget(etichetta(didascalia, "lbl_" + casella.campo().nome(), mContenuto));
+    colonna.addWidget(titolo(didascalia, casella.campo()));
     auto* campo = new CampoEdit(casella.campo(), &casella, nome, mContenuto);
     campo->setFont(carattereDisplay(puntiCasella));
+    campo->setMinimumHeight(altezzaCasella);
     campo->filtroTasti([this, &casella](QChar tasto) { return mMonitor->tasto(casella, tasto); });
     seguiFuoco(campo, casella);
     colonna.addWidget(campo);
@@ -72,7 +80,7 @@ QBoxLayout* frmPagamento::importi() {
     CampoEdit* pagato = riga(*colonna, "pagato", mMonitor->pagato, "Importo pagato");
     pagato->setPlaceholderText("0,00");
     setTabOrder(pagato, totale);
-    colonna->addWidget(etichetta("resto", "lbl_lblResto", mContenuto));
+    colonna->addWidget(titolo("resto", mMonitor->lblResto));
     auto* resto = new EtichettaAdattata(puntiRestoMinimi, puntiResto, mContenuto);
     resto->setFont(carattereDisplay(puntiResto));
     resto->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -7,6 +7,7 @@
 
 class CampoEdit;
 class QBoxLayout;
+class QLabel;
 
 // The change calculator, shown before a sale is saved: amount due, amount tendered, change in green or red.
 // It is left with Esc, F5 or its button, and the sale goes on.
@@ -24,6 +25,7 @@ class frmPagamento final : public QDialog {
 
   private:
     void costruisci();
+    QLabel* titolo(const QString& didascalia, const Campo& campo);
     CampoEdit* riga(QBoxLayout& colonna, const QString& didascalia, CTextBox& casella, const QString& nome);
     QBoxLayout* importi();
     QBoxLayout* tasti();
