@@ -5,7 +5,7 @@ processi=$(nproc)
 
 # Debian 12 packages by what needs them.
 pacchettiCostruzione=(g++ cmake ninja-build ccache pkgconf qt6-base-dev libxcb1-dev libsqlite3-dev libmariadb-dev
-    unixodbc-dev libgtest-dev libgmock-dev fonts-dejavu-core)
+    unixodbc-dev libgtest-dev libgmock-dev fonts-dejavu-core fonts-dseg)
 # The drivers of the servers, which are loaded when a connection is opened.
 pacchettiEsecuzione=(libqt6sql6-mysql libqt6sql6-odbc tdsodbc)
 pacchettiProva=("${pacchettiEsecuzione[@]}" python3 clang-format mariadb-server-core mariadb-client-core

@@ -13,6 +13,7 @@
 #include "backoffice/ui/frmOpzioni.h"
 #include "core/errors.h"
 #include "counter/accounts.h"
+#include "counter/recovery_journal.h"
 #include "counter/ui/finestra_conti.h"
 #include "counter/ui/frmMain.h"
 #include "counter/ui/style.h"
@@ -88,6 +89,8 @@ int eseguiProgramma(int argc, char* argv[]) {
         .apriPrimoConto = [] { getConto(0, false); },
         .setRegCassa = [] {},
     };
+    GiornaleVendite giornale(GiornaleVendite::percorsoUtente());
     if (!Main(porti)) chiudiApplicazione();
+    riprendiVendite(giornale, operatore);
     return QApplication::exec();
 }

@@ -12,6 +12,7 @@
 #include "counter/captions.h"
 #include "counter/commands.h"
 #include "counter/fields.h"
+#include "counter/recovery_journal.h"
 #include "counter/save_question.h"
 #include "data/client_settings.h"
 #include "data/settings_store.h"
@@ -72,6 +73,9 @@ int primoLibero() {
 Conto& nuovoConto(int indice) {
     ContoAperto& conto = posto(indice);
     conto.reset(fabbricaConti(indice));
+    conto->vendita().primaDelCommit = [indice](const SalvataggioIncerto& salvataggio) {
+        if (GiornaleVendite* giornale = giornaleVendite()) giornale->inSalvataggio(indice, salvataggio);
+    };
     Form_Load(*conto);
     return *conto;
 }
@@ -131,6 +135,7 @@ Vendita* Conto::apriNuovoConto(const QString& codiceCliente) {
 void Conto::scarica() {
     mVendita.inChiusura = true;
     ContoAperto questo = std::move(posto(mVendita.indice));
+    if (GiornaleVendite* giornale = giornaleVendite()) giornale->annota();
     if (std::all_of(gConti.begin(), gConti.end(), [](const ContoAperto& c) { return !c; }) && chiudi)
         chiudi();
 }

@@ -7,8 +7,12 @@
 
 #include "counter/key_burst.h"
 #include "counter/operator_entry.h"
+#include "kit/tender.h"
 #include "sale/schermo.h"
 #include "sale/vendita.h"
+
+class ElencoMovimento;
+class VaiVendita;
 
 // An open account: a screen with a sale of its own. The window and the headless script are its two kinds.
 class Conto : public SchermoVendita {
@@ -33,6 +37,14 @@ class Conto : public SchermoVendita {
     virtual QString codiceVenditore(const RichiestaVenditore& richiesta) = 0;
     // The options of the workstation.
     virtual void mostraOpzioni() = 0;
+
+    // ---- The dialogues of the counter, each shown until it is answered
+    virtual EsitoIncasso incassa(Currency totale) = 0;
+    virtual void scegliVendita(VaiVendita& scelta) = 0;
+    // The key of the picked row; empty for none.
+    virtual QString scegliRiga(ElencoMovimento& movimento) = 0;
+    // A sale of this screen has been saved.
+    virtual void venditaSalvata() {}
 
     void premiComando(int comando) override;
     void premiOperatore() override;

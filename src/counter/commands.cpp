@@ -6,12 +6,17 @@
 #include "core/globals.h"
 #include "core/numbers.h"
 #include "counter/accounts.h"
+#include "counter/copy_sale.h"
 #include "counter/fields.h"
+#include "counter/go_to_sale.h"
+#include "counter/movement_list.h"
+#include "counter/next_sale.h"
+#include "counter/payment_step.h"
 #include "counter/save_question.h"
 #include "counter/searches.h"
 #include "postings/delete_sale.h"
-#include "postings/save_sale.h"
 #include "sale/line_pricing.h"
+#include "sale/navigation.h"
 #include "sale/recall.h"
 #include "sale/row_editor.h"
 #include "sale/row_writer.h"
@@ -36,15 +41,28 @@ void nuovaRiga(Conto& conto) {
     v.schermo.fuoco(v.txtCodProdotto);
 }
 
+void vendita(Conto& conto, Direzione direzione) {
+    if (!chiediSalvataggio(conto)) validaFrecce(conto.vendita(), direzione);
+}
+
+void venditaPrecedente(Conto& conto) {
+    vendita(conto, Direzione::Indietro);
+}
+
+void venditaSuccessiva(Conto& conto) {
+    vendita(conto, Direzione::Avanti);
+}
+
 // Account 0 goes on with the saved sale in sight; the others close.
 void salva(Conto& conto) {
     Vendita& v = conto.vendita();
-    if (!salvaVendita(v, false, -1)) return;
-    v.lblUltimaVendita.testo(v.lblMainDisplay.testo());
+    if (gMonitor != 0 && (v.chkPagato.valore() == 1 || !v.chkPagato.abilitato())) apriMonitorResto(conto);
+    if (!salvaEMostraUltima(conto)) return;
     // Numbers start again every year: a sale saved after midnight is looked up in its own.
     const int anno = QDate::fromString(v.txtData.testo(), "dd/MM/yyyy").year();
     showVendita(v, 0, valIntero(v.txtProg.testo()), valIntero(v.txtSottoProg.testo()), anno);
-    if (v.indice > 0) conto.scarica();
+    if (v.indice > 0) return conto.scarica();
+    mostraVenditaSalvata(conto);
 }
 
 // The sale on the screen leaves the books, and the screen goes on.
@@ -87,8 +105,20 @@ struct VoceComando {
 
 // The commands that there are; a button without an entry here does nothing.
 const VoceComando comandi[] = {
-    {0, nuovaVendita}, {comandoCancella, cancella},   {5, nuovoConto}, {6, cancellaRiga},     {7, chiudi},
-    {9, salva},        {12, visualizzaDocDaStampare}, {15, nuovaRiga}, {16, scontoImmediato},
+    {0, nuovaVendita},
+    {1, venditaPrecedente},
+    {2, venditaSuccessiva},
+    {3, vaiAVendita},
+    {comandoCancella, cancella},
+    {5, nuovoConto},
+    {6, cancellaRiga},
+    {7, chiudi},
+    {9, salva},
+    {10, cambiaPagamento},
+    {12, visualizzaDocDaStampare},
+    {14, ricopia},
+    {15, nuovaRiga},
+    {16, scontoImmediato},
 };
 
 }  // namespace
@@ -121,6 +151,8 @@ void cmdConto_Click(Conto& conto, int indice) {
                 return conto.fuoco(v.txtData);
             case contoCliente:
                 return cerca(conto, cercaCliente);
+            case contoProgressivo:
+                return cerca(conto, showMovimento);
             case contoProdotto:
                 return cerca(conto, cercaProdotto);
             case 8:

@@ -9,6 +9,7 @@ enum class Pressione { Tasto, Pulsante };
 void cmdComando_Click(Conto& conto, int indice, Pressione pressione = Pressione::Pulsante);
 // The account and field buttons, by their index 0 to 13; three of them open searches.
 constexpr int contoCliente = 5;
+constexpr int contoProgressivo = 6;
 constexpr int contoProdotto = 7;
 constexpr int contoIva = 13;
 void cmdConto_Click(Conto& conto, int indice);

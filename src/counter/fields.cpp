@@ -4,6 +4,7 @@
 
 #include "core/errors.h"
 #include "counter/accounts.h"
+#include "counter/next_sale.h"
 #include "data/client_settings.h"
 #include "data/settings_store.h"
 #include "sale/customer.h"
@@ -63,6 +64,7 @@ bool lasciaCampo(Conto& conto, Campo& campo) {
 std::optional<QChar> tastoInCampo(Conto& conto, Campo& campo, QChar tasto) {
     Vendita& v = conto.vendita();
     std::optional<QChar> passa = tasto;
+    if (&campo == &v.txtCodProdotto && tasto.isPrint()) primaDelProdotto(conto);
     if (&campo == &v.txtCodProdotto) passa = txtCodProdotto_KeyPress(v, tasto);
     if (&campo == &v.txtCodCliente && tasto == u'\r') txtCodCliente_Invio(v);
     if (!passa) return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include "counter/accounts.h"
 #include "counter/fields.h"
+#include "counter/next_sale.h"
 #include "sale/product_entry.h"
 
 namespace {
@@ -72,6 +73,7 @@ void TimerRaffica_Timer(Conto& conto) {
 void scansiona(Conto& conto, const QString& codice) {
     Vendita& v = conto.vendita();
     terminaCampo(conto);
+    primaDelProdotto(conto);
     iniziaScansione(v);
     v.txtCodProdotto.testo(codice);
     tastoInCampo(conto, v.txtCodProdotto, u'\r');

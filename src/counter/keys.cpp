@@ -8,6 +8,7 @@
 #include "counter/badge.h"
 #include "counter/commands.h"
 #include "counter/fields.h"
+#include "counter/next_sale.h"
 #include "sale/grid.h"
 #include "sale/product_entry.h"
 #include "sale/returns.h"
@@ -120,6 +121,7 @@ bool Form_KeyPress(Conto& conto, QChar carattere, qint64 istante) {
     badgeInterrotto(conto);
     TimerRaffica_Timer(conto);
     terminaCampo(conto);
+    primaDelProdotto(conto);
     iniziaScansione(conto.vendita());
     return true;
 }

@@ -1,7 +1,9 @@
 #include "counter/save_question.h"
 
+#include "core/globals.h"
 #include "core/operator_port.h"
 #include "counter/accounts.h"
+#include "counter/payment_step.h"
 #include "postings/save_sale.h"
 
 bool chiediSalvataggio(Conto& conto) {
@@ -12,7 +14,16 @@ bool chiediSalvataggio(Conto& conto) {
                                   OperatorPort::Pulsanti::SiNoAnnulla, OperatorPort::Icona::Esclamazione);
     if (risposta == OperatorPort::Risposta::Annulla) return true;
     if (risposta == OperatorPort::Risposta::No) return false;
-    if (!salvaVendita(v, false, -1)) return true;
+    if (gMonitor != 0) apriMonitorResto(conto);
+    return !salvaEMostraUltima(conto);
+}
+
+bool salvaEMostraUltima(Conto& conto) {
+    Vendita& v = conto.vendita();
+    if (!salvaVendita(v, false, -1)) return false;
     v.lblUltimaVendita.testo(v.lblMainDisplay.testo());
-    return false;
+    v.lblUltimoResto.testo(v.lblUltimoResto.tag());
+    v.lblUltimoResto.tag({});
+    conto.venditaSalvata();
+    return true;
 }

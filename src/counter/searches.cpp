@@ -6,6 +6,7 @@
 #include "core/numbers.h"
 #include "counter/accounts.h"
 #include "counter/commands.h"
+#include "counter/next_sale.h"
 #include "data/gateway.h"
 #include "data/lookups.h"
 #include "data/prepare_sql.h"
@@ -101,6 +102,7 @@ void cercaCliente(Conto& conto) {
 
 void cercaProdotto(Conto& conto) {
     Vendita& v = conto.vendita();
+    primaDelProdotto(conto);
     if (!v.modificaConsentita) return;
     const QString scelti =
         apri(conto, gRicercaProdAdv == 1 ? prodottiConPrezzi(v.cliente()) : prodottiSemplici());

@@ -223,14 +223,18 @@ QString numeroVendita(const Vendita& v) {
     return v.txtProg.testo() + "/" + v.txtSottoProg.testo();
 }
 
+SalvataggioIncerto descriviSalvataggio(const Vendita& v, const Documento& d) {
+    return {d.idMovimento,
+            d.extraProg,
+            d.testata,
+            descriviRighe(v, d.idMovimento, d.extraProg, d.trasferimento),
+            {}};
+}
+
 // The books hold what was written, or nothing of it.
 bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     OperatorPort& operatore = v.schermo.operatore();
-    SalvataggioIncerto salvataggio{d.idMovimento,
-                                   d.extraProg,
-                                   d.testata,
-                                   descriviRighe(v, d.idMovimento, d.extraProg, d.trasferimento),
-                                   {}};
+    SalvataggioIncerto salvataggio = descriviSalvataggio(v, d);
     const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
         segnaSalvata(v, d);
@@ -305,18 +309,18 @@ bool haElementi(const FlexVB& g) {
 
 const char* const testoSparita =
     "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
-    "La vendita non è stata salvata.";
-const char* const testoDiNuovo = "\nLa si può salvare di nuovo: avrà un numero nuovo.";
+    "La vendita non è stata salvata. Salvarla come nuova vendita?";
 
-// A sale that has nothing in the books yet goes under another header next time.
-void raccontaTestataSparita(Vendita& v, const Documento& d) {
-    const bool nuova = valIntero(v.txtSottoProg.testo()) <= 0;
-    const QString testo = QString(testoSparita).arg(Format(d.progressivo, u"0000"));
-    if (nuova) {
-        setForNewMovimento(v);
-        v.txtProg.testo("(Auto)");
+// Another desk has taken the header away. True when the whole sale is to go under one of its own.
+bool diventaNuova(Vendita& v, const Documento& d) {
+    if (!v.schermo.operatore().chiedeSi(QString(testoSparita).arg(Format(d.progressivo, u"0000")),
+                                        Icona::Esclamazione)) {
+        return false;
     }
-    v.schermo.operatore().messaggio(nuova ? testo + testoDiNuovo : testo, Icona::Esclamazione);
+    setForNewMovimento(v);
+    v.txtProg.testo("(Auto)");
+    v.txtSottoProg.testo("(Auto)");
+    return true;
 }
 
 bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
@@ -334,9 +338,10 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
         if (!scriviNeiLibri(v, d)) {
             prima.ripristina(v);
             gAdo.rollbackTrasaction(transazione());
-            if (d.testataSparita) raccontaTestataSparita(v, d);
-            return false;
+            return d.testataSparita && diventaNuova(v, d) &&
+                   salvaInTransazione(v, conversione, tipoDocumento, StatoPrimaDelSalvataggio(v));
         }
+        if (v.primaDelCommit) v.primaDelCommit(descriviSalvataggio(v, d));
     } catch (const std::exception&) {
         return confermaDopoErrore(v, d, prima);
     }

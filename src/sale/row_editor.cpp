@@ -120,6 +120,7 @@ void setVenditaModificata(Vendita& v) {
     v.venditaModificata = true;
     v.pctSave.testo("Vendita non salvata");
     v.pctSave.visibile(true);
+    v.pctSalvata.visibile(false);
 }
 
 int rigaInEditor(const Vendita& v) {

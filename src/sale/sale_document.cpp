@@ -74,6 +74,8 @@ void pulisciTestata(Vendita& v) {
     v.pctSegnala.tag("0");
     v.salvataggioIncerto.reset();
     v.cancellazioneIncerta.clear();
+    v.pctSalvata.visibile(false);
+    v.giornoDocumento = orologio().oggi();
     v.idPrimaNota = -1;
     v.idPNPagamento = -1;
     pulisciCorpo(v);

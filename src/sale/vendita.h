@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <optional>
 #include <set>
 
@@ -41,6 +42,7 @@ struct CampiVendita {
     Campo pctSegnala{elenco, "pctSegnala"};
     Campo pctSave{elenco, "pctSave"};
     Campo pctPrint{elenco, "pctPrint"};
+    Campo pctSalvata{elenco, "pctSalvata"};  // shown: the sale in sight has just been saved
     Campo pctIVA{elenco, "pctIVA"};
     Campo lblCassa{elenco, "lblCassa"};
     Campo lblConto{elenco, "lblConto"};
@@ -51,6 +53,7 @@ struct CampiVendita {
     Campo lblMainDisplay{elenco, "lblMainDisplay"};          // total to pay; tag: before an outside change
     Campo lblLastMainDisplay{elenco, "lblLastMainDisplay"};  // amount already counted in the balance
     Campo lblUltimaVendita{elenco, "lblUltimaVendita"};
+    Campo lblUltimoResto{elenco, "lblUltimoResto"};  // change of the last sale; tag: of the last tender
     Campo lblSecondaryDisplay{elenco, "lblSecondaryDisplay"};
     Campo lblTotLordo{elenco, "lblTotLordo"};
     Campo lblTotNetto{elenco, "lblTotNetto"};
@@ -165,6 +168,7 @@ struct Vendita : CampiVendita, InfoDocumento {
     int idPNPagamento = -1;       // journal entry of the collection
     int mPagamentoCliente = -1;
     double mScontoCliente = 0.0;  // percentage
+    QDate giornoDocumento;        // the day on which the sale came to the screen
     int mRigaInserimento = -1;    // where the next new row goes; -1 at the end
 
     // Guards of the grid's events.
@@ -186,6 +190,8 @@ struct Vendita : CampiVendita, InfoDocumento {
     bool modificaConsentita = true;
     bool inChiusura = false;
 
+    // Hears what the books will hold, before a save is committed.
+    std::function<void(const SalvataggioIncerto&)> primaDelCommit;
     // The last save, while it is not known whether it is in the books.
     std::optional<SalvataggioIncerto> salvataggioIncerto;
     // The rows of the last deletion, DettagliMovimento keys, while it is not known whether they are gone.

@@ -37,6 +37,11 @@ class CounterScreen : public testing::Test {
     void clic(const Campo& campo) const;
     bool haFuoco(const Campo& campo) const;
 
+    // After a save or the end of an account.
+    void aspettaCheSenta() const {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !finestra->sorda(); }));
+    }
+
     // A sale with rows and every field full, as on a busy day.
     void riempi() const;
 

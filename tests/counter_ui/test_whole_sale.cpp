@@ -70,6 +70,7 @@ TEST_F(WholeSale, TheScreenShowsItSaved) {
 
 TEST_F(WholeSale, TheNextOneContinuesTheDaysHeader) {
     vendi();
+    aspettaCheSenta();
     tasto(Qt::Key_F2);
     scansiona("8009000000043");
     tasto(Qt::Key_F5);

@@ -150,6 +150,10 @@ bool ContoDiProva::selezionaElemento(Recordset& righe, const QString& colonne) {
     return true;
 }
 
+void ContoDiProva::inatteso(const char* dialogo) {
+    ADD_FAILURE() << dialogo << ": dialogo inatteso";
+}
+
 QString ContoDiProva::ricerca(const RichiestaRicerca& richiesta) {
     ricercheAperte.push_back(richiesta);
     if (ricerche.empty()) {

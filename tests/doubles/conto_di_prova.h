@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 #include <Qt>
@@ -58,6 +59,11 @@ class ContoDiProva final : public Conto {
     // that comes unexpected fails the test.
     std::deque<QString> codiciVenditore;
     std::vector<RichiestaVenditore> richiesteVenditore;
+    // What the operator does in the tender dialogues, the go-to dialogues and the lists of a movement that
+    // come up, in order. One that comes unexpected fails the test.
+    std::deque<std::function<EsitoIncasso(Currency)>> incassi;
+    std::deque<std::function<void(VaiVendita&)>> vaiA;
+    std::deque<std::function<QString(ElencoMovimento&)>> righeMovimento;
     // Sees each list as it is offered.
     std::function<void(Recordset& righe, const QString& colonne)> quandoOffre;
 
@@ -66,6 +72,11 @@ class ContoDiProva final : public Conto {
     void elimina() override { eliminato = true; }
     QString codiceVenditore(const RichiestaVenditore& richiesta) override;
     void mostraOpzioni() override { ++opzioniMostrate; }
+    EsitoIncasso incassa(Currency totale) override { return prossimo(incassi, "incasso", totale); }
+    void scegliVendita(VaiVendita& scelta) override { prossimo(vaiA, "vai alla vendita", scelta); }
+    QString scegliRiga(ElencoMovimento& movimento) override {
+        return prossimo(righeMovimento, "righe del movimento", movimento);
+    }
     OperatorPort& operatore() override { return mOperatore; }
     void fuoco(Campo& campo) override;
     void ridisegno(bool acceso) override { mRidisegniFermi += acceso ? -1 : 1; }
@@ -79,6 +90,19 @@ class ContoDiProva final : public Conto {
     class CasellaDiProva;
 
     void carattere(QChar c);
+    // The next of a dialogue's scripted answers, on what it shows.
+    template <class Esito, class Mostrato>
+    static Esito prossimo(std::deque<std::function<Esito(Mostrato)>>& copione, const char* dialogo,
+                          std::type_identity_t<Mostrato> mostrato) {
+        if (copione.empty()) {
+            inatteso(dialogo);
+            return Esito();
+        }
+        const auto risposta = std::move(copione.front());
+        copione.pop_front();
+        return risposta(mostrato);
+    }
+    static void inatteso(const char* dialogo);
 
     OperatorPort& mOperatore;
     std::vector<std::unique_ptr<CasellaDiProva>> mCaselle;

@@ -30,6 +30,13 @@ PulsanteComando* arreda(Campo& campo, const VoceComando& voce, QWidget* padre) {
 
 }  // namespace
 
+QLabel* postoFisso(QLabel* spia) {
+    QSizePolicy posto = spia->sizePolicy();
+    posto.setRetainSizeWhenHidden(true);
+    spia->setSizePolicy(posto);
+    return spia;
+}
+
 QFrame* nuovoPannello(const char* ruolo, QWidget* padre) {
     auto* nuovo = new QFrame(padre);
     nuovo->setProperty(ruoli::proprieta, ruolo);

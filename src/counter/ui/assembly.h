@@ -51,6 +51,8 @@ class Montaggio {
     EventiSchermo mEventi;
 };
 
+// A light that leaves its place free while it is out, so that nothing around it moves.
+QLabel* postoFisso(QLabel* spia);
 QFrame* nuovoPannello(const char* ruolo, QWidget* padre);
 QLabel* nuovaDidascalia(const QString& testo, const char* ruolo, QWidget* padre);
 // A row or column without margins of its own.

@@ -8,6 +8,12 @@
 #include "counter/ui/frmMain.h"
 #include "counter/ui/scan_queue.h"
 
+namespace {
+
+constexpr qint64 sordita = 250;  // milliseconds
+
+}  // namespace
+
 FinestraConti::FinestraConti(const QString& titolo) : mPagine(new QStackedWidget(this)) {
     setObjectName("FinestraConti");
     setWindowTitle(titolo);
@@ -30,6 +36,7 @@ void FinestraConti::mostra(frmMain* pagina) {
 void FinestraConti::togli(frmMain* pagina) {
     mPagine->removeWidget(pagina);
     pagina->hide();
+    assorda();
     if (frmMain* altra = davanti()) altra->attivata();
 }
 
@@ -49,6 +56,10 @@ void FinestraConti::richiama() {
     showMaximized();
     raise();
     activateWindow();
+}
+
+bool FinestraConti::sorda() const {
+    return mSordaDa.isValid() && mSordaDa.elapsed() < sordita;
 }
 
 void FinestraConti::closeEvent(QCloseEvent* evento) {

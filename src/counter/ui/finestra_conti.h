@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 class QStackedWidget;
@@ -19,9 +20,15 @@ class FinestraConti final : public QWidget {
     // In front of every other program's windows, also when it was minimised.
     void richiama();
 
+    // For a moment no command key is heard: a save has ended or an account has closed, and a bounced key was
+    // meant for what was on the screen before.
+    void assorda() { mSordaDa.start(); }
+    bool sorda() const;
+
   protected:
     void closeEvent(QCloseEvent* evento) override;
 
   private:
     QStackedWidget* mPagine;
+    QElapsedTimer mSordaDa;
 };

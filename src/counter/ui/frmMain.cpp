@@ -10,13 +10,17 @@
 #include "counter/commands.h"
 #include "counter/fields.h"
 #include "counter/keys.h"
+#include "counter/recovery_journal.h"
 #include "counter/ui/assembly.h"
 #include "counter/ui/finestra_conti.h"
 #include "counter/ui/frmCodiceVenditore.h"
+#include "counter/ui/frmElencoProdottiMovimento.h"
+#include "counter/ui/frmVaiVendita.h"
 #include "counter/ui/grid_view.h"
 #include "counter/ui/key_text.h"
 #include "data/gateway.h"
 #include "kit/ui/campo_edit.h"
+#include "kit/ui/frmPagamento.h"
 #include "kit/ui/frmRicerca.h"
 #include "kit/ui/frmSelectElement.h"
 #include "sale/alternatives.h"
@@ -36,7 +40,9 @@ auto frmMain::evento(const char* nome, Corpo&& corpo) {
         frmMain& schermo;
         explicit Esecuzione(frmMain& f) : schermo(f) { ++schermo.mInCorso; }
         ~Esecuzione() {
-            if (--schermo.mInCorso == 0 && schermo.mDaEliminare) schermo.deleteLater();
+            if (--schermo.mInCorso > 0) return;
+            if (GiornaleVendite* giornale = giornaleVendite()) giornale->annota();
+            if (schermo.mDaEliminare) schermo.deleteLater();
         }
     };
     const Esecuzione inCorso(*this);
@@ -120,6 +126,22 @@ QString frmMain::ricerca(const RichiestaRicerca& richiesta) {
     frmRicerca finestra(mOperatore, window());
     finestra.startMe(richiesta);
     return finestra.risultato();
+}
+
+EsitoIncasso frmMain::incassa(Currency totale) {
+    return frmPagamento(window()).startMe(totale);
+}
+
+void frmMain::scegliVendita(VaiVendita& scelta) {
+    frmVaiVendita(window()).startMe(scelta);
+}
+
+QString frmMain::scegliRiga(ElencoMovimento& movimento) {
+    return frmElencoProdottiMovimento(movimento, window()).startMe();
+}
+
+void frmMain::venditaSalvata() {
+    mFinestra.assorda();
 }
 
 // ---- Buttons and fields
@@ -216,6 +238,7 @@ bool frmMain::eventFilter(QObject* oggetto, QEvent* evento) {
 }
 
 bool frmMain::tastoGiu(const QKeyEvent& tasto) {
+    if (mFinestra.sorda() && tasto.key() >= Qt::Key_F1 && tasto.key() <= Qt::Key_F12) return true;
     const auto modificatori = static_cast<int>(tasto.modifiers());
     if (!tasto.isAutoRepeat()) mTastiPremuti.insert(tasto.key(), modificatori);
     return evento("Form_KeyDown", [&] {

@@ -31,6 +31,10 @@ class frmMain final : public QWidget, public Conto {
     void elimina() override;
     QString codiceVenditore(const RichiestaVenditore& richiesta) override;
     void mostraOpzioni() override;
+    EsitoIncasso incassa(Currency totale) override;
+    void scegliVendita(VaiVendita& scelta) override;
+    QString scegliRiga(ElencoMovimento& movimento) override;
+    void venditaSalvata() override;
 
     // ---- SchermoVendita
     OperatorPort& operatore() override { return mOperatore; }

@@ -73,14 +73,6 @@ QVBoxLayout* pilaImporto(const QString& didascalia, QLabel* importo, QWidget* pa
     return pila(sopra, importo);
 }
 
-// A light that blinks leaves its place free, so that nothing around it moves.
-QLabel* lampeggiante(QLabel* spia) {
-    QSizePolicy posto = spia->sizePolicy();
-    posto.setRetainSizeWhenHidden(true);
-    spia->setSizePolicy(posto);
-    return spia;
-}
-
 QHBoxLayout* rigaNumeri(const Montaggio& m, QWidget* padre) {
     auto* riga = nuovaDisposizione<QHBoxLayout>(spazio);
     const auto aggiungi = [&](Campo& campo, const QString& nome, int larghezza) {
@@ -97,7 +89,7 @@ QHBoxLayout* rigaNumeri(const Montaggio& m, QWidget* padre) {
     riga->addWidget(nuovaDidascalia("N. doc.", ruoli::didascalia, padre));
     aggiungi(m.v.txtNumDoc, "Numero del documento", larghezzaNumero);
     riga->addStretch();
-    riga->addWidget(lampeggiante(m.spia(m.v.pctSegnala, "⚑ SEGNALATO", ruoli::avviso, padre)));
+    riga->addWidget(postoFisso(m.spia(m.v.pctSegnala, "⚑ SEGNALATO", ruoli::avviso, padre)));
     riga->addWidget(m.spunta(m.v.chkPrezziIva, "Prezzi IVA", padre));
     return riga;
 }
@@ -113,7 +105,7 @@ QHBoxLayout* rigaCliente(const Montaggio& m, QWidget* padre) {
     riga->addLayout(pila(m.testo(m.v.lblDescCliente, "Nome del cliente", padre), fascia), 1);
     riga->addLayout(pilaImporto("Saldo", m.testo(m.v.lblSaldo, "Saldo del cliente", padre), padre));
     riga->addLayout(pilaImporto("Fido", m.testo(m.v.lblFido, "Fido del cliente", padre), padre));
-    riga->addWidget(lampeggiante(m.spia(m.v.pctFido, "⚠ OLTRE FIDO", ruoli::allarme, padre)));
+    riga->addWidget(postoFisso(m.spia(m.v.pctFido, "⚠ OLTRE FIDO", ruoli::allarme, padre)));
     return riga;
 }
 

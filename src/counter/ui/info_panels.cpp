@@ -114,12 +114,17 @@ QWidget* pannelloDisplay(const Montaggio& m, QWidget* padre) {
     testa->addWidget(secondo, 1);
     colonna->addLayout(testa);
     colonna->addWidget(
+        postoFisso(m.spia(m.v.pctSalvata, "VENDITA SALVATA, F2 nuova vendita", ruoli::salvata, pannello)));
+    colonna->addWidget(
         cifra(m.v.lblMainDisplay, "Totale da pagare", puntiTotaleMinimi, puntiTotale, pannello));
 
     auto* ultima = nuovaDisposizione<QHBoxLayout>(spazio);
     ultima->addWidget(nuovaDidascalia("Ultima vendita", ruoli::didascalia, pannello));
     ultima->addWidget(cifra(m.v.lblUltimaVendita, "Ultima vendita", puntiUltimaMinimi, puntiUltima, pannello),
                       1);
+    ultima->addWidget(nuovaDidascalia("Resto", ruoli::didascalia, pannello));
+    ultima->addWidget(
+        cifra(m.v.lblUltimoResto, "Resto dell'ultima vendita", puntiUltimaMinimi, puntiUltima, pannello), 1);
     colonna->addLayout(ultima);
 
     auto* pagamento = nuovaDisposizione<QHBoxLayout>(spazio);

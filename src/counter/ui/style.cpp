@@ -49,6 +49,8 @@ QFrame QLabel[ruolo="allarme"] { background: @pericolo; color: @bianco; font-wei
     border-radius: 6px; padding: 2px 8px; }
 QFrame QLabel[ruolo="avviso"] { background: @avviso; color: @testo; font-weight: bold;
     border-radius: 6px; padding: 2px 8px; }
+QFrame QLabel[ruolo="salvata"] { background: @conferma; color: @bianco; font-weight: bold;
+    border-radius: 6px; padding: 2px 8px; }
 QToolTip { background: @testo; color: @bianco; border: none; padding: 4px; }
 )";
 

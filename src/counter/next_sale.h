@@ -1,0 +1,12 @@
+#pragma once
+
+class Conto;
+
+// From one sale to the next on the same screen.
+
+// The sale on the screen has just been saved and stays in sight: the screen says so.
+void mostraVenditaSalvata(Conto& conto);
+
+// A product is about to be entered. After a save it begins a new sale, where the workstation wants that
+// (setting NuovaVenditaDopoSalva); on the first product of a new day a new document is offered.
+void primaDelProdotto(Conto& conto);

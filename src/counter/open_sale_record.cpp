@@ -1,0 +1,249 @@
+#include "counter/open_sale_record.h"
+
+#include <QJsonArray>
+
+#include "sale/row_writer.h"
+#include "sale/totals.h"
+
+namespace {
+
+// The names of a record's parts.
+const QString nomeCampi = "campi";
+const QString nomeStato = "stato";
+const QString nomeRighe = "righe";
+
+// Fields that belong to the screen and not to its sale.
+bool dellaSchermata(const Campo& campo) {
+    const QString& nome = campo.nome();
+    return nome.startsWith("cmdConto") || nome == "lblConto" || nome == "lblCassa" || nome == "lblRegCassa" ||
+           nome == "lblVenditore" || nome == "chkCodiceProdotto";
+}
+
+ValoreCampo valoreDi(const Campo& c) {
+    return {c.testo(), c.tag(), c.valore(),
+            (c.bloccato() ? 1 : 0) | (c.abilitato() ? 2 : 0) | (c.visibile() ? 4 : 0)};
+}
+
+void scrivi(Campo& campo, const ValoreCampo& valore) {
+    campo.testo(valore.testo);
+    campo.tag(valore.tag);
+    campo.valore(valore.valore);
+    campo.bloccato((valore.segni & 1) != 0);
+    campo.abilitato((valore.segni & 2) != 0);
+    campo.visibile((valore.segni & 4) != 0);
+}
+
+// What a sale holds beside its fields and rows.
+QJsonObject statoDi(const Vendita& v) {
+    QJsonObject stato{{"idPagamento", v.idPagamento},
+                      {"idCausalePagamento", v.idCausalePagamento},
+                      {"idPrimaNota", v.idPrimaNota},
+                      {"idPNPagamento", v.idPNPagamento},
+                      {"pagamentoCliente", v.mPagamentoCliente},
+                      {"scontoCliente", v.mScontoCliente},
+                      {"rigaInserimento", v.mRigaInserimento},
+                      {"modificata", v.venditaModificata},
+                      {"consentita", v.modificaConsentita},
+                      {"rigaDaCodice", v.mRigaDaCodice},
+                      {"sottocostoOk", v.mSottocostoOk},
+                      {"scontoFisso", v.mScontoFisso}};
+    if (v.salvataggioIncerto) stato["incerto"] = jsonDi(*v.salvataggioIncerto);
+    return stato;
+}
+
+void scriviStato(const QJsonObject& s, Vendita& v) {
+    v.idPagamento = s["idPagamento"].toInt();
+    v.idCausalePagamento = s["idCausalePagamento"].toInt();
+    v.idPrimaNota = s["idPrimaNota"].toInt();
+    v.idPNPagamento = s["idPNPagamento"].toInt();
+    v.mPagamentoCliente = s["pagamentoCliente"].toInt();
+    v.mScontoCliente = s["scontoCliente"].toDouble();
+    v.mRigaInserimento = s["rigaInserimento"].toInt();
+    v.venditaModificata = s["modificata"].toBool();
+    v.modificaConsentita = s["consentita"].toBool();
+    v.mRigaDaCodice = s["rigaDaCodice"].toBool();
+    v.mSottocostoOk = s["sottocostoOk"].toBool();
+    v.mScontoFisso = s["scontoFisso"].toBool();
+    if (s.contains("incerto")) v.salvataggioIncerto = salvataggioDa(s["incerto"].toObject());
+}
+
+QJsonObject rigaDi(const FlexVB& g, int r) {
+    QJsonArray celle;
+    for (int c = 0; c < numeroColonne; ++c) {
+        celle.append(g.cella(r, static_cast<Colonna>(c)));
+    }
+    return {{"celle", celle},
+            {"nascosta", g.nascosta(r)},
+            {"piegata", g.piegata(r)},
+            {"listino", g.listinoLetto(r)}};
+}
+
+void scriviRiga(const QJsonObject& riga, Vendita& v) {
+    FlexVB& g = v.flxVB;
+    const int r = g.aggiungi();
+    const QJsonArray celle = riga["celle"].toArray();
+    for (int c = 0; c < numeroColonne; ++c) {
+        g.scrivi(r, static_cast<Colonna>(c), celle[c].toString());
+    }
+    g.nascondi(r, riga["nascosta"].toBool());
+    g.piega(r, riga["piegata"].toBool());
+    g.listinoLetto(r, riga["listino"].toString());
+    checkRowReso(v, r);
+}
+
+QJsonArray chiaviDi(const std::set<int>& chiavi) {
+    QJsonArray tutte;
+    for (const int chiave : chiavi) {
+        tutte.append(chiave);
+    }
+    return tutte;
+}
+
+std::set<int> chiaviDa(const QJsonValue& valore) {
+    std::set<int> tutte;
+    for (const QJsonValue& chiave : valore.toArray()) {
+        tutte.insert(chiave.toInt());
+    }
+    return tutte;
+}
+
+QJsonArray colonneDi(const RigaScritta& riga) {
+    QJsonArray colonne;
+    for (const auto& [colonna, valore] : riga) {
+        colonne.append(QJsonArray{colonna, valore});
+    }
+    return colonne;
+}
+
+RigaScritta colonneDa(const QJsonValue& valore) {
+    RigaScritta riga;
+    for (const QJsonValue& colonna : valore.toArray()) {
+        riga.emplace_back(colonna[0].toString(), colonna[1].toString());
+    }
+    return riga;
+}
+
+}  // namespace
+
+QJsonObject TracciaVendita::differenza(const Vendita& v) {
+    QJsonObject record;
+    const QJsonObject campi = differenzaCampi(v);
+    if (!campi.isEmpty()) record[nomeCampi] = campi;
+    const QJsonObject stato = statoDi(v);
+    if (stato != mStato) record[nomeStato] = stato;
+    mStato = stato;
+    const QJsonObject righe = differenzaRighe(v.flxVB);
+    if (!righe.isEmpty()) record[nomeRighe] = righe;
+    mIniziata = true;
+    return record;
+}
+
+QJsonObject TracciaVendita::differenzaCampi(const Vendita& v) {
+    QJsonObject cambiati;
+    const auto& tutti = v.elenco.tutti();
+    mCampi.resize(tutti.size());
+    for (size_t i = 0; i < tutti.size(); ++i) {
+        if (dellaSchermata(*tutti[i])) continue;
+        ValoreCampo adesso = valoreDi(*tutti[i]);
+        if (mIniziata && adesso == mCampi[i]) continue;
+        cambiati[tutti[i]->nome()] = QJsonArray{adesso.testo, adesso.tag, adesso.valore, adesso.segni};
+        mCampi[i] = std::move(adesso);
+    }
+    return cambiati;
+}
+
+// The rows between those that stayed at the head and at the end.
+QJsonObject TracciaVendita::differenzaRighe(const FlexVB& g) {
+    const auto vecchie = static_cast<int>(mRevisioni.size());
+    const int adesso = g.ultima();
+    const auto uguale = [&](int vecchia, int nuova) {
+        return mRevisioni[static_cast<size_t>(vecchia)] == g.revisione(nuova + 1);
+    };
+    int testa = 0;
+    while (testa < vecchie && testa < adesso && uguale(testa, testa)) {
+        ++testa;
+    }
+    int coda = 0;
+    while (coda < vecchie - testa && coda < adesso - testa && uguale(vecchie - 1 - coda, adesso - 1 - coda)) {
+        ++coda;
+    }
+    if (testa + coda == vecchie && vecchie == adesso) return {};
+    QJsonArray nuove;
+    std::vector<quint64> revisioni;
+    for (int r = testa; r < adesso - coda; ++r) {
+        nuove.append(rigaDi(g, r + 1));
+        revisioni.push_back(g.revisione(r + 1));
+    }
+    const auto da = mRevisioni.begin() + testa;
+    mRevisioni.insert(mRevisioni.erase(da, mRevisioni.end() - coda), revisioni.begin(), revisioni.end());
+    return {{"da", testa}, {"via", vecchie - testa - coda}, {"nuove", nuove}};
+}
+
+void ImmagineVendita::applica(const QJsonObject& record) {
+    const QJsonObject campi = record[nomeCampi].toObject();
+    for (auto c = campi.begin(); c != campi.end(); ++c) {
+        const QJsonArray parti = c.value().toArray();
+        mCampi[c.key()] = {parti[0].toString(), parti[1].toString(), parti[2].toInt(), parti[3].toInt()};
+    }
+    if (record.contains(nomeStato)) mStato = record[nomeStato].toObject();
+    if (!record.contains(nomeRighe)) return;
+    const QJsonObject righe = record[nomeRighe].toObject();
+    const qsizetype da = std::clamp<qsizetype>(righe["da"].toInt(), 0, mRighe.size());
+    mRighe.remove(da, std::min<qsizetype>(righe["via"].toInt(), mRighe.size() - da));
+    qsizetype posto = da;
+    for (const QJsonValue& riga : righe["nuove"].toArray()) {
+        mRighe.insert(posto++, riga.toObject());
+    }
+}
+
+bool ImmagineVendita::daSalvare() const {
+    return mStato["modificata"].toBool() && !mRighe.isEmpty();
+}
+
+void ImmagineVendita::scriviIn(Vendita& v) const {
+    v.flxVB.svuota();
+    for (const QJsonObject& riga : mRighe) {
+        scriviRiga(riga, v);
+    }
+    for (Campo* campo : v.elenco.tutti()) {
+        const auto valore = mCampi.constFind(campo->nome());
+        if (valore != mCampi.constEnd() && !dellaSchermata(*campo)) scrivi(*campo, *valore);
+    }
+    scriviStato(mStato, v);
+}
+
+QJsonObject jsonDi(const SalvataggioIncerto& s) {
+    QJsonObject mutate;
+    for (const auto& [rid, colonne] : s.righe.mutate) {
+        mutate[QString::number(rid)] = colonneDi(colonne);
+    }
+    QJsonArray nuove;
+    for (const RigaScritta& riga : s.righe.nuove) {
+        nuove.append(colonneDi(riga));
+    }
+    return {{"movimento", s.idMovimento},
+            {"extraProg", s.extraProg},
+            {"testata", colonneDi(s.testata)},
+            {"note", chiaviDi(s.righe.note)},
+            {"cancellate", chiaviDi(s.righe.cancellate)},
+            {"mutate", mutate},
+            {"nuove", nuove},
+            {"schermo", QJsonArray::fromStringList(s.schermo)}};
+}
+
+SalvataggioIncerto salvataggioDa(const QJsonObject& o) {
+    SalvataggioIncerto s{o["movimento"].toInt(), o["extraProg"].toInt(), colonneDa(o["testata"]), {}, {}};
+    s.righe.note = chiaviDa(o["note"]);
+    s.righe.cancellate = chiaviDa(o["cancellate"]);
+    const QJsonObject mutate = o["mutate"].toObject();
+    for (auto m = mutate.begin(); m != mutate.end(); ++m) {
+        s.righe.mutate[m.key().toInt()] = colonneDa(m.value());
+    }
+    for (const QJsonValue& nuova : o["nuove"].toArray()) {
+        s.righe.nuove.push_back(colonneDa(nuova));
+    }
+    for (const QJsonValue& riga : o["schermo"].toArray()) {
+        s.schermo << riga.toString();
+    }
+    return s;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <vector>
+
+#include <QHash>
+#include <QJsonObject>
+#include <QStringList>
+
+#include "sale/uncertain_save.h"
+#include "sale/vendita.h"
+
+// A sale under way as records that can be written down and brought back: each tells what has changed since
+// the one before.
+
+// What a field shows and remembers.
+struct ValoreCampo {
+    QString testo;
+    QString tag;
+    int valore = 0;
+    int segni = 0;  // locked, enabled, visible: bits 0, 1, 2
+
+    bool operator==(const ValoreCampo&) const = default;
+};
+
+// Follows one sale from record to record.
+class TracciaVendita {
+  public:
+    // What has changed since the last call, everything at the first; empty when nothing has.
+    QJsonObject differenza(const Vendita& v);
+
+  private:
+    QJsonObject differenzaCampi(const Vendita& v);
+    QJsonObject differenzaRighe(const FlexVB& righe);
+
+    std::vector<ValoreCampo> mCampi;
+    QJsonObject mStato;
+    std::vector<quint64> mRevisioni;
+    bool mIniziata = false;
+};
+
+// A sale as its records tell it.
+class ImmagineVendita {
+  public:
+    void applica(const QJsonObject& record);
+    // There are rows that were not saved.
+    bool daSalvare() const;
+    // Puts the sale on a screen that was opened for it.
+    void scriviIn(Vendita& v) const;
+
+  private:
+    QHash<QString, ValoreCampo> mCampi;
+    QJsonObject mStato;
+    QList<QJsonObject> mRighe;
+};
+
+QJsonObject jsonDi(const SalvataggioIncerto& salvataggio);
+SalvataggioIncerto salvataggioDa(const QJsonObject& oggetto);

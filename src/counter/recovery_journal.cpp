@@ -1,0 +1,194 @@
+#include "counter/recovery_journal.h"
+
+#include <algorithm>
+
+#include <QFile>
+#include <QJsonDocument>
+
+#include "core/errors.h"
+#include "core/globals.h"
+#include "data/settings_store.h"
+#include "postings/lost_save.h"
+#include "sale/customer.h"
+#include "sale/row_editor.h"
+#include "sale/totals.h"
+
+namespace {
+
+GiornaleVendite* inVigore = nullptr;
+
+const QString nomeConto = "conto";
+const QString nomeFine = "fine";
+const QString nomeSalva = "salva";
+const QString nomeArchivio = "archivio";
+const QString nomeCassa = "cassa";
+
+QJsonObject intestazione() {
+    return {{nomeArchivio, gDescrizioneConnessione}, {nomeCassa, gIDCassa}};
+}
+
+void sposta(const QString& da, const QString& a) {
+    QFile::remove(a);
+    QFile::rename(da, a);
+}
+
+QJsonObject oggettoDi(const QByteArray& record) {
+    return QJsonDocument::fromJson(record).object();
+}
+
+// A record of one account, into what is known of it.
+void applica(const QJsonObject& record, std::optional<GiornaleVendite::VenditaAperta>& aperta, int conto) {
+    if (record.contains(nomeFine)) return aperta.reset();
+    if (!aperta) aperta = GiornaleVendite::VenditaAperta{conto, {}, {}};
+    aperta->immagine.applica(record);
+    if (record.contains(nomeSalva)) {
+        aperta->salvataggio = salvataggioDa(record[nomeSalva].toObject());
+    } else {
+        // Something was done after the save that failed.
+        aperta->salvataggio.reset();
+    }
+}
+
+// False when its save turns out to be in the books.
+bool daRiprendere(GiornaleVendite::VenditaAperta& aperta, OperatorPort& operatore) {
+    if (!aperta.salvataggio) return true;
+    const EsitoCommit esito = cercaSalvataggio(operatore, *aperta.salvataggio);
+    // Looked up once more before it is saved again.
+    if (esito != EsitoCommit::Ignoto) aperta.salvataggio.reset();
+    return esito != EsitoCommit::Registrato;
+}
+
+void riprendi(const GiornaleVendite::VenditaAperta& aperta) {
+    getConto(aperta.conto, false);
+    Conto* conto = gConti[static_cast<size_t>(aperta.conto)].get();
+    if (conto == nullptr) return;
+    Vendita& v = conto->vendita();
+    const RidisegnoFermo fermo(v.schermo);
+    aperta.immagine.scriviIn(v);
+    if (aperta.salvataggio) v.salvataggioIncerto = aperta.salvataggio;
+    calcolaTotali(v, false);
+    mostraSegnala(v);
+    mostraSaldo(v);
+    applicaModificaConsentita(v);
+    setVenditaModificata(v);
+    v.schermo.fuoco(v.txtCodProdotto);
+}
+
+}  // namespace
+
+GiornaleVendite::GiornaleVendite(const QString& percorso) : mPercorso(percorso), mRegistro(percorso) {
+    inVigore = this;
+}
+
+GiornaleVendite::~GiornaleVendite() {
+    inVigore = nullptr;
+}
+
+GiornaleVendite* giornaleVendite() {
+    return inVigore;
+}
+
+QString GiornaleVendite::percorsoUtente() {
+    return SettingsOnDisk::cartellaUtente() + "/vendite_aperte.giornale";
+}
+
+std::vector<GiornaleVendite::VenditaAperta> GiornaleVendite::leggi() {
+    // A file of before: the program ended while it was bringing those sales back.
+    const QString file = QFile::exists(percorsoPrima()) ? percorsoPrima() : mPercorso;
+    const QList<QByteArray> record = RegistroAppeso::leggi(file);
+    if (record.isEmpty()) return {};
+    if (oggettoDi(record.front()) != intestazione()) {
+        sposta(file, mPercorso + ".altro");
+        return {};
+    }
+    std::array<std::optional<VenditaAperta>, contiMassimi> aperte;
+    for (const QByteArray& riga : record.mid(1)) {
+        const QJsonObject oggetto = oggettoDi(riga);
+        const int conto = oggetto[nomeConto].toInt(-1);
+        if (conto >= 0 && conto < contiMassimi) applica(oggetto, aperte[static_cast<size_t>(conto)], conto);
+    }
+    std::vector<VenditaAperta> daSalvare;
+    for (std::optional<VenditaAperta>& aperta : aperte) {
+        if (aperta && aperta->immagine.daSalvare()) daSalvare.push_back(std::move(*aperta));
+    }
+    return daSalvare;
+}
+
+void GiornaleVendite::cominciaRipresa() {
+    if (!QFile::exists(percorsoPrima())) sposta(mPercorso, percorsoPrima());
+}
+
+void GiornaleVendite::finisciRipresa() {
+    mRegistro.sincronizza();
+    QFile::remove(percorsoPrima());
+}
+
+void GiornaleVendite::dimentica() {
+    mRegistro.elimina();
+    QFile::remove(percorsoPrima());
+}
+
+bool GiornaleVendite::qualcosaDaSalvare() const {
+    return std::any_of(gConti.begin(), gConti.end(), [](const ContoAperto& conto) {
+        return conto && conto->vendita().venditaModificata && conto->vendita().flxVB.righe() > 1;
+    });
+}
+
+void GiornaleVendite::annota() {
+    if (!qualcosaDaSalvare()) {
+        if (std::any_of(mTracce.begin(), mTracce.end(),
+                        [](const auto& traccia) { return traccia.has_value(); })) {
+            mRegistro.elimina();
+            mTracce = {};
+        }
+        return;
+    }
+    for (int i = 0; i < contiMassimi; ++i) {
+        auto& traccia = mTracce[static_cast<size_t>(i)];
+        const ContoAperto& conto = gConti[static_cast<size_t>(i)];
+        if (conto && conto->vendita().venditaModificata) {
+            if (!traccia) traccia.emplace();
+            QJsonObject record = traccia->differenza(conto->vendita());
+            if (record.isEmpty()) continue;
+            record[nomeConto] = i;
+            scrivi(record);
+        } else if (traccia) {
+            traccia.reset();
+            scrivi({{nomeConto, i}, {nomeFine, true}});
+        }
+    }
+}
+
+void GiornaleVendite::inSalvataggio(int conto, const SalvataggioIncerto& salvataggio) {
+    annota();
+    scrivi({{nomeConto, conto}, {nomeSalva, jsonDi(salvataggio)}});
+    mRegistro.sincronizza();
+}
+
+void GiornaleVendite::scrivi(const QJsonObject& record) {
+    const auto riga = [](const QJsonObject& oggetto) {
+        return QJsonDocument(oggetto).toJson(QJsonDocument::Compact);
+    };
+    const bool riuscito =
+        (!mRegistro.vuoto() || mRegistro.aggiungi(riga(intestazione()))) && mRegistro.aggiungi(riga(record));
+    if (riuscito || mGuasto) return;
+    mGuasto = true;
+    gErr.annotaErrore(
+        RunTimeError(RunTimeError::ErroreApplicazione, "Giornale delle vendite aperte non scritto"),
+        gNomeModulo, "GiornaleVendite", mPercorso);
+}
+
+void riprendiVendite(GiornaleVendite& giornale, OperatorPort& operatore) {
+    std::vector<GiornaleVendite::VenditaAperta> aperte = giornale.leggi();
+    std::erase_if(aperte, [&](auto& aperta) { return !daRiprendere(aperta, operatore); });
+    if (aperte.empty() || !operatore.chiedeSi("Riprendere le vendite non salvate?")) {
+        giornale.dimentica();
+        return;
+    }
+    giornale.cominciaRipresa();
+    for (const auto& aperta : aperte) {
+        riprendi(aperta);
+    }
+    giornale.annota();
+    giornale.finisciRipresa();
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "counter/accounts.h"
+#include "counter/open_sale_record.h"
+#include "data/append_log.h"
+
+// The sales being rung up on all accounts, written down key by key in a file of this user's, so that they
+// outlive the program: after a crash the next start brings them back. The file is there only while there is
+// something in it that the books do not have.
+class GiornaleVendite {
+  public:
+    explicit GiornaleVendite(const QString& percorso);
+    ~GiornaleVendite();
+
+    // A sale that was open when the program ended.
+    struct VenditaAperta {
+        int conto = 0;
+        ImmagineVendita immagine;
+        // It was being saved: whether that is in the books has to be looked up.
+        std::optional<SalvataggioIncerto> salvataggio;
+    };
+    // What the last run left behind on this archive and desk; that of another one is put aside, as
+    // "<file>.altro".
+    std::vector<VenditaAperta> leggi();
+    // Keeps what `leggi` found until the sales brought back have been written down anew, by the second call.
+    void cominciaRipresa();
+    void finisciRipresa();
+    // What the last run left behind is not wanted any more.
+    void dimentica();
+
+    // Writes down what has changed on the open accounts. After every key.
+    void annota();
+    // On the disk before the commit: what the books will hold if it succeeds.
+    void inSalvataggio(int conto, const SalvataggioIncerto& salvataggio);
+
+    static QString percorsoUtente();
+
+  private:
+    // The file of the last run, while its sales are being brought back.
+    QString percorsoPrima() const { return mPercorso + ".prima"; }
+    bool qualcosaDaSalvare() const;
+    void scrivi(const QJsonObject& record);
+
+    QString mPercorso;
+    RegistroAppeso mRegistro;
+    std::array<std::optional<TracciaVendita>, contiMassimi> mTracce;
+    bool mGuasto = false;  // the file cannot be written; told once
+};
+
+// The journal in force; nothing when none is kept.
+GiornaleVendite* giornaleVendite();
+
+// Offers to bring back what the last run left behind, each sale on its account.
+void riprendiVendite(GiornaleVendite& giornale, OperatorPort& operatore);

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+// A file of records that only grows: each is a line with its check sum, so that a torn end is told from what
+// was written whole. A record is in the system's hands when `aggiungi` returns, where a killed process cannot
+// lose it; a thread of its own brings it to the disk right after, for the day the power goes.
+class RegistroAppeso {
+  public:
+    explicit RegistroAppeso(QString percorso);
+    ~RegistroAppeso();
+    RegistroAppeso(const RegistroAppeso&) = delete;
+    RegistroAppeso& operator=(const RegistroAppeso&) = delete;
+
+    // The records of a file, up to the first one that is not whole; none when there is no file.
+    static QList<QByteArray> leggi(const QString& percorso);
+
+    // Without line breaks. The file begins anew with its first record, readable by its owner alone.
+    // False when it could not be written; then nothing of it is in the file.
+    bool aggiungi(const QByteArray& record);
+    // Nothing was written since the start or the last `elimina`.
+    bool vuoto() const { return mFile < 0; }
+    // Returns when all records are on the disk.
+    void sincronizza();
+    // The file goes.
+    void elimina();
+
+  private:
+    bool apri();
+    void chiudi();
+    void lavora(const std::stop_token& fine);
+
+    QString mPercorso;
+    qint64 mLunghezza = 0;  // of what was written whole
+    int mFile = -1;         // guarded by mSerratura, as all below
+    bool mDaScaricare = false;
+    std::mutex mSerratura;
+    std::condition_variable_any mSveglia;
+    std::jthread mScarico;
+};

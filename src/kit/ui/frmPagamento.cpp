@@ -1,0 +1,129 @@
+#include "kit/ui/frmPagamento.h"
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include "kit/ui/box_focus.h"
+#include "kit/ui/campo_edit.h"
+#include "kit/ui/campo_widgets.h"
+#include "kit/ui/labels.h"
+#include "kit/ui/touch_keys.h"
+
+namespace {
+
+constexpr QSize misura{900, 520};
+constexpr int distanza = 10;
+constexpr int puntiCasella = 34;
+constexpr int puntiRestoMinimi = 24;
+constexpr int puntiResto = 52;
+constexpr int altezzaCasella = 84;
+constexpr int altezzaUscita = 64;
+
+// Digits of a readout; what that font has not got, as the comma, comes from the program's own.
+QFont carattereDisplay(int punti) {
+    QFont carattere;
+    carattere.setFamilies({"DSEG7 Classic", carattere.family()});
+    carattere.setPointSize(punti);
+    return carattere;
+}
+
+}  // namespace
+
+frmPagamento::frmPagamento(QWidget* padre) : QDialog(padre) {
+    setObjectName("frmPagamento");
+    setWindowTitle("Pagamento e resto");
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+frmPagamento::~frmPagamento() {
+    delete mContenuto;
+}
+
+EsitoIncasso frmPagamento::startMe(Currency totale) {
+    MonitorResto monitor(totale);
+    mMonitor = &monitor;
+    costruisci();
+    resize(misura.boundedTo(screen()->availableSize()));
+    monitor.pagato.setFocus();
+    exec();
+    const EsitoIncasso esito = monitor.esito();
+    // The widgets show the monitor's fields: they go before it.
+    delete mContenuto;
+    mContenuto = nullptr;
+    mMonitor = nullptr;
+    return esito;
+}
+
+QLabel* frmPagamento::titolo(const QString& didascalia, const Campo& campo) {
+    QLabel* nuovo = etichetta(didascalia, "lbl_" + campo.nome(), mContenuto);
+    nuovo->setFont(carattereIngrandito(1.3));
+    return nuovo;
+}
+
+CampoEdit* frmPagamento::riga(QBoxLayout& colonna, const QString& didascalia, CTextBox& casella,
+                              const QString& nome) {
+    colonna.addWidget(titolo(didascalia, casella.campo()));
+    auto* campo = new CampoEdit(casella.campo(), &casella, nome, mContenuto);
+    campo->setFont(carattereDisplay(puntiCasella));
+    campo->setMinimumHeight(altezzaCasella);
+    campo->filtroTasti([this, &casella](QChar tasto) { return mMonitor->tasto(casella, tasto); });
+    seguiFuoco(campo, casella);
+    colonna.addWidget(campo);
+    return campo;
+}
+
+QBoxLayout* frmPagamento::importi() {
+    auto* colonna = new QVBoxLayout;
+    colonna->setSpacing(distanza);
+    CampoEdit* totale = riga(*colonna, "Totale", mMonitor->totale, "Totale da pagare");
+    CampoEdit* pagato = riga(*colonna, "pagato", mMonitor->pagato, "Importo pagato");
+    pagato->setPlaceholderText("0,00");
+    setTabOrder(pagato, totale);
+    colonna->addWidget(titolo("resto", mMonitor->lblResto));
+    auto* resto = new EtichettaAdattata(puntiRestoMinimi, puntiResto, mContenuto);
+    resto->setFont(carattereDisplay(puntiResto));
+    resto->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    collega(mMonitor->lblResto, resto);
+    resto->setAccessibleName("Resto");
+    colonna->addWidget(resto, 1);
+    return colonna;
+}
+
+QBoxLayout* frmPagamento::tasti() {
+    auto* colonna = new QVBoxLayout;
+    colonna->setSpacing(distanza);
+    colonna->addWidget(tastierino([this](const QString& tasto) { mTastierino.sendTasto(tasto); }, mContenuto),
+                       1);
+    return colonna;
+}
+
+void frmPagamento::costruisci() {
+    mContenuto = new QWidget(this);
+    if (layout() == nullptr) {
+        auto* cornice = new QVBoxLayout(this);
+        cornice->setContentsMargins(0, 0, 0, 0);
+    }
+    layout()->addWidget(mContenuto);
+    auto* sopra = new QHBoxLayout;
+    sopra->setSpacing(2 * distanza);
+    sopra->addLayout(importi(), 3);
+    sopra->addLayout(tasti(), 2);
+    auto* tutto = new QVBoxLayout(mContenuto);
+    tutto->setSpacing(distanza);
+    tutto->addLayout(sopra, 1);
+    QPushButton* cmdEsci = pulsanteGrande("RITORNA ALLA VENDITA <<<<", "cmdEsci", mContenuto);
+    cmdEsci->setMinimumHeight(altezzaUscita);
+    cmdEsci->setAutoDefault(false);
+    cmdEsci->setProperty("ruolo", "principale");
+    cmdEsci->setToolTip("Ritorna alla vendita, che viene salvata (Esc o F5)");
+    connect(cmdEsci, &QPushButton::clicked, this, &QDialog::accept);
+    tutto->addWidget(cmdEsci);
+}
+
+void frmPagamento::keyPressEvent(QKeyEvent* evento) {
+    const bool esce = evento->key() == Qt::Key_Escape || evento->key() == Qt::Key_F5;
+    if (esce && !evento->isAutoRepeat()) return accept();
+    // Enter belongs to the boxes.
+    if (evento->key() != Qt::Key_Return && evento->key() != Qt::Key_Enter) QDialog::keyPressEvent(evento);
+}

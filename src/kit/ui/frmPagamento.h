@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDialog>
+
+#include "kit/CTastierino.h"
+#include "kit/tender.h"
+
+class CampoEdit;
+class QBoxLayout;
+class QLabel;
+
+// The change calculator, shown before a sale is saved: amount due, amount tendered, change in green or red.
+// It is left with Esc, F5 or its button, and the sale goes on.
+class frmPagamento final : public QDialog {
+    Q_OBJECT
+  public:
+    explicit frmPagamento(QWidget* padre);
+    ~frmPagamento() override;
+
+    // Modal.
+    EsitoIncasso startMe(Currency totale);
+
+  protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+
+  private:
+    void costruisci();
+    QLabel* titolo(const QString& didascalia, const Campo& campo);
+    CampoEdit* riga(QBoxLayout& colonna, const QString& didascalia, CTextBox& casella, const QString& nome);
+    QBoxLayout* importi();
+    QBoxLayout* tasti();
+
+    MonitorResto* mMonitor = nullptr;
+    CTastierino mTastierino;
+    QWidget* mContenuto = nullptr;
+};

@@ -1,0 +1,128 @@
+#include "counter/copy_sale.h"
+#include "counter/counter_shop.h"
+
+namespace {
+
+constexpr int comandoPagamento = 10;
+constexpr int comandoRicopia = 14;
+
+class CopySale : public BancoDiProva {
+  protected:
+    void siRicopia(Risposta risposta = Risposta::Si) {
+        n.operatore.attendiDomanda("Ricopiare la vendita corrente in nuovo conto?", risposta);
+    }
+};
+
+}  // namespace
+
+TEST_F(CopySale, AllLiveRowsArriveAsNewOnes) {
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    siRicopia();
+    c.premiComando(comandoRicopia);
+    Vendita& copia = n.vendita(1);
+    ASSERT_EQ(copia.flxVB.ultima(), 1);
+    EXPECT_EQ(copia.flxVB.cella(1, Colonna::Codice), "A");
+    EXPECT_EQ(copia.flxVB.gestione(1), RigaNuova);
+    EXPECT_EQ(copia.lblMainDisplay.testo(), "12,20");
+    EXPECT_TRUE(copia.venditaModificata);
+    EXPECT_EQ(copia.rid(), -1);
+}
+
+TEST_F(CopySale, CopyKeepsEveryOtherCell) {
+    ContoDiProva& c = contoConVendita();
+    c.clic(c.vendita().txtQta);
+    c.digita("3");
+    c.tasto(Qt::Key_F6);
+    siRicopia();
+    c.premiComando(comandoRicopia);
+    for (int i = 0; i < numeroColonne; ++i) {
+        const auto colonna = static_cast<Colonna>(i);
+        EXPECT_EQ(n.vendita(1).flxVB.cella(1, colonna), c.vendita().flxVB.cella(1, colonna)) << i;
+    }
+}
+
+TEST_F(CopySale, DeletedRowsStayBehind) {
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    n.operatore.attendiDomanda("Eliminare il prodotto [Vite]?", Risposta::Si);
+    c.clicRiga(1);
+    c.tasto(Qt::Key_F9);
+    ASSERT_EQ(c.vendita().flxVB.gestione(1), RigaCancellata);
+    siRicopia();
+    c.premiComando(comandoRicopia);
+    EXPECT_EQ(n.vendita(1).flxVB.ultima(), 0);
+}
+
+TEST_F(CopySale, CopyIsSoldOnceMore) {
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    siRicopia();
+    c.premiComando(comandoRicopia);
+    ContoDiProva& copia = n.apriConto(1);
+    n.cliente(7, "ROSSI");
+    copia.clic(copia.vendita().txtCodCliente);
+    copia.digita("7");
+    copia.invio();
+    copia.tasto(Qt::Key_F5);
+    EXPECT_EQ(vendite(), 2);
+    EXPECT_EQ(n.conta("DettagliMovimento"), 2);
+}
+
+TEST_F(CopySale, AnsweredNoNothingOpens) {
+    ContoDiProva& c = contoConVendita();
+    siRicopia(Risposta::No);
+    c.premiComando(comandoRicopia);
+    EXPECT_FALSE(gConti[1]);
+}
+
+TEST_F(CopySale, NothingSoldIsTold) {
+    ContoDiProva& c = n.apriConto();
+    n.operatore.attendiMessaggio("Nessun prodotto venduto! Impossibile ricopiare la vendita.",
+                                 OperatorPort::Icona::Esclamazione);
+    c.premiComando(comandoRicopia);
+}
+
+TEST_F(CopySale, AllAccountsTakenIsTold) {
+    ContoDiProva& c = contoConVendita();
+    for (int i = 1; i < contiMassimi; ++i) {
+        n.apriConto(i);
+    }
+    siRicopia();
+    n.operatore.attendiMessaggio("Nessun conto disponibile!\nChiudere prima un conto e riprovare.",
+                                 OperatorPort::Icona::Critica);
+    c.premiComando(comandoRicopia);
+    EXPECT_EQ(c.vendita().flxVB.ultima(), 1);
+}
+
+TEST_F(CopySale, OtherPaymentTakesTheSaleToANewAccount) {
+    n.sql("UPDATE Causali SET MOSTRAVB = 1 WHERE RID = 2");
+    ContoDiProva& c = contoConVendita();
+    c.rispondeRicerca("2|");
+    c.premiComando(comandoPagamento);
+    EXPECT_EQ(c.ricercheAperte.back().sql,
+              "SELECT TOP 9 RID, CODICE, DESCRIZIONE FROM Causali WHERE MOSTRAVB = 1");
+    EXPECT_EQ(n.vendita(1).flxVB.ultima(), 1);
+    EXPECT_EQ(n.vendita(1).lblDescPagamento.tag(), "2");
+    EXPECT_EQ(n.vendita(1).idCausalePagamento, 2);
+    EXPECT_EQ(n.vendita(1).cliente(), gClientePredefinito);
+    EXPECT_EQ(c.vendita().flxVB.ultima(), 0);
+}
+
+TEST_F(CopySale, OtherPaymentKeepsTheCustomer) {
+    n.apriConto(0);
+    ContoDiProva& c = contoConCliente(1);
+    const int cliente = c.vendita().cliente();
+    c.rispondeRicerca("2|");
+    c.premiComando(comandoPagamento);
+    EXPECT_EQ(n.vendita(2).cliente(), cliente);
+}
+
+TEST_F(CopySale, CancelledPaymentKeepsTheSale) {
+    ContoDiProva& c = contoConVendita();
+    c.rispondeRicerca({});
+    c.premiComando(comandoPagamento);
+    EXPECT_EQ(c.vendita().flxVB.ultima(), 1);
+    EXPECT_EQ(c.fuocoSu(), &c.vendita().txtCodProdotto);
+    EXPECT_FALSE(gConti[1]);
+}

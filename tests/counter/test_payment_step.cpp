@@ -1,0 +1,119 @@
+#include "counter/counter_shop.h"
+
+namespace {
+
+class PaymentStep : public BancoDiProva {
+  protected:
+    PaymentStep() { gMonitor = 1; }
+
+    void incassaCon(ContoDiProva& c, std::function<EsitoIncasso(Currency)> risposta) {
+        c.incassi.push_back(std::move(risposta));
+    }
+    static EsitoIncasso intatto(Currency totale) { return {totale, {}}; }
+    static std::function<EsitoIncasso(Currency)> nuovoTotale(double totale) {
+        return [totale](Currency) { return EsitoIncasso{Currency::daDouble(totale), {}}; };
+    }
+};
+
+}  // namespace
+
+TEST_F(PaymentStep, SavingAPaidSaleShowsTheTotalOfTheDisplay) {
+    ContoDiProva& c = contoConVendita();
+    Currency mostrato;
+    incassaCon(c, [&](Currency totale) {
+        mostrato = totale;
+        EXPECT_TRUE(gModaleAperta);
+        EXPECT_EQ(vendite(), 0);
+        return intatto(totale);
+    });
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(mostrato, Currency::daDouble(12.2));
+    EXPECT_EQ(vendite(), 1);
+    EXPECT_FALSE(gModaleAperta);
+}
+
+TEST_F(PaymentStep, SwitchedOffItDoesNotComeUp) {
+    gMonitor = 0;
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(vendite(), 1);
+}
+
+TEST_F(PaymentStep, SaleOnCreditIsSavedWithoutIt) {
+    n.apriConto(0);
+    ContoDiProva& c = contoConCliente(1);
+    ASSERT_EQ(c.vendita().chkPagato.valore(), 0);
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(vendite(), 1);
+}
+
+TEST_F(PaymentStep, QuestionAnsweredYesShowsItForASaleOnCreditToo) {
+    n.apriConto(0);
+    ContoDiProva& c = contoConCliente(1);
+    rispondeAlSalvataggio(Risposta::Si);
+    int mostrati = 0;
+    incassaCon(c, [&](Currency totale) {
+        ++mostrati;
+        return intatto(totale);
+    });
+    c.tasto(Qt::Key_F10);
+    EXPECT_EQ(mostrati, 1);
+    EXPECT_EQ(vendite(), 1);
+}
+
+TEST_F(PaymentStep, ChangeStaysBesideTheLastTotal) {
+    ContoDiProva& c = contoConVendita();
+    incassaCon(c, [](Currency totale) { return EsitoIncasso{totale, "7,80"}; });
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), "12,20");
+    EXPECT_EQ(c.vendita().lblUltimoResto.testo(), "7,80");
+}
+
+TEST_F(PaymentStep, NextSaleWithoutTenderShowsNoChangeOfTheOneBefore) {
+    ContoDiProva& c = contoConVendita();
+    incassaCon(c, [](Currency totale) { return EsitoIncasso{totale, "7,80"}; });
+    c.tasto(Qt::Key_F5);
+    gMonitor = 0;
+    c.tasto(Qt::Key_F2);
+    c.scansiona("8001");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(c.vendita().lblUltimoResto.testo(), "");
+}
+
+TEST_F(PaymentStep, LoweredTotalIsADiscountOnTheRows) {
+    ContoDiProva& c = contoConVendita();
+    incassaCon(c, nuovoTotale(6.10));
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.valore("SELECT SCONTO + 0.0 FROM DettagliMovimento"), "50");
+    EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "6.1");
+}
+
+TEST_F(PaymentStep, DisplayOfAChangedTotalIsZeroUntilItIsRebuilt) {
+    ContoDiProva& c = contoConVendita();
+    incassaCon(c, nuovoTotale(6.10));
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), "0,00");
+    EXPECT_EQ(c.vendita().lblMainDisplay.testo(), "6,10");
+}
+
+TEST_F(PaymentStep, EmptiedTotalGivesEverythingAway) {
+    ContoDiProva& c = contoConVendita();
+    incassaCon(c, nuovoTotale(0));
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.valore("SELECT SCONTO + 0.0 FROM DettagliMovimento"), "100");
+}
+
+TEST_F(PaymentStep, RegisteredSaleAsksBeforeItsTotalIsChanged) {
+    ContoDiProva& c = contoConVendita();
+    incassaCon(c, intatto);
+    c.tasto(Qt::Key_F5);
+    c.scansiona("8001");
+    incassaCon(c, nuovoTotale(10));
+    n.operatore.attendiDomanda(
+        "Questa vendita è già registrata: con il totale cambiato tutte le sue righe verrebbero registrate "
+        "un'altra volta.\nUsare comunque il nuovo totale?",
+        Risposta::No);
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.conta("DettagliMovimento", "SCONTO > 0"), 0);
+    EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "24.4");
+}

@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "data/append_log.h"
+
+namespace {
+
+class AppendLog : public testing::Test {
+  protected:
+    QByteArray contenuto() const {
+        QFile file(percorso);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+    void riscrivi(const QByteArray& dati) const {
+        QFile file(percorso);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(dati);
+    }
+    QList<QByteArray> letti() const { return RegistroAppeso::leggi(percorso); }
+
+    QTemporaryDir cartella;
+    const QString percorso = cartella.path() + "/registro";
+};
+
+}  // namespace
+
+TEST_F(AppendLog, ReadsBackWhatWasWritten) {
+    RegistroAppeso registro(percorso);
+    EXPECT_TRUE(registro.aggiungi("uno"));
+    EXPECT_TRUE(registro.aggiungi("perché 漢"));
+    EXPECT_EQ(letti(), QList<QByteArray>({"uno", "perché 漢"}));
+}
+
+TEST_F(AppendLog, NoFileHoldsNoRecords) {
+    EXPECT_TRUE(letti().isEmpty());
+    const RegistroAppeso registro(percorso);
+    EXPECT_FALSE(QFile::exists(percorso));
+}
+
+TEST_F(AppendLog, TornEndIsLeftOutAtEveryLength) {
+    {
+        RegistroAppeso registro(percorso);
+        registro.aggiungi("uno");
+        registro.aggiungi("due");
+    }
+    const QByteArray intero = contenuto();
+    const qsizetype primo = intero.indexOf('\n') + 1;
+    for (qsizetype n = primo; n < intero.size(); ++n) {
+        riscrivi(intero.left(n));
+        EXPECT_EQ(letti(), QList<QByteArray>({"uno"})) << n;
+    }
+}
+
+TEST_F(AppendLog, GarbledRecordEndsTheReading) {
+    {
+        RegistroAppeso registro(percorso);
+        registro.aggiungi("uno");
+        registro.aggiungi("due");
+        registro.aggiungi("tre");
+    }
+    riscrivi(contenuto().replace("due", "dUe"));
+    EXPECT_EQ(letti(), QList<QByteArray>({"uno"}));
+}
+
+TEST_F(AppendLog, RemovedFileBeginsAnew) {
+    RegistroAppeso registro(percorso);
+    registro.aggiungi("uno");
+    registro.elimina();
+    EXPECT_FALSE(QFile::exists(percorso));
+    EXPECT_TRUE(registro.vuoto());
+    registro.aggiungi("due");
+    EXPECT_EQ(letti(), QList<QByteArray>({"due"}));
+}
+
+TEST_F(AppendLog, FileOfTheLastRunIsOverwrittenByTheFirstRecord) {
+    RegistroAppeso(percorso).aggiungi("vecchio");
+    RegistroAppeso registro(percorso);
+    EXPECT_EQ(letti(), QList<QByteArray>({"vecchio"}));
+    registro.aggiungi("nuovo");
+    EXPECT_EQ(letti(), QList<QByteArray>({"nuovo"}));
+}
+
+TEST_F(AppendLog, OnlyItsOwnerReadsIt) {
+    RegistroAppeso registro(percorso);
+    registro.aggiungi("uno");
+    EXPECT_EQ(QFile::permissions(percorso) &
+                  (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
+              QFile::Permissions());
+}
+
+TEST_F(AppendLog, FolderThatIsNotThereIsAnswered) {
+    RegistroAppeso registro(cartella.path() + "/manca/registro");
+    EXPECT_FALSE(registro.aggiungi("uno"));
+}
+
+TEST_F(AppendLog, FullDiskLeavesTheRecordsBeforeWhole) {
+    RegistroAppeso registro("/dev/full");
+    EXPECT_FALSE(registro.aggiungi("uno"));
+}
+
+TEST_F(AppendLog, ManyRecordsAndSynchronisationsGoTogether) {
+    RegistroAppeso registro(percorso);
+    for (int i = 0; i < 2000; ++i) {
+        ASSERT_TRUE(registro.aggiungi(QByteArray::number(i)));
+        if (i % 500 == 0) registro.sincronizza();
+    }
+    EXPECT_EQ(letti().size(), 2000);
+    EXPECT_EQ(letti().back(), "1999");
+}
