@@ -65,7 +65,10 @@ void riprendi(const GiornaleVendite::VenditaAperta& aperta) {
     Vendita& v = conto->vendita();
     const RidisegnoFermo fermo(v.schermo);
     aperta.immagine.scriviIn(v);
-    if (aperta.salvataggio) v.salvataggioIncerto = aperta.salvataggio;
+    if (aperta.salvataggio) {
+        v.salvataggioIncerto = aperta.salvataggio;
+        v.salvataggioIncerto->schermo = descriviSchermo(v);
+    }
     calcolaTotali(v, false);
     mostraSegnala(v);
     mostraSaldo(v);

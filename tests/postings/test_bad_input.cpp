@@ -123,7 +123,7 @@ class GoneDocument : public testing::Test {
     Vendita& v = s.vendita();
     const QString sparito =
         "Il documento N° 0001 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
-        "La vendita non è stata salvata.";
+        "La vendita non è stata salvata. Salvarla come nuova vendita?";
 
   private:
     QString mPrimo;
@@ -133,15 +133,23 @@ TEST_F(GoneDocument, ANewSaleUnderItIsSavedUnderAnother) {
     s.conto().tasto(Qt::Key_F2);
     vendi(s.conto(), "A");
     altraCassaCancella();
-    n.operatore.attendiMessaggio(sparito + "\nLa si può salvare di nuovo: avrà un numero nuovo.",
-                                 Icona::Esclamazione);
+    n.operatore.attendiDomanda(sparito, Risposta::Si);
     s.salva();
-    EXPECT_EQ(n.conta("Movimenti"), 0);
     EXPECT_EQ(v.flxVB.ultima(), 1);
-    s.salva();
     EXPECT_EQ(n.riga("SELECT PROGRESSIVO, TOTDOCUMENTO FROM Movimenti"), "2|12.2");
     EXPECT_EQ(n.valore("SELECT EXTRAPROG FROM DettagliMovimento"), "1");
     EXPECT_EQ(n.conta("PrimaNota"), 2);
+}
+
+TEST_F(GoneDocument, AChangedSaleIsSavedWholeUnderAnother) {
+    s.ritocca();
+    const QString totale = v.lblMainDisplay.testo();
+    altraCassaCancella();
+    n.operatore.attendiDomanda(sparito, Risposta::Si);
+    s.salva();
+    EXPECT_EQ(n.valore("SELECT PROGRESSIVO FROM Movimenti"), "2");
+    EXPECT_EQ(v.lblMainDisplay.testo(), totale);
+    EXPECT_FALSE(v.venditaModificata);
 }
 
 TEST_F(GoneDocument, AChangedSaleMovesNoStock) {
@@ -149,7 +157,7 @@ TEST_F(GoneDocument, AChangedSaleMovesNoStock) {
     altraCassaCancella();
     const QStringList prima = libri(n);
     const QStringList schermoPrima = schermata(v);
-    n.operatore.attendiMessaggio(sparito, Icona::Esclamazione);
+    n.operatore.attendiDomanda(sparito, Risposta::No);
     s.salva();
     EXPECT_EQ(libri(n), prima);
     EXPECT_EQ(schermata(v), schermoPrima);
