@@ -69,7 +69,7 @@ int eseguiProgramma(int argc, char* argv[]) {
     QApplication programma(argc, argv);
     QApplication::setApplicationName("Bottegon");
     QApplication::setQuitOnLastWindowClosed(false);
-    applicaStile(programma);
+    applicaStile(programma, aspettoImpostato());
 
     FinestraConti finestra(titoloFinestra());
     QtOperatorPort operatore(&finestra);

@@ -5,7 +5,7 @@
 #include "counter/ui/style.h"
 
 CounterScreen::CounterScreen() {
-    applicaStile(*qApp);
+    applicaStile(*qApp, {});
     negozio.prodotto(
         {.codice = "VITE", .listino1 = 10.0, .barcode = "8001234567890", .descrizione = "Vite 4x40"});
     negozio.prodotto({.codice = "STAFFA", .listino1 = 2.5, .descrizione = "Staffa a L"});

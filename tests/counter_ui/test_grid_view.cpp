@@ -13,7 +13,7 @@ namespace {
 class GridView : public testing::Test {
   protected:
     GridView() {
-        applicaStile(*qApp);
+        applicaStile(*qApp, {});
         for (int r = 1; r <= 40; ++r) {
             righe.aggiungi();
             righe.scrivi(r, Colonna::Descrizione, "Prodotto " + QString::number(r));

@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr int rossoReso = 0xFF0000;
 constexpr int larghezzaSegno = 6;
 constexpr int rientro = 18;  // of a component under its head
 
@@ -54,6 +55,7 @@ QRgb fondo(const QModelIndex& indice) {
 QRgb inchiostro(const QModelIndex& indice) {
     if (prezzoZero(indice)) return tinte::bianco;
     const int colore = indice.data(FlexVB::RuoloColoreTesto).toInt();
+    if (colore == rossoReso) return tinte::reso;
     if (colore >= 0) return QRgb(0xFF000000U | static_cast<unsigned>(colore));
     if (prezzoCambiato(indice)) return tinte::cambiato;
     return vero(indice, FlexVB::RuoloComponente) ? tinte::testoTenue : tinte::testo;

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int altezzaRiga = 34;
+constexpr int puntiNormali = 12;
 constexpr char invito[] = "Scansiona o digita il primo prodotto";
 
 struct LarghezzaColonna {
@@ -61,7 +62,7 @@ GrigliaVendita::GrigliaVendita(FlexVB& righe, QWidget* padre) : QTableView(padre
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(0);
-    verticalHeader()->setDefaultSectionSize(altezzaRiga);
+    verticalHeader()->setDefaultSectionSize(aMisura(altezzaRiga));
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
 
     connect(&righe, &FlexVB::dataChanged, this, [this](const QModelIndex& primo, const QModelIndex& ultimo) {
@@ -84,8 +85,10 @@ void GrigliaVendita::mostraColonne(int prezzoType) {
     for (int c = 0; c < numeroColonne; ++c) {
         setColumnHidden(c, !FlexVB::mostrata(static_cast<Colonna>(c), prezzoType));
     }
+    // Bold figures of a larger type need a little more.
+    const int margine = 5 * (font().pointSize() - puntiNormali);
     for (const auto& [colonna, pixel] : larghezze) {
-        setColumnWidth(static_cast<int>(colonna), pixel);
+        setColumnWidth(static_cast<int>(colonna), aMisura(pixel) + margine);
     }
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setSectionResizeMode(static_cast<int>(Colonna::Descrizione), QHeaderView::Stretch);

@@ -77,7 +77,7 @@ QHBoxLayout* rigaNumeri(const Montaggio& m, QWidget* padre) {
     auto* riga = nuovaDisposizione<QHBoxLayout>(spazio);
     const auto aggiungi = [&](Campo& campo, const QString& nome, int larghezza) {
         CampoEdit* casella = m.campo(campo, nome, padre);
-        casella->setFixedWidth(larghezza);
+        casella->setFixedWidth(aMisura(larghezza));
         riga->addWidget(casella);
     };
     riga->addWidget(m.conto(4, padre));
@@ -98,7 +98,7 @@ QHBoxLayout* rigaCliente(const Montaggio& m, QWidget* padre) {
     auto* riga = nuovaDisposizione<QHBoxLayout>(spazio);
     riga->addWidget(m.conto(5, padre));
     CampoEdit* codice = m.campo(m.v.txtCodCliente, "Codice del cliente", padre);
-    codice->setFixedWidth(110);
+    codice->setFixedWidth(aMisura(110));
     riga->addWidget(codice);
     QLabel* fascia = m.testo(m.v.lblFasciaScoCli, "Fascia del cliente", padre);
     fascia->setProperty(ruoli::proprieta, ruoli::didascalia);

@@ -30,8 +30,8 @@ class Tabella {
         mGriglia->setContentsMargins(0, 0, 0, 0);
         mGriglia->setHorizontalSpacing(8);
         mGriglia->setVerticalSpacing(2);
-        mGriglia->setColumnStretch(1, 1);
-        mGriglia->setColumnStretch(3, 1);
+        mGriglia->setColumnStretch(1, 4);
+        mGriglia->setColumnStretch(3, 5);
     }
 
     void voce(const QString& didascalia, Campo& campo, const QString& nomeAccessibile) {

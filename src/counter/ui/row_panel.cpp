@@ -23,13 +23,13 @@ struct Riga {
 
     void campo(Campo& campo, const QString& nome, int larghezza) const {
         CampoEdit* casella = m.campo(campo, nome, padre);
-        casella->setFixedWidth(larghezza);
+        casella->setFixedWidth(aMisura(larghezza));
         disposizione->addWidget(casella);
     }
     void conto(int indice) const { disposizione->addWidget(m.conto(indice, padre)); }
     void unita(Campo& campo, const QString& nome) const {
         QLabel* etichetta = m.testo(campo, nome, padre);
-        etichetta->setFixedWidth(44);
+        etichetta->setFixedWidth(aMisura(44));
         disposizione->addWidget(etichetta);
     }
 };

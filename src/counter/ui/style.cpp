@@ -5,32 +5,47 @@
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QScreen>
 #include <QStyleOption>
+
+#include "core/numbers.h"
+#include "data/client_settings.h"
+#include "data/settings_store.h"
 
 namespace {
 
 constexpr int puntiBase = 12;
+
 constexpr int latoSpunta = 24;
 
-// Named colours stand in the sheet as "@name".
-const std::pair<const char*, QRgb> nomiTinte[] = {
-    {"@sfondo", tinte::sfondo},
-    {"@pannello", tinte::pannello},
-    {"@alternata", tinte::alternata},
-    {"@bordoTenue", tinte::bordoTenue},
-    {"@bordo", tinte::bordo},
-    {"@testoTenue", tinte::testoTenue},
-    {"@testo", tinte::testo},
-    {"@accentoScuro", tinte::accentoScuro},
-    {"@accento", tinte::accento},
-    {"@barra", tinte::barra},
-    {"@displayTenue", tinte::displayTenue},
-    {"@display", tinte::display},
-    {"@bianco", tinte::bianco},
-    {"@confermaPremuta", tinte::confermaPremuta},
-    {"@conferma", tinte::conferma},
-    {"@pericolo", tinte::pericolo},
-    {"@avviso", tinte::avviso},
+// A colour of the look: its name in the sheet, where it is kept, and what it is in each scheme.
+struct Tinta {
+    const char* nome;
+    QRgb* valore;
+    QRgb chiara;
+    QRgb scura;
+};
+
+const Tinta tavolozza[] = {
+    {"@sfondo", &tinte::sfondo, 0xFFE6ECF2, 0xFF11181F},
+    {"@pannello", &tinte::pannello, 0xFFFFFFFF, 0xFF1B252F},
+    {"@alternata", &tinte::alternata, 0xFFF1F5F9, 0xFF222E3A},
+    {"@bordoTenue", &tinte::bordoTenue, 0xFFCBD5DF, 0xFF33424F},
+    {"@bordo", &tinte::bordo, 0xFF93A4B5, 0xFF5E7286},
+    {"@testoTenue", &tinte::testoTenue, 0xFF44576A, 0xFFA9B8C6},
+    {"@testo", &tinte::testo, 0xFF10202E, 0xFFE8EEF4},
+    {"@accentoScuro", &tinte::accentoScuro, 0xFF083F78, 0xFF83BDF5},
+    {"@accento", &tinte::accento, 0xFF0B5CAD, 0xFF2F7FD1},
+    {"@barra", &tinte::barra, 0xFF16293B, 0xFF0A0F14},
+    {"@displayTenue", &tinte::displayTenue, 0xFFB7C7D6, 0xFF9DB0C2},
+    {"@display", &tinte::display, 0xFF0D1C2B, 0xFF05090D},
+    {"@confermaPremuta", &tinte::confermaPremuta, 0xFF0C4F28, 0xFF0F5A2F},
+    {"@conferma", &tinte::conferma, 0xFF13713A, 0xFF17803F},
+    {"@pericolo", &tinte::pericolo, 0xFFB3261E, 0xFFDB5048},
+    {"@avviso", &tinte::avviso, 0xFFFFC857, 0xFFFFC857},
+    {"@selezione", &tinte::selezione, 0xFFC0C0FF, 0xFF34437A},
+    {"@reso", &tinte::reso, 0xFFFF0000, 0xFFFF8A80},
+    {"@cambiato", &tinte::cambiato, 0xFF8A4B00, 0xFFFFB454},
 };
 
 constexpr char pannelli[] = R"(
@@ -42,12 +57,12 @@ QFrame[ruolo="display"] QLabel { color: @bianco; }
 QFrame[ruolo="display"] QLabel[ruolo="didascalia"] { color: @displayTenue; }
 QFrame[ruolo="display"] CampoEdit { background: transparent; border: none; }
 QCheckBox { color: @bianco; }
-QLabel[ruolo="didascalia"] { color: @testoTenue; font-size: 10pt; }
-QLabel[ruolo="titolo"] { color: @testoTenue; font-size: 10pt; font-weight: bold; }
+QLabel[ruolo="didascalia"] { color: @testoTenue; font-size: @punti10; }
+QLabel[ruolo="titolo"] { color: @testoTenue; font-size: @punti10; font-weight: bold; }
 QLabel[ruolo="valore"] { color: @testo; font-weight: bold; }
 QFrame QLabel[ruolo="allarme"] { background: @pericolo; color: @bianco; font-weight: bold;
     border-radius: 6px; padding: 2px 8px; }
-QFrame QLabel[ruolo="avviso"] { background: @avviso; color: @testo; font-weight: bold;
+QFrame QLabel[ruolo="avviso"] { background: @avviso; color: @inchiostro; font-weight: bold;
     border-radius: 6px; padding: 2px 8px; }
 QFrame QLabel[ruolo="salvata"] { background: @conferma; color: @bianco; font-weight: bold;
     border-radius: 6px; padding: 2px 8px; }
@@ -56,7 +71,7 @@ QToolTip { background: @testo; color: @bianco; border: none; padding: 4px; }
 
 constexpr char pulsanti[] = R"(
 QPushButton { background: @pannello; color: @testo; border: 1px solid @bordo; border-radius: 6px;
-    padding: 2px 6px; font-weight: bold; font-size: 11pt; }
+    padding: 2px 6px; font-weight: bold; font-size: @punti11; }
 QPushButton:hover { border-color: @accento; }
 QPushButton:focus { border: 3px solid @accento; }
 QPushButton:default { border: 2px solid @accento; }
@@ -88,16 +103,31 @@ QTreeView { background: @pannello; alternate-background-color: @alternata; borde
 QTreeView:focus { border: 3px solid @accento; }
 QTreeView::item:selected { background: @accento; color: @bianco; }
 QHeaderView::section { background: @barra; color: @bianco; border: none; padding: 4px 6px; font-weight: bold;
-    font-size: 11pt; }
+    font-size: @punti11; }
 QScrollBar:vertical { width: 28px; background: @sfondo; }
 QScrollBar::handle:vertical { background: @bordo; border-radius: 6px; min-height: 48px; margin: 3px; }
 QScrollBar::add-line:vertical, QScrollBar::sub-line:vertical { height: 0; }
 )";
 
-QString foglioDiStile() {
+// The larger type grows as far as the screen has room for it.
+double ingrandimento() {
+    const int larghezza = QGuiApplication::primaryScreen()->availableSize().width();
+    return larghezza < 1500 ? 1.08 : larghezza < 1900 ? 1.2 : 1.35;
+}
+
+int punti(int base, Aspetto aspetto) {
+    return aspetto.carattereGrande ? qRound(base * ingrandimento()) : base;
+}
+
+QString foglioDiStile(Aspetto aspetto) {
     QString foglio = QString(pannelli) + pulsanti + elenchi;
-    for (const auto& [nome, tinta] : nomiTinte) {
-        foglio.replace(nome, QColor(tinta).name());
+    for (const int base : {10, 11}) {
+        foglio.replace("@punti" + QString::number(base), QString::number(punti(base, aspetto)) + "pt");
+    }
+    foglio.replace("@bianco", QColor(tinte::bianco).name());
+    foglio.replace("@inchiostro", QColor(tinte::inchiostro).name());
+    for (const Tinta& tinta : tavolozza) {
+        foglio.replace(tinta.nome, QColor(*tinta.valore).name());
     }
     return foglio;
 }
@@ -161,11 +191,27 @@ QPalette coloriDiBase() {
 
 }  // namespace
 
-void applicaStile(QApplication& applicazione) {
+Aspetto aspettoImpostato() {
+    const auto leggi = [](const char* chiave) {
+        return impostazioni().leggi(applicazioneClient, "Client", chiave, {});
+    };
+    return {.scuro = leggi("Tema") == "scuro", .carattereGrande = Val(leggi("CarattereGrande")) != 0.0};
+}
+
+int aMisura(int pixel) {
+    const int punti = QApplication::font().pointSize();
+    // One point more still fits in what is right for the normal type.
+    return punti <= puntiBase + 1 ? pixel : pixel * punti / puntiBase;
+}
+
+void applicaStile(QApplication& applicazione, Aspetto aspetto) {
+    for (const Tinta& tinta : tavolozza) {
+        *tinta.valore = aspetto.scuro ? tinta.scura : tinta.chiara;
+    }
     applicazione.setStyle(new StileTocco);
     applicazione.setPalette(coloriDiBase());
-    QFont carattere("DejaVu Sans", puntiBase);
+    QFont carattere("DejaVu Sans", punti(puntiBase, aspetto));
     carattere.setStyleHint(QFont::SansSerif);
     applicazione.setFont(carattere);
-    applicazione.setStyleSheet(foglioDiStile());
+    applicazione.setStyleSheet(foglioDiStile(aspetto));
 }

@@ -4,28 +4,23 @@
 
 class QApplication;
 
-// The look of the till: one palette, one sheet.
+// The look of the till: one palette, one sheet, in a light and a dark scheme. The colours are those of the
+// scheme in force.
 namespace tinte {
-constexpr QRgb sfondo = 0xFFE6ECF2;
-constexpr QRgb pannello = 0xFFFFFFFF;
-constexpr QRgb alternata = 0xFFF1F5F9;
-constexpr QRgb bordo = 0xFF93A4B5;
-constexpr QRgb bordoTenue = 0xFFCBD5DF;
-constexpr QRgb testo = 0xFF10202E;
-constexpr QRgb testoTenue = 0xFF44576A;
-constexpr QRgb accento = 0xFF0B5CAD;
-constexpr QRgb accentoScuro = 0xFF083F78;
-constexpr QRgb barra = 0xFF16293B;
-constexpr QRgb display = 0xFF0D1C2B;
-constexpr QRgb displayTenue = 0xFFB7C7D6;
+inline QRgb sfondo, pannello, alternata, bordo, bordoTenue, testo, testoTenue, accento, accentoScuro, barra,
+    display, displayTenue, conferma, confermaPremuta, pericolo, avviso, selezione, cambiato, reso;
+// Alike in both: ink on what is painted in a colour of its own.
 constexpr QRgb bianco = 0xFFFFFFFF;
-constexpr QRgb conferma = 0xFF13713A;
-constexpr QRgb confermaPremuta = 0xFF0C4F28;
-constexpr QRgb pericolo = 0xFFB3261E;
-constexpr QRgb avviso = 0xFFFFC857;
-constexpr QRgb selezione = 0xFFC0C0FF;
-constexpr QRgb cambiato = 0xFF8A4B00;
+constexpr QRgb inchiostro = 0xFF10202E;
 }  // namespace tinte
+
+// How this workstation wants to see it: settings Tema ("scuro", else light) and CarattereGrande ("1"),
+// section Client.
+struct Aspetto {
+    bool scuro = false;
+    bool carattereGrande = false;
+};
+Aspetto aspettoImpostato();
 
 // Parts of a panel that the sheet tells apart by the dynamic property "ruolo".
 namespace ruoli {
@@ -43,7 +38,10 @@ constexpr char principale[] = "principale";
 constexpr char distruttivo[] = "distruttivo";
 }  // namespace ruoli
 
+// A width or height that is right for the normal type, in the type in force.
+int aMisura(int pixel);
+
 // Distances between and inside panels, in pixels.
 constexpr int spazio = 6;
 
-void applicaStile(QApplication& applicazione);
+void applicaStile(QApplication& applicazione, Aspetto aspetto);

@@ -8,9 +8,11 @@
 #include <QValidator>
 
 #include "kit/ui/campo_widgets.h"
+#include "kit/ui/contrast.h"
 
 namespace {
 
+constexpr unsigned bianco = 0xFFFFFF;  // as good as no colour: that of every box
 constexpr int margineTesto = 8;
 constexpr qreal raggio = 6.0;
 constexpr qreal bordoFuoco = 3.0;
@@ -82,9 +84,19 @@ void CampoEdit::mostra() {
     update();
 }
 
+std::optional<QColor> CampoEdit::fondoProprio() const {
+    if (!mCampo.coloreFondo() || *mCampo.coloreFondo() == bianco) return std::nullopt;
+    return QColor::fromRgb(*mCampo.coloreFondo());
+}
+
+QColor CampoEdit::inchiostro() const {
+    if (mCampo.coloreTesto()) return QColor::fromRgb(*mCampo.coloreTesto());
+    if (const auto fondo = fondoProprio()) return inchiostroSu(*fondo);
+    return QGuiApplication::palette().color(QPalette::Text);
+}
+
 void CampoEdit::coloraTesto() {
-    const QColor colore = mCampo.coloreTesto() ? QColor::fromRgb(*mCampo.coloreTesto())
-                                               : QGuiApplication::palette().color(QPalette::Text);
+    const QColor colore = inchiostro();
     if (palette().color(QPalette::Active, QPalette::Text) == colore) return;
     QPalette nuova = palette();
     nuova.setColor(QPalette::Active, QPalette::Text, colore);
@@ -163,8 +175,7 @@ void CampoEdit::paintEvent(QPaintEvent* evento) {
     pittore.setRenderHint(QPainter::Antialiasing);
     const QPalette colori = QGuiApplication::palette();
     const bool chiuso = isReadOnly() || !isEnabled();
-    const QColor fondo = mCampo.coloreFondo() ? QColor::fromRgb(*mCampo.coloreFondo())
-                                              : colori.color(chiuso ? QPalette::Window : QPalette::Base);
+    const QColor fondo = fondoProprio().value_or(colori.color(chiuso ? QPalette::Window : QPalette::Base));
     const qreal bordo = hasFocus() ? bordoFuoco : 1.0;
     pittore.setPen(QPen(colori.color(hasFocus() ? QPalette::Highlight : QPalette::Mid), bordo));
     pittore.setBrush(fondo);

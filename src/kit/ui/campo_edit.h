@@ -41,6 +41,9 @@ class CampoEdit final : public QLineEdit, public CTextBox::Casella {
 
   private:
     void mostra();
+    // A colour that the rules gave the box.
+    std::optional<QColor> fondoProprio() const;
+    QColor inchiostro() const;
     void coloraTesto();
     std::optional<QChar> filtrato(QChar tasto) const;
     void digita(const QString& testo);

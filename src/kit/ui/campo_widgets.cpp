@@ -5,13 +5,19 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include "kit/ui/contrast.h"
+
 namespace {
 
 QString foglioColori(const Campo& campo) {
     QString foglio;
     if (campo.coloreFondo())
         foglio += "background-color:" + QColor::fromRgb(*campo.coloreFondo()).name() + ";";
-    if (campo.coloreTesto()) foglio += "color:" + QColor::fromRgb(*campo.coloreTesto()).name() + ";";
+    if (campo.coloreTesto()) {
+        foglio += "color:" + QColor::fromRgb(*campo.coloreTesto()).name() + ";";
+    } else if (campo.coloreFondo()) {
+        foglio += "color:" + inchiostroSu(QColor::fromRgb(*campo.coloreFondo())).name() + ";";
+    }
     return foglio;
 }
 
