@@ -61,13 +61,12 @@ CelleRiga conAltroSconto(const FlexVB& g, int r, float aggiunta) {
     const QString scontoNetto = formattaImporto(listino - scontato, 2);
     const Currency esteso = listino - getValoreCurrency(scontoNetto);
     const QString netto = formattaImporto(esteso, 2);
-    // A row that is in the books is changed there: entered anew, it would be sold twice.
-    const Gestione gestione = g.chiave(r, Colonna::Rid) > 0 ? RigaModificata : RigaNuova;
+    // Also a row that is in the books is entered anew; whoever changes the total of such a sale asks first.
     return unicoSconto(sconto, "0,00") + importiDaNetto(g, r, getValoreCurrency(netto)) +
            CelleRiga{{Colonna::ScNetto, scontoNetto},
                      {Colonna::PrezzoNettoEsteso, esteso.testo()},
                      {Colonna::PrezzoNetto, netto},
-                     {Colonna::Gestione, QString::number(gestione)}};
+                     {Colonna::Gestione, QString::number(RigaNuova)}};
 }
 
 CelleRiga prezziScontati(const FlexVB& g, int r, Currency netto, float sconto) {
