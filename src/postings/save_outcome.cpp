@@ -1,0 +1,137 @@
+#include "postings/save_outcome.h"
+
+#include "core/errors.h"
+#include "core/format.h"
+#include "core/globals.h"
+#include "data/gateway.h"
+#include "postings/lost_save.h"
+#include "sale/recall.h"
+#include "sale/sale_document.h"
+#include "sale/vendita.h"
+
+namespace {
+
+using Icona = OperatorPort::Icona;
+
+const char* const testoSalvata =
+    "La vendita è stata salvata: N° %1.\n"
+    "Il collegamento con il server si era interrotto; la vendita è stata ritrovata nell'archivio.";
+const char* const testoSalvataPrima =
+    "La vendita era già stata salvata: N° %1.\n"
+    "Le modifiche fatte dopo non sono nell'archivio: si mostra la vendita come è stata salvata.";
+const char* const testoNonSalvata =
+    "La vendita non è stata salvata: il collegamento con il server si è interrotto.\n"
+    "La vendita è ancora sullo schermo e si può salvare di nuovo.";
+const char* const testoIncerta =
+    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
+    "La vendita resta sullo schermo; quando la si salva di nuovo si controlla prima se è già nell'archivio.";
+const char* const testoComeNellArchivio =
+    "Il collegamento con il server si era interrotto: si mostra la vendita come è nell'archivio.\n"
+    "Controllarla prima di salvarla di nuovo.";
+const char* const testoDaControllare =
+    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
+    "Prima di salvarla di nuovo controllare l'ultima vendita nell'archivio.";
+
+QString numeroVendita(const Vendita& v) {
+    return v.txtProg.testo() + "/" + v.txtSottoProg.testo();
+}
+
+const char* const testoSparita =
+    "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
+    "La vendita non è stata salvata. Salvarla come nuova vendita?";
+
+// What an unforeseen error left written may be a part of the sale. Where the header is as it was written, the
+// screen shows what is in the books; where it is not, nothing of the save is there.
+void dopoErroreECommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
+    OperatorPort& operatore = v.schermo.operatore();
+    const SalvataggioIncerto salvataggio{d.idMovimento, d.extraProg, d.testata, {}, {}};
+    const EsitoCommit esito =
+        d.testata.empty() ? EsitoCommit::NonRegistrato : cercaTestata(operatore, salvataggio);
+    if (esito == EsitoCommit::Registrato) {
+        showVendita(v, d.idMovimento, -1, d.extraProg, -1);
+        operatore.messaggio(testoComeNellArchivio, Icona::Esclamazione);
+        return;
+    }
+    prima.ripristina(v);
+    operatore.messaggio(esito == EsitoCommit::Ignoto ? testoDaControllare : testoNonSalvata, Icona::Critica);
+}
+
+}  // namespace
+
+QString transazioneSalvataggio() {
+    return ".salvaVendita" + gNomeModulo;
+}
+
+void segnaSalvata(Vendita& v, const Documento& d) {
+    v.lblRID.testo(QString::number(d.idMovimento));
+    v.txtSottoProg.testo(Format(d.extraProg, u"0000"));
+    v.venditaModificata = false;
+    v.pctSave.visibile(false);
+    gVenditaSalvata = true;
+}
+
+SalvataggioIncerto descriviSalvataggio(const Vendita& v, const Documento& d) {
+    return {d.idMovimento,
+            d.extraProg,
+            d.testata,
+            descriviRighe(v, d.idMovimento, d.extraProg, d.trasferimento),
+            {}};
+}
+
+bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
+    OperatorPort& operatore = v.schermo.operatore();
+    SalvataggioIncerto salvataggio = descriviSalvataggio(v, d);
+    const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
+    if (esito == EsitoCommit::Registrato) {
+        segnaSalvata(v, d);
+        operatore.messaggio(QString(testoSalvata).arg(numeroVendita(v)), Icona::Informazione);
+        return true;
+    }
+    prima.ripristina(v);
+    salvataggio.schermo = descriviSchermo(v);
+    if (esito == EsitoCommit::Ignoto) v.salvataggioIncerto = std::move(salvataggio);
+    operatore.messaggio(esito == EsitoCommit::Ignoto ? testoIncerta : testoNonSalvata, Icona::Critica);
+    return false;
+}
+
+std::optional<bool> riprendiSalvataggio(Vendita& v) {
+    if (!v.salvataggioIncerto) return std::nullopt;
+    OperatorPort& operatore = v.schermo.operatore();
+    const EsitoCommit esito = cercaSalvataggio(operatore, *v.salvataggioIncerto);
+    if (esito == EsitoCommit::Ignoto) {
+        operatore.messaggio(testoIncerta, Icona::Critica);
+        return false;
+    }
+    const SalvataggioIncerto salvataggio = *v.salvataggioIncerto;
+    v.salvataggioIncerto.reset();
+    if (esito == EsitoCommit::NonRegistrato) return std::nullopt;
+    const bool immutata = descriviSchermo(v) == salvataggio.schermo;
+    showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
+    gVenditaSalvata = true;
+    operatore.messaggio(QString(immutata ? testoSalvata : testoSalvataPrima).arg(numeroVendita(v)),
+                        immutata ? Icona::Informazione : Icona::Esclamazione);
+    return immutata;
+}
+
+bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
+    gErr.notificaSubito(erroreInCorso(), gNomeModulo, "salvaVendita", {});
+    if (gAdo.commitTrasaction(transazioneSalvataggio())) {
+        if (d.idMovimento > 0) showVendita(v, d.idMovimento, -1, d.extraProg, -1);
+    } else if (gAdo.commitDiEsitoIgnoto()) {
+        dopoErroreECommitPerso(v, d, prima);
+    } else {
+        prima.ripristina(v);
+    }
+    return false;
+}
+
+bool diventaNuova(Vendita& v, const Documento& d) {
+    if (!v.schermo.operatore().chiedeSi(QString(testoSparita).arg(Format(d.progressivo, u"0000")),
+                                        Icona::Esclamazione)) {
+        return false;
+    }
+    setForNewMovimento(v);
+    v.txtProg.testo("(Auto)");
+    v.txtSottoProg.testo("(Auto)");
+    return true;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+
+#include "postings/save_state.h"
+
+// How a save has ended, and what the operator is told of it.
+
+// The transaction's name in reports.
+QString transazioneSalvataggio();
+
+// What the books hold when the commit succeeds.
+SalvataggioIncerto descriviSalvataggio(const Vendita& v, const Documento& d);
+// The sale on the screen is the one in the books.
+void segnaSalvata(Vendita& v, const Documento& d);
+
+// The answer to the commit was lost: the books are asked. They hold what was written, or nothing of it; true
+// when they do.
+bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima);
+// A sale that may be in the books already is looked for before it is saved again. Nothing when it is to be
+// saved now, else what the save answers.
+std::optional<bool> riprendiSalvataggio(Vendita& v);
+// An unforeseen error, the one being handled, ends with a commit of what was written. The screen then shows
+// what is in the books, so that saving again books nothing twice. Always false.
+bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima);
+// Another desk has taken the header away. True when the whole sale is to go under one of its own.
+bool diventaNuova(Vendita& v, const Documento& d);
