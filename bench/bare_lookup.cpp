@@ -18,21 +18,23 @@ namespace {
 
 class SqliteNudo final : public ClienteNudo {
   public:
-    SqliteNudo(const QString& archivio, const QByteArray& query) {
+    SqliteNudo(const QString& archivio, QByteArray query, Preparata preparata)
+        : mQuery(std::move(query)), mPreparata(preparata) {
         ErroreServer errore;
         mConnessione = SqliteConnection::apri(archivio, errore);
         if (!mConnessione) rinuncia(qPrintable(errore.descrizione));
-        const QByteArray sql = query + "?";
-        if (sqlite3_prepare_v2(mConnessione->nativa(), sql.constData(), static_cast<int>(sql.size()),
-                               &mIstruzione, nullptr) != SQLITE_OK)
-            rinuncia(sqlite3_errmsg(mConnessione->nativa()));
+        if (mPreparata == Preparata::UnaVolta) prepara(mQuery + "?");
     }
     ~SqliteNudo() override { sqlite3_finalize(mIstruzione); }
     SqliteNudo(const SqliteNudo&) = delete;
     SqliteNudo& operator=(const SqliteNudo&) = delete;
 
     int cerca(int chiave) override {
-        sqlite3_bind_int(mIstruzione, 1, chiave);
+        if (mPreparata == Preparata::UnaVolta) {
+            sqlite3_bind_int(mIstruzione, 1, chiave);
+        } else {
+            prepara(mQuery + QByteArray::number(chiave));
+        }
         int celle = 0;
         while (sqlite3_step(mIstruzione) == SQLITE_ROW) {
             for (int i = 0; i < sqlite3_column_count(mIstruzione); ++i, ++celle)
@@ -43,7 +45,16 @@ class SqliteNudo final : public ClienteNudo {
     }
 
   private:
+    void prepara(const QByteArray& sql) {
+        sqlite3_finalize(mIstruzione);
+        if (sqlite3_prepare_v2(mConnessione->nativa(), sql.constData(), static_cast<int>(sql.size()),
+                               &mIstruzione, nullptr) != SQLITE_OK)
+            rinuncia(sqlite3_errmsg(mConnessione->nativa()));
+    }
+
     std::unique_ptr<SqliteConnection> mConnessione;
+    const QByteArray mQuery;
+    const Preparata mPreparata;
     sqlite3_stmt* mIstruzione = nullptr;
 };
 
@@ -83,7 +94,7 @@ class MySqlNudo final : public ClienteNudo {
 }  // namespace
 
 std::unique_ptr<ClienteNudo> nuovoClienteNudo(const QString& stringaConnessione, const QString& archivio,
-                                              const QByteArray& query) {
-    if (stringaConnessione.isEmpty()) return std::make_unique<SqliteNudo>(archivio, query);
+                                              const QByteArray& query, Preparata preparata) {
+    if (stringaConnessione.isEmpty()) return std::make_unique<SqliteNudo>(archivio, query, preparata);
     return std::make_unique<MySqlNudo>(stringaConnessione, query);
 }

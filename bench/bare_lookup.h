@@ -6,8 +6,8 @@
 #include <QString>
 
 // The same query for one key after another on the client library of the server in force, on a connection that
-// is open already: what the server alone costs. It is prepared as the gateway's own driver prepares it: kept
-// and bound on SQLite, sent as text to MariaDB.
+// is open already: what the server alone costs. MariaDB gets it as text; SQLite either keeps it prepared and
+// binds the key, as the gateway's own driver does, or prepares each text that it is given.
 class ClienteNudo {
   public:
     virtual ~ClienteNudo() = default;
@@ -15,7 +15,9 @@ class ClienteNudo {
     virtual int cerca(int chiave) = 0;
 };
 
+enum class Preparata { UnaVolta, OgniVolta };
+
 // `query` ends where the key stands. `stringaConnessione`: of a MariaDB database; empty for the file
 // `archivio`.
 std::unique_ptr<ClienteNudo> nuovoClienteNudo(const QString& stringaConnessione, const QString& archivio,
-                                              const QByteArray& query);
+                                              const QByteArray& query, Preparata preparata);

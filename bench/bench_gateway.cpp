@@ -39,13 +39,23 @@ static void chiaveAttraversoIlGateway(benchmark::State& stato) {
 }
 BENCHMARK(chiaveAttraversoIlGateway)->UseRealTime()->Repetitions(5)->ReportAggregatesOnly();
 
-static void chiaveNuda(benchmark::State& stato) {
+static void nuda(benchmark::State& stato, Preparata preparata) {
     Negozio n;
     riempi(n);
     const auto nudo = nuovoClienteNudo(archivioSuFile() ? QString() : gStrConnessione,
-                                       archivioSuFile() ? n.percorso() : QString(), query);
+                                       archivioSuFile() ? n.percorso() : QString(), query, preparata);
     int i = 0;
     for (auto _ : stato)
         benchmark::DoNotOptimize(nudo->cerca(chiave(++i)));
 }
+
+static void chiaveNuda(benchmark::State& stato) {
+    nuda(stato, Preparata::UnaVolta);
+}
 BENCHMARK(chiaveNuda)->UseRealTime()->Repetitions(5)->ReportAggregatesOnly();
+
+// The same on MariaDB.
+static void chiaveNudaDaTesto(benchmark::State& stato) {
+    nuda(stato, Preparata::OgniVolta);
+}
+BENCHMARK(chiaveNudaDaTesto)->UseRealTime()->Repetitions(5)->ReportAggregatesOnly();

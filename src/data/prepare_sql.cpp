@@ -1,5 +1,7 @@
 #include "data/prepare_sql.h"
 
+#include <algorithm>
+
 #include "core/run_time_error.h"
 
 namespace {
@@ -97,9 +99,17 @@ QString conApici(QString sql) {
     return sql.replace("'", "''").replace(getSQLSeparator(), "'");
 }
 
+// Whether the dialect has anything to say in this text; most statements are plain.
+bool conSegni(const QString& sql) {
+    return std::any_of(sql.begin(), sql.end(), [](QChar c) {
+        return c == u'\u00A4' || c == u'\u00BF' || c == u'\u2021' || c == pallino;
+    });
+}
+
 }  // namespace
 
 QString preparaSQL(const QString& sql, int tipoServer) {
+    if (tipoServer == Access && !conSegni(sql)) return sql;
     QString testo = applicaBlocchi(conApici(sql), tipoServer);
     if (tipoServer == SqlServer) testo.replace('`', '"');
     if (tipoServer == MySql) testo = regolaFormat(regolaTop(testo));

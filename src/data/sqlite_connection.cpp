@@ -60,11 +60,6 @@ QVariant valoreColonna(sqlite3_stmt* istruzione, int colonna, bool data) {
     }
 }
 
-bool colonnaData(sqlite3_stmt* istruzione, int colonna) {
-    const char* tipo = sqlite3_column_decltype(istruzione, colonna);
-    return tipo != nullptr && qstricmp(tipo, "DATETIME") == 0;
-}
-
 bool soloBlanchi(const char* testo) {
     return QByteArray(testo).trimmed().isEmpty();
 }
@@ -217,10 +212,10 @@ bool SqliteConnection::eseguiNativo(const QString& sql, Recordset* righe) {
     if (!inviabile(sql, origineSqlite, mErrore)) return false;
     const QByteArray testo = sql.toUtf8();
     if (const auto parametrica = togliLetterali(testo)) {
-        if (sqlite3_stmt* pronta = mPronte.prendi(mDb, *parametrica)) {
-            const std::unique_ptr<sqlite3_stmt, void (*)(sqlite3_stmt*)> riposta(pronta,
+        if (const auto* pronta = mPronte.prendi(mDb, *parametrica)) {
+            const std::unique_ptr<sqlite3_stmt, void (*)(sqlite3_stmt*)> riposta(pronta->istruzione,
                                                                                  &IstruzioniPronte::riponi);
-            return percorri(pronta, righe);
+            return percorri(pronta->istruzione, pronta->colonne, righe);
         }
     }
     return eseguiUnaVolta(testo, righe);
@@ -238,31 +233,21 @@ bool SqliteConnection::eseguiUnaVolta(const QByteArray& testo, Recordset* righe)
                                                                 : "Più istruzioni in un solo comando.");
         return false;
     }
-    return percorri(istruzione, righe);
+    return percorri(istruzione, ColonneSqlite(istruzione), righe);
 }
 
-bool SqliteConnection::percorri(sqlite3_stmt* istruzione, Recordset* righe) {
-    const int campi = sqlite3_column_count(istruzione);
+bool SqliteConnection::percorri(sqlite3_stmt* istruzione, const ColonneSqlite& colonne, Recordset* righe) {
+    const auto campi = static_cast<int>(colonne.nomi.size());
     std::vector<QVariant> celle;
-    std::vector<bool> date;
-    for (int i = 0; i < campi; ++i) {
-        date.push_back(colonnaData(istruzione, i));
-    }
     int esito = SQLITE_OK;
     while ((esito = sqlite3_step(istruzione)) == SQLITE_ROW) {
         if (righe == nullptr) continue;
         for (int i = 0; i < campi; ++i) {
-            celle.push_back(valoreColonna(istruzione, i, date[static_cast<size_t>(i)]));
+            celle.push_back(valoreColonna(istruzione, i, colonne.date[static_cast<size_t>(i)]));
         }
     }
     if (esito != SQLITE_DONE) return fallito(esito);
-    if (righe != nullptr) {
-        QStringList colonne;
-        for (int i = 0; i < campi; ++i) {
-            colonne.append(QString::fromUtf8(sqlite3_column_name(istruzione, i)));
-        }
-        *righe = Recordset(std::move(colonne), std::move(celle));
-    }
+    if (righe != nullptr) *righe = Recordset(colonne.nomi, std::move(celle));
     return true;
 }
 

@@ -63,7 +63,7 @@ class SqliteConnection final : public Connessione {
     bool verificaArchivio();
     void spiegaApertura();
     bool eseguiUnaVolta(const QByteArray& testo, Recordset* righe);
-    bool percorri(sqlite3_stmt* istruzione, Recordset* righe);
+    bool percorri(sqlite3_stmt* istruzione, const ColonneSqlite& colonne, Recordset* righe);
     bool fallito(int codice);
     static int occupato(void* connessione, int tentativi);
 

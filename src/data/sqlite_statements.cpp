@@ -21,11 +21,19 @@ void lega(sqlite3_stmt* istruzione, int posizione, const IstruzioneParametrica::
 
 }  // namespace
 
-sqlite3_stmt* IstruzioniPronte::trova(sqlite3* db, const QByteArray& testo) {
+ColonneSqlite::ColonneSqlite(sqlite3_stmt* istruzione) {
+    for (int i = 0; i < sqlite3_column_count(istruzione); ++i) {
+        const char* tipo = sqlite3_column_decltype(istruzione, i);
+        nomi.append(QString::fromUtf8(sqlite3_column_name(istruzione, i)));
+        date.push_back(tipo != nullptr && qstricmp(tipo, "DATETIME") == 0);
+    }
+}
+
+const IstruzioniPronte::Pronta* IstruzioniPronte::trova(sqlite3* db, const QByteArray& testo) {
     const auto nota = mPronte.find(testo);
     if (nota != mPronte.end()) {
         nota->second.uso = ++mUsi;
-        return sqlite3_stmt_busy(nota->second.istruzione) == 0 ? nota->second.istruzione : nullptr;
+        return sqlite3_stmt_busy(nota->second.istruzione) == 0 ? &nota->second : nullptr;
     }
     sqlite3_stmt* istruzione = nullptr;
     const char* resto = nullptr;
@@ -36,19 +44,18 @@ sqlite3_stmt* IstruzioniPronte::trova(sqlite3* db, const QByteArray& testo) {
         return nullptr;
     }
     sfoltisci();
-    mPronte[testo] = {istruzione, ++mUsi};
-    return istruzione;
+    return &(mPronte[testo] = {istruzione, ColonneSqlite(istruzione), ++mUsi});
 }
 
-sqlite3_stmt* IstruzioniPronte::prendi(sqlite3* db, const IstruzioneParametrica& i) {
-    sqlite3_stmt* istruzione = trova(db, i.testo);
-    if (istruzione == nullptr ||
-        sqlite3_bind_parameter_count(istruzione) != static_cast<int>(i.valori.size()))
+const IstruzioniPronte::Pronta* IstruzioniPronte::prendi(sqlite3* db, const IstruzioneParametrica& i) {
+    const Pronta* pronta = trova(db, i.testo);
+    if (pronta == nullptr ||
+        sqlite3_bind_parameter_count(pronta->istruzione) != static_cast<int>(i.valori.size()))
         return nullptr;
     int posizione = 0;
     for (const auto& valore : i.valori)
-        lega(istruzione, ++posizione, valore);
-    return istruzione;
+        lega(pronta->istruzione, ++posizione, valore);
+    return pronta;
 }
 
 void IstruzioniPronte::riponi(sqlite3_stmt* istruzione) {

@@ -14,7 +14,7 @@ class DriverCaldo final : public ServerDriver {
   public:
     std::unique_ptr<Connessione> apri(const QString& stringaConnessione, int secondi,
                                       const AttesaServer& attesa, ErroreServer& errore) override {
-        const QString luogo = C::luogoDi(stringaConnessione);
+        const QString& luogo = luogoDi(stringaConnessione);
         std::unique_ptr<C> connessione = prendiCalda(luogo);
         if (!connessione) connessione = C::apri(luogo, secondi, errore);
         if (connessione) connessione->impostaAttesa(attesa);
@@ -34,6 +34,15 @@ class DriverCaldo final : public ServerDriver {
     // More than nested reads ever need at once.
     static constexpr size_t caldeMassime = 4;
 
+    // The string is the same one operation after another.
+    const QString& luogoDi(const QString& stringaConnessione) {
+        if (stringaConnessione != mStringa) {
+            mStringa = stringaConnessione;
+            mLuogo = C::luogoDi(stringaConnessione);
+        }
+        return mLuogo;
+    }
+
     // The newest one to that place. Where it does not work any more, neither do the older ones; those to
     // another place are of settings that are no longer in force.
     std::unique_ptr<C> prendiCalda(const QString& luogo) {
@@ -47,4 +56,6 @@ class DriverCaldo final : public ServerDriver {
     }
 
     std::vector<std::unique_ptr<C>> mCalde;
+    QString mStringa;
+    QString mLuogo;
 };
