@@ -11,7 +11,7 @@ strumento=$uscita/bin/bottegon-archivio
 archivio=$uscita/Bottegon.mdb  # one folder above the program: where a new desk looks for it
 
 installaMancanti "${pacchettiCostruzione[@]}" "${pacchettiEsecuzione[@]}"
-costruisci release bottegon bottegon-archivio
+costruisci release bottegon bottegon-archivio prgECRSimulatore
 
 # The demonstration shop of an older program is put aside, not thrown away.
 if [[ -e $archivio && $("$strumento" verifica "$archivio" || true) == *"altra versione"* ]]; then
@@ -21,6 +21,9 @@ if [[ -e $archivio && $("$strumento" verifica "$archivio" || true) == *"altra ve
     done
 fi
 [ -e "$archivio" ] || "$strumento" crea --demo "$archivio"
+
+# A desk without a register gets the simulated one, so that there is a receipt to see.
+"$uscita/bin/prgECRSimulatore" --collega
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then exec "$programma"; fi
 installaMancanti "${pacchettiSchermoVirtuale[@]}"

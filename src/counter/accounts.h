@@ -4,6 +4,8 @@
 #include <functional>
 #include <memory>
 
+#include <QObject>
+
 #include "counter/key_burst.h"
 #include "sale/schermo.h"
 #include "sale/vendita.h"
@@ -31,8 +33,16 @@ class Conto : public SchermoVendita {
     Vendita* apriNuovoConto(const QString& codiceCliente) override;
     void scarica() override;
 
+    // Hears of the register's link from now on, and shows its state.
+    void ascoltaRegCassa();
+
+  protected:
+    // The register refused a frame; every open screen asks in turn.
+    virtual void mFrmRegCassa_evtError(int codice, const QString& descrizione);
+
   private:
     Vendita mVendita;
+    QObject mFrmRegCassa;  // holds the subscription
     Campo* mCampoAttivo = nullptr;
 };
 

@@ -11,6 +11,7 @@
 #include "postings/numbering.h"
 #include "postings/post_accounts.h"
 #include "postings/save_rows.h"
+#include "register/register_link.h"
 #include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -246,6 +247,7 @@ bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalva
         prima.ripristina(v);
         if (gAdo.commitDiEsitoIgnoto()) v.schermo.operatore().messaggio(testoDaControllare, Icona::Critica);
     } else if (d.idMovimento > 0) {
+        gFrmRegCassa().scontrini.salvataggioConcluso(true);
         showVendita(v, d.idMovimento, -1, d.extraProg, -1);
     }
     return false;
@@ -301,10 +303,13 @@ bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
     const StatoPrimaDelSalvataggio prima(v);
     if (!conversione && v.chkPagato.valore() == 1 && v.cliente() != gClientePredefinito)
         v.idPagamento = gPagamentoVB;
-    if (controllaInserimento(v) && controllaDataStampa(v))
-        return salvaInTransazione(v, conversione, tipoDocumento, prima);
-    prima.ripristina(v);
-    return false;
+    if (!controllaInserimento(v) || !controllaDataStampa(v)) {
+        prima.ripristina(v);
+        return false;
+    }
+    const bool salvata = salvaInTransazione(v, conversione, tipoDocumento, prima);
+    gFrmRegCassa().scontrini.salvataggioConcluso(salvata);
+    return salvata;
 }
 
 bool controllaInserimento(Vendita& v) {

@@ -38,6 +38,7 @@ constexpr char valore[] = "valore";
 constexpr char titolo[] = "titolo";
 constexpr char allarme[] = "allarme";
 constexpr char avviso[] = "avviso";
+constexpr char lampada[] = "lampada";
 constexpr char principale[] = "principale";
 constexpr char distruttivo[] = "distruttivo";
 }  // namespace ruoli

@@ -1,0 +1,17 @@
+#include "register/ui/wire_text.h"
+
+#include <QFont>
+#include <QPlainTextEdit>
+
+QPlainTextEdit* testoDelFilo(const QString& nome, const QString& nomeAccessibile, QWidget* genitore) {
+    auto* testo = new QPlainTextEdit(genitore);
+    testo->setObjectName(nome);
+    testo->setAccessibleName(nomeAccessibile);
+    testo->setReadOnly(true);
+    testo->setTabChangesFocus(true);
+    testo->setUndoRedoEnabled(false);
+    QFont carattere("Courier New");
+    carattere.setStyleHint(QFont::TypeWriter);
+    testo->setFont(carattere);
+    return testo;
+}
