@@ -66,5 +66,5 @@ TEST(Printer, StripHasRowsWithTaxTotalNumberAndDate) {
     EXPECT_TRUE(righe.contains("  3,00 x 1,22"));
     EXPECT_TRUE(righe.contains("Vite 4x40                 22%       3,66"));
     EXPECT_TRUE(righe.contains("TOTALE EURO                         3,66"));
-    EXPECT_TRUE(righe.contains("16/03/2026 10:30                N. 0012"));
+    EXPECT_TRUE(righe.contains("16/03/2026 10:30                 N. 0012"));
 }

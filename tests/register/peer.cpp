@@ -130,10 +130,15 @@ void lasciaArrivare(int giri) {
         a = server.nextPendingConnection();
         da.setSocketOption(QAbstractSocket::LowDelayOption, 1);
     }
+    // Calls nest under dialogues: each waits for a byte of its own.
+    static qint64 mandati = 0, arrivati = 0;
     for (int i = 0; i < giri; ++i) {
+        const qint64 mio = ++mandati;
         da.write("x");
-        diventa([] { return a->bytesAvailable() > 0; });
-        a->readAll();
+        diventa([mio] {
+            arrivati += a->readAll().size();
+            return arrivati >= mio;
+        });
     }
     QCoreApplication::processEvents();
 }

@@ -39,7 +39,7 @@ class Simulatore : public QObject {
     RispostaEcr esegui(const QString& testo, RispostaEcr risposta);
     void manda(QTcpSocket* presa, const RispostaEcr& risposta);
 
-    QTcpServer mServer;
+    QTcpServer mServer{this};
     QTcpSocket* mPresa = nullptr;
     LettoreCornici mLettore;
     Stampante mStampante;

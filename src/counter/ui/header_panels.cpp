@@ -16,6 +16,7 @@ constexpr int larghezzaConto = 82;
 constexpr int larghezzaImporto = 92;
 constexpr int larghezzaNumero = 78;
 constexpr int latoLampada = 18;
+constexpr int larghezzaRegCassa = 112;
 
 // The words below an account's name, so that its colour is not alone in telling its state.
 void diciStatoConto(PulsanteComando& pulsante, const Campo& campo, bool diQuestoSchermo) {
@@ -64,6 +65,7 @@ void aggiungiRegCassa(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
     riga.addWidget(lampada);
     PulsanteComando* parole = m.pulsante(m.v.lblRegCassa, m.eventi().regCassa, padre);
     parole->setToolTip("Mostra il collegamento con il registratore di cassa");
+    parole->setMinimumWidth(larghezzaRegCassa);
     riga.addWidget(parole);
 }
 

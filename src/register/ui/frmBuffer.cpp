@@ -8,6 +8,13 @@
 #include "register/failure.h"
 #include "register/ui/wire_text.h"
 
+namespace {
+
+// Some hundred receipts.
+constexpr qsizetype bufferMostrato = 20000;
+
+}  // namespace
+
 frmBuffer::frmBuffer(QWidget* genitore)
     : QDialog(genitore), txtBuffer(testoDelFilo("txtBuffer", "Comandi in attesa", this)) {
     setObjectName("frmBuffer");
@@ -22,7 +29,7 @@ frmBuffer::frmBuffer(QWidget* genitore)
 }
 
 void frmBuffer::startMe(const QString& buffer, bool modale) {
-    txtBuffer->setPlainText(bufferLeggibile(buffer));
+    txtBuffer->setPlainText(abbreviato(bufferLeggibile(buffer), bufferMostrato));
     if (modale) {
         exec();
     } else {

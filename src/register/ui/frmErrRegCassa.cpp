@@ -9,6 +9,7 @@
 
 #include "kit/ui/touch_widgets.h"
 #include "register/ui/frmBuffer.h"
+#include "register/ui/wire_text.h"
 
 namespace {
 
@@ -78,7 +79,7 @@ void frmErrRegCassa::aggiungi(const QString& testo, const char* nome, DialoghiRe
 }
 
 void frmErrRegCassa::startMe(const QString& descrizione, const QString& buffer) {
-    lblDesc->setPlainText(descrizione);
+    lblDesc->setPlainText(abbreviato(descrizione));
     mBuffer = buffer;
     exec();
 }

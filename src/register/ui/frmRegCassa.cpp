@@ -37,8 +37,9 @@ QTableWidget* elencoSenzaScontrino(QWidget* genitore) {
 }
 
 // A line that came with line breaks of its own stays one block, so that blocks go as lines do.
-QString unBlocco(QString riga) {
-    return riga.replace("\r\n", QString(QChar::LineSeparator))
+QString unBlocco(const QString& riga) {
+    return abbreviato(riga)
+        .replace("\r\n", QString(QChar::LineSeparator))
         .replace(u'\n', QChar::LineSeparator)
         .replace(u'\r', QChar::LineSeparator)
         .replace(QChar::ParagraphSeparator, QChar::LineSeparator);

@@ -3,6 +3,12 @@
 #include <QFont>
 #include <QPlainTextEdit>
 
+QString abbreviato(QString testo, qsizetype massimo) {
+    if (testo.size() <= massimo) return testo;
+    testo.truncate(massimo);
+    return testo + u'\u2026';
+}
+
 QPlainTextEdit* testoDelFilo(const QString& nome, const QString& nomeAccessibile, QWidget* genitore) {
     auto* testo = new QPlainTextEdit(genitore);
     testo->setObjectName(nome);
