@@ -103,7 +103,7 @@ apriProgramma() {
 }
 
 # The register has printed; its strip came up without taking the focus from the counter.
-elencoScontrini() { find "$scontrini" -name '*.txt' 2>/dev/null | sort; }
+elencoScontrini() { [ ! -d "$scontrini" ] || find "$scontrini" -name '*.txt' | sort; }
 scontrinoStampato() { [ "$(elencoScontrini)" != "$scontriniPrima" ]; }
 
 # The active window has a name that matches.

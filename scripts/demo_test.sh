@@ -6,4 +6,4 @@ qui=$(realpath "$(dirname "$0")")
 cartella=$(mktemp -d)
 trap 'rm -rf "$cartella"' EXIT
 "$2" crea --demo "$cartella/prova.mdb"
-env -u DISPLAY -u QT_QPA_PLATFORM "$qui/demo.sh" "$1" "$2" "$cartella/prova.mdb" "$cartella/foto"
+env -u DISPLAY -u QT_QPA_PLATFORM "$qui/demo.sh" "$1" "$2" "$cartella/prova.mdb" "${3:-$cartella/foto}"

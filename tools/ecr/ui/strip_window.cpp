@@ -6,6 +6,7 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScreen>
 
 #include "ecr/simulator.h"
 #include "kit/ui/touch_widgets.h"
@@ -15,6 +16,8 @@ namespace {
 // Lines of paper that are kept.
 constexpr int righeMassime = 2000;
 constexpr int colonneStriscia = 42;
+constexpr int altezzaIniziale = 360;
+constexpr int margine = 12;
 
 QPlainTextEdit* carta(QWidget* genitore) {
     auto* testo = new QPlainTextEdit(genitore);
@@ -61,9 +64,16 @@ FinestraStriscia::FinestraStriscia(Simulatore& simulatore)
     tutto->addWidget(lblComando);
     tutto->addWidget(cmbGuasto);
     tutto->addWidget(chkUnaVolta);
-    resize(sizeHint().width(), 520);
+    mettiALato();
     collega();
     mostraGuasto();
+}
+
+// At the right, where the till shows what is not pressed at every sale.
+void FinestraStriscia::mettiALato() {
+    const QRect schermo = screen()->availableGeometry();
+    resize(sizeHint().width(), altezzaIniziale);
+    move(schermo.right() - width() - margine, schermo.top() + (schermo.height() - height()) * 3 / 5);
 }
 
 void FinestraStriscia::collega() {
@@ -79,7 +89,14 @@ void FinestraStriscia::collega() {
 
 void FinestraStriscia::stampa(const Scontrino& scontrino) {
     txtStriscia->appendPlainText(striscia(scontrino).join(u'\n') + "\n\n");
-    if (isMinimized() || !isVisible()) showNormal();
+    if (isMinimized()) ricompari();
+}
+
+// A window that is brought back from the bar gets the focus, one that is shown anew does not.
+void FinestraStriscia::ricompari() {
+    hide();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
 }
 
 void FinestraStriscia::scegliGuasto() {

@@ -18,7 +18,9 @@ class FinestraStriscia : public QWidget {
     explicit FinestraStriscia(Simulatore& simulatore);
 
   private:
+    void mettiALato();
     void collega();
+    void ricompari();
     void stampa(const Scontrino& scontrino);
     void scegliGuasto();
     void mostraGuasto();
