@@ -22,9 +22,10 @@ if [[ -e $archivio && $("$strumento" verifica "$archivio" || true) == *"altra ve
 fi
 [ -e "$archivio" ] || "$strumento" crea --demo "$archivio"
 
-# A desk without a register gets the simulated one, so that there is a receipt to see.
-"$uscita/bin/prgECRSimulatore" --collega
-
-if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then exec "$programma"; fi
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    # A desk without a register gets the simulated one, so that there is a receipt to see.
+    "$uscita/bin/prgECRSimulatore" --collega
+    exec "$programma"
+fi
 installaMancanti "${pacchettiSchermoVirtuale[@]}"
 exec scripts/demo.sh "$programma" "$strumento" "$archivio" build/demo

@@ -1,6 +1,6 @@
 #!/bin/bash
 # The demonstration sale on an archive made for it.
-#   demo_test.sh PROGRAM ARCHIVE_TOOL
+#   demo_test.sh PROGRAM ARCHIVE_TOOL [FOLDER]      the pictures are kept in FOLDER
 set -euo pipefail
 qui=$(realpath "$(dirname "$0")")
 cartella=$(mktemp -d)

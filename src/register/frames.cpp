@@ -6,7 +6,6 @@
 #include <QStringList>
 
 #include "core/errors.h"
-#include "core/globals.h"
 #include "register/ansi_text.h"
 
 namespace {
@@ -35,7 +34,7 @@ int fineCornice(const QString& testo) {
 
 QString getCKS(const QString& testo) {
     return protetto(
-        gNomeModulo, "getCKS",
+        moduloFrmRegCassa, "getCKS",
         [&] {
             const QByteArray byte = inAnsi(testo);
             const qint64 somma = std::accumulate(byte.begin(), byte.end(), qint64{0}, [](qint64 s, char b) {
@@ -69,7 +68,7 @@ qsizetype numeroCornici(const QString& cornici) {
 int getPosEOB(const QString& testo) {
     if (testo.isEmpty()) return 0;
     return protetto(
-        gNomeModulo, "getPosEOB", [&] { return fineCornice(testo); }, 0);
+        moduloFrmRegCassa, "getPosEOB", [&] { return fineCornice(testo); }, 0);
 }
 
 QString conNomi(QString testo) {

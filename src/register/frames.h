@@ -5,6 +5,9 @@
 // The frames of the register's wire: STX, the command, its checksum, ETX. Nothing is escaped: a command that
 // holds one of the marks breaks its frame.
 
+// The module's name in error reports.
+inline const char* const moduloFrmRegCassa = "frmRegCassa";
+
 constexpr QChar mSTX(u'\x02');
 constexpr QChar mETX(u'\x03');
 constexpr QChar mACK(u'\x06');

@@ -54,7 +54,7 @@ CollegamentoRegCassa::CollegamentoRegCassa(std::unique_ptr<PresaRegCassa> presa)
 
 PresaRegCassa::Notifiche CollegamentoRegCassa::notifiche() {
     const auto evento = [this](const char* nome, void (CollegamentoRegCassa::*corpo)()) {
-        return [this, nome, corpo] { protetto("frmRegCassa", nome, [&] { (this->*corpo)(); }); };
+        return [this, nome, corpo] { protetto(moduloFrmRegCassa, nome, [&] { (this->*corpo)(); }); };
     };
     return {evento("wskInterfaccia_Connect", &CollegamentoRegCassa::connessa),
             evento("wskInterfaccia_Close", &CollegamentoRegCassa::chiusa),
@@ -175,7 +175,7 @@ void CollegamentoRegCassa::analizzaRicevuto(const QString& pezzo) {
             monitor.scriviMonitor(riga, false);
             break;
         case GenereRisposta::Comando:
-            protetto(gNomeModulo, "analizeCMDLine", [&] { analizeCMDLine(pezzo); });
+            protetto(moduloFrmRegCassa, "analizeCMDLine", [&] { analizeCMDLine(pezzo); });
             monitor.scriviMonitor(riga, false);
             break;
         case GenereRisposta::Rifiutata:

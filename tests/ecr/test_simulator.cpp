@@ -75,6 +75,13 @@ TEST_F(SimulatorTest, ReceiptIsToldOnce) {
     EXPECT_EQ(stampati, 1);
 }
 
+TEST_F(SimulatorTest, TextIsReadInTheWiresCodePage) {
+    QString visto;
+    QObject::connect(&simulatore, &Simulatore::comando, [&](const QString& testo) { visto = testo; });
+    manda(cornice("REPx\xA4\x80 5 \x96 citt\xE0"));
+    EXPECT_EQ(visto, "REPx¤€ 5 – città");
+}
+
 TEST_F(SimulatorTest, OffEndsIt) {
     bool spento = false;
     QObject::connect(&simulatore, &Simulatore::spento, [&] { spento = true; });

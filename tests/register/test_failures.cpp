@@ -129,7 +129,7 @@ TEST_F(Failures, NakIsInTheMonitorBeforeTheDialogue) {
 TEST_F(Failures, ErrorFrameThatIsTooShortIsReportedAndAsksNothing) {
     OperatoreScritto operatore;
     gErr.impostaOperatore(&operatore);
-    operatore.attendiAvviso(gNomeModulo + ".analizeCMDLine");
+    operatore.attendiAvviso("frmRegCassa.analizeCMDLine");
     connetti();
     peer.manda("\2ERR05\3");
     EXPECT_TRUE(diventa([&] { return righe().contains("REC: <STX>ERR05<ETX>"); }));

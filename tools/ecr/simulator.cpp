@@ -5,6 +5,8 @@
 #include <QHostAddress>
 #include <QTimer>
 
+#include "register/ansi_text.h"
+
 namespace {
 
 constexpr int codiceControllo = 1;
@@ -65,7 +67,7 @@ void Simulatore::leggi(QTcpSocket* presa) {
 }
 
 RispostaEcr Simulatore::rispondi(const LettoreCornici::Cornice& cornice) {
-    const QString testo = QString::fromLatin1(cornice.corpo);
+    const QString testo = daAnsi(cornice.corpo);
     emit comando(testo + (cornice.valida ? "" : "   (checksum sbagliato)"));
     const Guasto inForza = mGuasto;
     if (mUnaVolta) guasto(Guasto::Nessuno, false);
