@@ -36,7 +36,7 @@ static void consegnaDiUnoScontrino(benchmark::State& stato) {
     RegistratoreIstantaneo registratore;
     const QString testo = scontrinoDiDieciRighe();
     for (auto _ : stato) {
-        registratore.collegamento().sendData(testo, "N° 0001/0001");
+        registratore.collegamento().sendData(testo);
         stato.PauseTiming();
         registratore.stampaTutto();
         stato.ResumeTiming();
@@ -49,7 +49,7 @@ static void corniciAlSecondo(benchmark::State& stato) {
     RegistratoreIstantaneo registratore;
     const QString testo = scontrinoDiDieciRighe();
     for (auto _ : stato) {
-        registratore.collegamento().sendData(testo, "N° 0001/0001");
+        registratore.collegamento().sendData(testo);
         registratore.stampaTutto();
     }
     stato.SetItemsProcessed(stato.iterations() * 12);

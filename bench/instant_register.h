@@ -3,7 +3,7 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
-#include "register/register_link.h"
+#include "register/interface_link.h"
 
 // A register that answers each frame at once, and a link that is connected to it and in force.
 class RegistratoreIstantaneo {
@@ -13,11 +13,11 @@ class RegistratoreIstantaneo {
     RegistratoreIstantaneo(const RegistratoreIstantaneo&) = delete;
     RegistratoreIstantaneo& operator=(const RegistratoreIstantaneo&) = delete;
 
-    CollegamentoRegCassa& collegamento() { return mCollegamento; }
+    InterfacciaRegCassa& collegamento() { return mCollegamento; }
     // Runs events until everything that was handed over is printed.
     void stampaTutto();
 
   private:
     QTcpServer mServer;
-    CollegamentoRegCassa mCollegamento;
+    InterfacciaRegCassa mCollegamento;
 };

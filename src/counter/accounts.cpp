@@ -16,7 +16,7 @@
 #include "data/client_settings.h"
 #include "data/settings_store.h"
 #include "register/failure.h"
-#include "register/register_link.h"
+#include "register/interface_link.h"
 #include "sale/customer.h"
 #include "sale/document_info.h"
 #include "sale/grid.h"
@@ -118,7 +118,7 @@ Vendita* Conto::apriNuovoConto(const QString& codiceCliente) {
 }
 
 void Conto::ascoltaRegCassa() {
-    CollegamentoRegCassa& registratore = gFrmRegCassa();
+    InterfacciaRegCassa& registratore = gFrmRegCassa();
     QObject::connect(&registratore.eventi, &EventiRegCassa::evtError, &mFrmRegCassa,
                      [this](int codice, const QString& descrizione) {
                          if (!mVendita.inChiusura) mFrmRegCassa_evtError(codice, descrizione);

@@ -11,6 +11,7 @@
 #include "postings/row_statements.h"
 #include "postings/row_stock.h"
 #include "postings/weight.h"
+#include "register/interface_link.h"
 #include "register/register_link.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -100,13 +101,15 @@ QString nomeVendita(const Vendita& v, const Salvataggio& s) {
 
 // The receipt leaves before the commit, and nothing calls it back.
 void emettiScontrino(const Vendita& v, const Salvataggio& s) {
-    CollegamentoRegCassa& registratore = gFrmRegCassa();
+    CollegamentoRegCassa& registratore = collegamentoRegCassa();
     const bool connesso = registratore.statoConnessione();
     if (gRegCassa.isEmpty() || v.flxVB.ultima() < 1) return;
+    RegistroScontrini& scontrini = gFrmRegCassa().scontrini;
+    scontrini.inizia(nomeVendita(v, s));
     if (connesso) {
-        registratore.sendData(s.scontrino.chiudi(), nomeVendita(v, s));
+        registratore.sendData(s.scontrino.chiudi());
     } else if (!s.scontrino.vuoto()) {
-        registratore.scontrini.nonConsegnato(nomeVendita(v, s), RegistroScontrini::Esito::Scollegato);
+        scontrini.nonConsegnato(RegistroScontrini::Esito::Scollegato);
     }
 }
 

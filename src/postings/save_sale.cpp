@@ -11,7 +11,7 @@
 #include "postings/numbering.h"
 #include "postings/post_accounts.h"
 #include "postings/save_rows.h"
-#include "register/register_link.h"
+#include "register/interface_link.h"
 #include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"

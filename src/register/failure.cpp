@@ -1,7 +1,7 @@
 #include "register/failure.h"
 
 #include "register/frames.h"
-#include "register/register_link.h"
+#include "register/interface_link.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ void impostaDialoghiRegCassa(DialoghiRegCassa* dialoghi) {
     inForza = dialoghi != nullptr ? dialoghi : &nessuno;
 }
 
-void mFrmRegCassa_evtError(CollegamentoRegCassa& collegamento, int codice, const QString& descrizione) {
+void mFrmRegCassa_evtError(InterfacciaRegCassa& collegamento, int codice, const QString& descrizione) {
     const QString testo = "Errore " + QString::number(codice) + " - " + descrizione;
     switch (dialoghiRegCassa().errore(testo, collegamento.Buffer())) {
         case DialoghiRegCassa::Riprova:

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-class CollegamentoRegCassa;
+class InterfacciaRegCassa;
 
 // The dialogues about the register.
 class DialoghiRegCassa {
@@ -23,7 +23,7 @@ void impostaDialoghiRegCassa(DialoghiRegCassa* dialoghi);
 
 // The register refused a frame: asks the operator, and does what the answer says. The sale is saved in any
 // case; only the frames' fate is decided.
-void mFrmRegCassa_evtError(CollegamentoRegCassa& collegamento, int codice, const QString& descrizione);
+void mFrmRegCassa_evtError(InterfacciaRegCassa& collegamento, int codice, const QString& descrizione);
 
 // The queue as its own window shows it, with names for the marks. ACK and NAK have the same name here.
 QString bufferLeggibile(QString buffer);

@@ -5,12 +5,12 @@
 
 #include "core/clock.h"
 
-void RegistroScontrini::nonConsegnato(const QString& vendita, Esito esito) {
-    mNonConsegnato = {orologio().adesso(), vendita, esito};
+void RegistroScontrini::nonConsegnato(Esito esito) {
+    mNonConsegnato = {orologio().adesso(), mVendita, esito};
 }
 
-void RegistroScontrini::consegnato(const QString& vendita, qsizetype cornici) {
-    mCoda.push_back({{orologio().adesso(), vendita, Esito::InCoda}, cornici});
+void RegistroScontrini::consegnato(qsizetype cornici) {
+    mCoda.push_back({{orologio().adesso(), mVendita, Esito::InCoda}, cornici});
     mConsegnato = true;
     cambiato();
 }
@@ -21,6 +21,7 @@ void RegistroScontrini::salvataggioConcluso(bool salvata) {
     const auto mancante = std::exchange(mNonConsegnato, std::nullopt);
     auto stampato = std::exchange(mStampato, std::nullopt);
     const bool consegnato = std::exchange(mConsegnato, false);
+    mVendita.clear();
     if (salvata && mancante) aggiungi(*mancante);
     if (!salvata && stampato) {
         stampato->esito = Esito::NonSalvata;
@@ -40,13 +41,14 @@ void RegistroScontrini::inviata() {
 }
 
 void RegistroScontrini::accettata() {
-    while (!mCoda.empty() && mCoda.front().daInviare == 0) {
+    bool finito = false;
+    for (; !mCoda.empty() && mCoda.front().daInviare == 0; finito = true) {
         archivia(mCoda.front());
         mCoda.pop_front();
         --mInVolo;
     }
     mInVolo = std::max(mInVolo, -1);
-    cambiato();
+    if (finito) cambiato();
 }
 
 void RegistroScontrini::rifiutata() {

@@ -28,9 +28,11 @@ class RegistroScontrini {
     // The oldest entries go beyond this number.
     static constexpr size_t vociMassime = 10000;
 
-    // ---- The books. `vendita` names a sale for a person; without a name it is not listed.
-    void nonConsegnato(const QString& vendita, Esito esito);
-    void consegnato(const QString& vendita, qsizetype cornici);
+    // ---- The books
+    // The sale under way, named for a person; without a name it is not listed.
+    void inizia(const QString& vendita) { mVendita = vendita; }
+    void nonConsegnato(Esito esito);
+    void consegnato(qsizetype cornici);
     // How the save that handed over the latest receipt has ended.
     void salvataggioConcluso(bool salvata);
 
@@ -60,6 +62,7 @@ class RegistroScontrini {
     std::deque<Voce> mMancanti;
     std::deque<Lotto> mCoda;
     int mInVolo = -1;  // place in the queue of the receipt whose frame was sent last
+    QString mVendita;
     // Of the save under way: its receipt is in the queue, or has left it, or was never handed over.
     bool mConsegnato = false;
     std::optional<Voce> mStampato;

@@ -4,9 +4,10 @@
 #include <QProcess>
 
 #include "core/globals.h"
-#include "register/register_link.h"
+#include "register/interface_link.h"
 
 void setRegCassa(OperatorPort& operatore) {
+    impostaCollegamentoRegCassa(&gFrmRegCassa());
     if (!gRegCassa.isEmpty()) gFrmRegCassa().startMe(operatore, &avviaInterfaccia);
 }
 

@@ -4,7 +4,7 @@
 
 class OperatorPort;
 
-// Starts the link to the fiscal register, if this desk has one.
+// Puts the link to the fiscal register in force, and starts it if this desk has a register.
 void setRegCassa(OperatorPort& operatore);
 
 // Starts a program that lives on by itself, without arguments; false when it cannot be started.

@@ -5,7 +5,7 @@
 #include "core/globals.h"
 #include "counter_screen.h"
 #include "register/failure.h"
-#include "register/register_link.h"
+#include "register/interface_link.h"
 
 namespace {
 
@@ -51,7 +51,7 @@ class RegisterIndicator : public CounterScreen {
     }
 
     PresaFinta* presa = new PresaFinta;
-    CollegamentoRegCassa link{std::unique_ptr<PresaRegCassa>(presa)};
+    InterfacciaRegCassa link{std::unique_ptr<PresaRegCassa>(presa)};
     ContaDialoghi dialoghi;
 };
 

@@ -5,8 +5,8 @@
 
 #include "core/globals.h"
 #include "register/failure.h"
+#include "register/interface_link.h"
 #include "register/peer.h"
-#include "register/register_link.h"
 
 // The operator before the failure dialogue: answers as told, and fails the test when it comes unexpected.
 class DialoghiScritti final : public DialoghiRegCassa {
@@ -86,7 +86,7 @@ class Collegato : public testing::Test {
     }
 
     PeerDiProva peer;
-    CollegamentoRegCassa link;
+    InterfacciaRegCassa link;
     DialoghiScritti dialoghi;
     QObject schermo;
 };

@@ -49,6 +49,6 @@ class NegozioConRegistratore : public testing::Test {
 
     Negozio n;
     PeerDiProva peer;
-    CollegamentoRegCassa link;
+    InterfacciaRegCassa link;
     DialoghiScritti dialoghi;
 };

@@ -8,6 +8,10 @@ class ReceiptLog : public testing::Test {
   protected:
     using Esito = RegistroScontrini::Esito;
 
+    void consegna(const QString& vendita, int cornici) {
+        r.inizia(vendita);
+        r.consegnato(cornici);
+    }
     void invia(int cornici) {
         for (int i = 0; i < cornici; ++i) {
             if (i > 0) r.accettata();
@@ -28,7 +32,7 @@ class ReceiptLog : public testing::Test {
 }  // namespace
 
 TEST_F(ReceiptLog, PrintedSaleIsNotListed) {
-    r.consegnato("A", 3);
+    consegna("A", 3);
     invia(3);
     r.salvataggioConcluso(true);
     r.accettata();
@@ -36,29 +40,31 @@ TEST_F(ReceiptLog, PrintedSaleIsNotListed) {
 }
 
 TEST_F(ReceiptLog, SaleInTheQueueWaits) {
-    r.consegnato("A", 3);
+    consegna("A", 3);
     r.salvataggioConcluso(true);
     EXPECT_EQ(voci(), QStringList{"A: in attesa del registratore"});
 }
 
 TEST_F(ReceiptLog, SaleWithTheLinkDownIsListedOnceItIsSaved) {
-    r.nonConsegnato("A", Esito::Scollegato);
+    r.inizia("A");
+    r.nonConsegnato(Esito::Scollegato);
     EXPECT_EQ(voci(), QStringList());
     r.salvataggioConcluso(true);
     EXPECT_EQ(voci(), QStringList{"A: registratore scollegato"});
 }
 
 TEST_F(ReceiptLog, SaleThatWasNotSavedNeedsNoReceipt) {
-    r.nonConsegnato("A", Esito::Sospeso);
+    r.inizia("A");
+    r.nonConsegnato(Esito::Sospeso);
     r.salvataggioConcluso(false);
     EXPECT_EQ(voci(), QStringList());
 }
 
 TEST_F(ReceiptLog, CancelListsEverythingInTheQueue) {
-    r.consegnato("A", 3);
+    consegna("A", 3);
     r.salvataggioConcluso(true);
     invia(3);  // its last frame is refused
-    r.consegnato("B", 3);
+    consegna("B", 3);
     r.salvataggioConcluso(true);
     r.rifiutata();
     r.annullate();
@@ -66,7 +72,7 @@ TEST_F(ReceiptLog, CancelListsEverythingInTheQueue) {
 }
 
 TEST_F(ReceiptLog, RefusedFrameThatIsNotSentAgainLeavesTheReceiptIncomplete) {
-    r.consegnato("A", 3);
+    consegna("A", 3);
     r.salvataggioConcluso(true);
     r.inviata();
     r.rifiutata();
@@ -76,7 +82,7 @@ TEST_F(ReceiptLog, RefusedFrameThatIsNotSentAgainLeavesTheReceiptIncomplete) {
 }
 
 TEST_F(ReceiptLog, RetriedFrameLeavesTheReceiptWhole) {
-    r.consegnato("A", 2);
+    consegna("A", 2);
     r.salvataggioConcluso(true);
     invia(2);
     r.rifiutata();
@@ -87,7 +93,7 @@ TEST_F(ReceiptLog, RetriedFrameLeavesTheReceiptWhole) {
 }
 
 TEST_F(ReceiptLog, ReceiptOfASaleThatWasRolledBackIsListed) {
-    r.consegnato("A", 1);
+    consegna("A", 1);
     r.inviata();
     r.salvataggioConcluso(false);
     r.accettata();
@@ -95,7 +101,7 @@ TEST_F(ReceiptLog, ReceiptOfASaleThatWasRolledBackIsListed) {
 }
 
 TEST_F(ReceiptLog, ReceiptPrintedBeforeTheFailedSaveHasEndedIsListed) {
-    r.consegnato("A", 1);
+    consegna("A", 1);
     r.inviata();
     r.accettata();
     r.salvataggioConcluso(false);
@@ -104,7 +110,8 @@ TEST_F(ReceiptLog, ReceiptPrintedBeforeTheFailedSaveHasEndedIsListed) {
 
 TEST_F(ReceiptLog, OldestEntriesGoBeyondTheLimit) {
     for (size_t i = 0; i <= RegistroScontrini::vociMassime; ++i) {
-        r.nonConsegnato(QString::number(i), Esito::Scollegato);
+        r.inizia(QString::number(i));
+        r.nonConsegnato(Esito::Scollegato);
         r.salvataggioConcluso(true);
     }
     EXPECT_EQ(r.voci().size(), RegistroScontrini::vociMassime);

@@ -11,7 +11,7 @@
 
 #include "core/globals.h"
 #include "kit_ui/modal.h"
-#include "register/register_link.h"
+#include "register/interface_link.h"
 #include "register/ui/frmBuffer.h"
 #include "register/ui/frmErrRegCassa.h"
 #include "register/ui/frmRegCassa.h"
@@ -50,7 +50,7 @@ class RegisterWindows : public testing::Test {
     }
 
     PresaFinta* presa = new PresaFinta;
-    CollegamentoRegCassa link{std::unique_ptr<PresaRegCassa>(presa)};
+    InterfacciaRegCassa link{std::unique_ptr<PresaRegCassa>(presa)};
 };
 
 DialoghiRegCassa::Scelta decide(std::function<void(QWidget*)> azione) {
@@ -210,8 +210,8 @@ TEST_F(RegisterWindows, TitleNamesTheRegister) {
 TEST_F(RegisterWindows, SalesWithoutAReceiptAreListed) {
     frmRegCassa finestra(link);
     finestra.mostra();
-    link.scontrini.nonConsegnato("N° 0001/0003 del 16/03/2026, € 12,20",
-                                 RegistroScontrini::Esito::Scollegato);
+    link.scontrini.inizia("N° 0001/0003 del 16/03/2026, € 12,20");
+    link.scontrini.nonConsegnato(RegistroScontrini::Esito::Scollegato);
     link.scontrini.salvataggioConcluso(true);
     auto* elenco = finestra.findChild<QTableWidget*>("lswSenzaScontrino");
     ASSERT_EQ(elenco->rowCount(), 1);

@@ -11,7 +11,7 @@
 #include <QTextBlock>
 
 #include "kit/ui/touch_widgets.h"
-#include "register/register_link.h"
+#include "register/interface_link.h"
 #include "register/ui/wire_text.h"
 
 namespace {
@@ -56,7 +56,7 @@ QWidget* sezione(QLabel* titolo, QWidget* contenuto, QWidget* genitore) {
 
 }  // namespace
 
-frmRegCassa::frmRegCassa(CollegamentoRegCassa& collegamento)
+frmRegCassa::frmRegCassa(InterfacciaRegCassa& collegamento)
     : mCollegamento(collegamento),
       txtMonitor(testoDelFilo("txtMonitor", "Messaggi", this)),
       chkMonitor(spunta("Monitor", "chkMonitor", this)),

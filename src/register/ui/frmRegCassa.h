@@ -4,7 +4,7 @@
 
 #include "register/ui/frmBuffer.h"
 
-class CollegamentoRegCassa;
+class InterfacciaRegCassa;
 class QCheckBox;
 class QLabel;
 class QPlainTextEdit;
@@ -16,7 +16,7 @@ class QTableWidget;
 class frmRegCassa : public QWidget {
     Q_OBJECT
   public:
-    explicit frmRegCassa(CollegamentoRegCassa& collegamento);
+    explicit frmRegCassa(InterfacciaRegCassa& collegamento);
     ~frmRegCassa() override;
 
     // Brings it to the front.
@@ -33,7 +33,7 @@ class frmRegCassa : public QWidget {
     void aggiornaMancanti();
     void aggiungiRiga(const QString& riga, int tolte);
 
-    CollegamentoRegCassa& mCollegamento;
+    InterfacciaRegCassa& mCollegamento;
     QPlainTextEdit* txtMonitor;
     QCheckBox* chkMonitor;
     QCheckBox* chkConnessione;

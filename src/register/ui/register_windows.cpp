@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "register/register_link.h"
+#include "register/interface_link.h"
 #include "register/ui/frmErrRegCassa.h"
 
 DialoghiRegCassa::Scelta FinestreRegCassa::errore(const QString& descrizione, const QString& buffer) {
