@@ -78,7 +78,7 @@ int eseguiProgramma(int argc, char* argv[]) {
     SingleInstance istanza(SettingsOnDisk::cartellaUtente());
     impostaFabbricaConti([&](int indice) { return new frmMain(indice, finestra, operatore); });
     impostaChiudiApplicazione(&chiudiApplicazione);
-    FinestreRegCassa finestreRegCassa;
+    FinestreRegCassa finestreRegCassa(&finestra);
     impostaDialoghiRegCassa(&finestreRegCassa);
     const auto segnali = ascoltaSegnali();
     ascoltaFineSessione();

@@ -7,7 +7,8 @@
 
 DialoghiRegCassa::Scelta FinestreRegCassa::errore(const QString& descrizione, const QString& buffer) {
     QWidget* sotto = QApplication::activeModalWidget();
-    frmErrRegCassa finestra(sotto != nullptr ? sotto : QApplication::activeWindow());
+    if (sotto == nullptr) sotto = QApplication::activeWindow();
+    frmErrRegCassa finestra(sotto != nullptr ? sotto : mGenitore);
     finestra.startMe(descrizione, buffer);
     return finestra.risultato();
 }
