@@ -8,6 +8,7 @@
 #include "counter/ui/panels.h"
 #include "counter/ui/style.h"
 #include "kit/ui/campo_edit.h"
+#include "kit/ui/campo_widgets.h"
 #include "sale/vendita.h"
 
 namespace {
@@ -59,7 +60,8 @@ void aggiungiCoppia(QHBoxLayout& riga, const QString& didascalia, QLabel* valore
 
 // The lamp and, to be pressed, the words of the fiscal register's link.
 void aggiungiRegCassa(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
-    QLabel* lampada = m.spia(m.v.shRegCassa, {}, ruoli::lampada, padre);
+    QFrame* lampada = nuovoPannello(ruoli::lampada, padre);
+    collegaSpia(m.v.shRegCassa, lampada);
     lampada->setAccessibleName("Spia del registratore di cassa");
     lampada->setFixedSize(latoLampada, latoLampada);
     riga.addWidget(lampada);

@@ -49,7 +49,7 @@ QFrame QLabel[ruolo="allarme"] { background: @pericolo; color: @bianco; font-wei
     border-radius: 6px; padding: 2px 8px; }
 QFrame QLabel[ruolo="avviso"] { background: @avviso; color: @testo; font-weight: bold;
     border-radius: 6px; padding: 2px 8px; }
-QLabel[ruolo="lampada"] { border: 2px solid @bianco; border-radius: 9px; }
+QFrame[ruolo="lampada"] { border: 2px solid @bianco; border-radius: 9px; }
 QToolTip { background: @testo; color: @bianco; border: none; padding: 4px; }
 )";
 

@@ -46,8 +46,7 @@ int eseguiSimulatore(const ArgomentiEcr& argomenti) {
     std::unique_ptr<FinestraStriscia> finestra;
     if (argomenti.finestra) {
         finestra = std::make_unique<FinestraStriscia>(simulatore);
-        // Started by the till it stays out of the way until there is a receipt to show.
-        finestra->showMinimized();
+        finestra->show();
     }
     return QCoreApplication::exec();
 }

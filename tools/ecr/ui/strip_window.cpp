@@ -56,6 +56,8 @@ FinestraStriscia::FinestraStriscia(Simulatore& simulatore)
     setWindowTitle("Registratore simulato");
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowFlag(Qt::WindowStaysOnTopHint);
+    // The till's scans must not end here: the mouse is enough for this window.
+    setWindowFlag(Qt::WindowDoesNotAcceptFocus);
     chkUnaVolta->setObjectName("chkUnaVolta");
     chkUnaVolta->setMinimumHeight(altezzaTocco);
     auto* tutto = new QVBoxLayout(this);
@@ -89,14 +91,7 @@ void FinestraStriscia::collega() {
 
 void FinestraStriscia::stampa(const Scontrino& scontrino) {
     txtStriscia->appendPlainText(striscia(scontrino).join(u'\n') + "\n\n");
-    if (isMinimized()) ricompari();
-}
-
-// A window that is brought back from the bar gets the focus, one that is shown anew does not.
-void FinestraStriscia::ricompari() {
-    hide();
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
+    if (isMinimized()) showNormal();
 }
 
 void FinestraStriscia::scegliGuasto() {

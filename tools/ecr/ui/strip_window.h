@@ -11,7 +11,7 @@ class QPlainTextEdit;
 class Simulatore;
 
 // The simulator's window: the paper strip of the last receipts, and what the register does wrong. It never
-// takes the focus from the till by itself.
+// takes the focus from the till.
 class FinestraStriscia : public QWidget {
     Q_OBJECT
   public:
@@ -20,7 +20,6 @@ class FinestraStriscia : public QWidget {
   private:
     void mettiALato();
     void collega();
-    void ricompari();
     void stampa(const Scontrino& scontrino);
     void scegliGuasto();
     void mostraGuasto();
