@@ -11,7 +11,7 @@ strumento=$uscita/bin/bottegon-archivio
 archivio=$uscita/Bottegon.mdb  # one folder above the program: where a new desk looks for it
 
 installaMancanti "${pacchettiCostruzione[@]}" "${pacchettiEsecuzione[@]}"
-costruisci release bottegon bottegon-archivio
+costruisci release bottegon bottegon-archivio prgECRSimulatore
 
 # The demonstration shop of an older program is put aside, not thrown away.
 if [[ -e $archivio && $("$strumento" verifica "$archivio" || true) == *"altra versione"* ]]; then
@@ -22,6 +22,10 @@ if [[ -e $archivio && $("$strumento" verifica "$archivio" || true) == *"altra ve
 fi
 [ -e "$archivio" ] || "$strumento" crea --demo "$archivio"
 
-if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then exec "$programma"; fi
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    # A desk without a register gets the simulated one, so that there is a receipt to see.
+    "$uscita/bin/prgECRSimulatore" --collega
+    exec "$programma"
+fi
 installaMancanti "${pacchettiSchermoVirtuale[@]}"
 exec scripts/demo.sh "$programma" "$strumento" "$archivio" build/demo

@@ -19,6 +19,10 @@ add_compile_options(
     -Wconversion -Wimplicit-fallthrough -Werror)
 add_compile_definitions(QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+if(BOTTEGON_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(BOTTEGON_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)

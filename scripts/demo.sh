@@ -7,6 +7,8 @@ set -euo pipefail
 
 programma=$(realpath "$1")
 strumento=$(realpath "$2")
+registratore=$(dirname "$programma")/prgECRSimulatore
+scontrini=$(dirname "$programma")/Scontrini
 archivio=$(realpath "$3")
 mkdir -p "$4"
 cartella=$(realpath "$4")
@@ -84,12 +86,25 @@ preparaPostazione() {
     printf '[Server]\nPath=%s\n' "$archivio" >"$XDG_CONFIG_HOME/Orbelune/prgBottegon.ini"
 }
 
+# The simulated register, when it lies beside the program, on a port that nobody else is likely to use.
+preparaRegistratore() {
+    [ -x "$registratore" ] || return 0
+    mkdir -p "$XDG_CONFIG_HOME/Orbelune"
+    printf '[Client]\nRegCassa=Simulatore\nTCPPort=%s\n' $((20000 + RANDOM % 10000)) \
+        >"$XDG_CONFIG_HOME/Orbelune/prgBottegonClientVB.ini"
+    scontriniPrima=$(elencoScontrini)
+}
+
 apriProgramma() {
     env -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb "$programma" >"$cartella/bottegon.log" 2>&1 &
     pidProgramma=$!
     avviati+=("$pidProgramma")
     aspetta "the counter" finestraDavanti "$nomeFinestra"
 }
+
+# The register has printed; its strip came up without taking the focus from the counter.
+elencoScontrini() { [ ! -d "$scontrini" ] || find "$scontrini" -name '*.txt' | sort; }
+scontrinoStampato() { [ "$(elencoScontrini)" != "$scontriniPrima" ]; }
 
 # The active window has a name that matches.
 finestraDavanti() { xdotool getactivewindow getwindowname | grep -q "$1"; }
@@ -143,6 +158,7 @@ venditaDimostrativa() {
     fotoFerma 4_before_save
     premi F5
     aspetta "the saved sale in the archive" nuovaVendita
+    [ ! -x "$registratore" ] || aspetta "the receipt" scontrinoStampato
     fotoFerma 5_saved
 }
 
@@ -188,8 +204,10 @@ rm -f "$cartella"/*.png "$cartella"/*.log
 venditaPrima=$(ultimaVendita)
 apriSchermo
 preparaPostazione
+preparaRegistratore
 apriProgramma
 venditaDimostrativa
 chiudiProgramma
 controllaArchivio
+[ ! -x "$registratore" ] || cat "$(elencoScontrini | tail -n 1)"
 echo "Pictures are in $cartella"

@@ -20,6 +20,8 @@
 #include "data/settings_store.h"
 #include "kit/ui/frmInfo.h"
 #include "kit/ui/message_port.h"
+#include "register/start.h"
+#include "register/ui/register_windows.h"
 
 namespace {
 
@@ -77,6 +79,8 @@ int eseguiProgramma(int argc, char* argv[]) {
     SingleInstance istanza(SettingsOnDisk::cartellaUtente());
     impostaFabbricaConti([&](int indice) { return new frmMain(indice, finestra, operatore); });
     impostaChiudiApplicazione(&chiudiApplicazione);
+    FinestreRegCassa finestreRegCassa(&finestra);
+    impostaDialoghiRegCassa(&finestreRegCassa);
     const auto segnali = ascoltaSegnali();
     ascoltaFineSessione();
 
@@ -87,7 +91,7 @@ int eseguiProgramma(int argc, char* argv[]) {
         .nascondiInfo = [&] { info.hide(); },
         .apriOpzioni = [] { frmOpzioni().startMe(); },
         .apriPrimoConto = [] { getConto(0, false); },
-        .setRegCassa = [] {},
+        .setRegCassa = [&] { setRegCassa(operatore); },
     };
     GiornaleVendite giornale(GiornaleVendite::percorsoUtente());
     if (!Main(porti)) chiudiApplicazione();

@@ -13,9 +13,12 @@
 #include "counter/commands.h"
 #include "counter/fields.h"
 #include "counter/recovery_journal.h"
+#include "counter/register_indicator.h"
 #include "counter/save_question.h"
 #include "data/client_settings.h"
 #include "data/settings_store.h"
+#include "register/failure.h"
+#include "register/interface_link.h"
 #include "sale/customer.h"
 #include "sale/document_info.h"
 #include "sale/grid.h"
@@ -54,7 +57,7 @@ void Form_Load(Conto& conto) {
     v.lblTotConto.testo(formattaImporto(0.0, 2));
     v.lblMainDisplay.testoETag(formattaImporto(0.0, 2));
     v.lblCassa.testo(QString::number(gIDCassa));
-    v.lblRegCassa.visibile(!gRegCassa.isEmpty());
+    conto.ascoltaRegCassa();
     v.pctIVA.visibile(false);
     v.cmdAddRow.visibile(false);
     impostaCampiPrezzo(v);
@@ -130,6 +133,21 @@ Vendita* Conto::apriNuovoConto(const QString& codiceCliente) {
         txtCodCliente_Invio(nuovo->vendita());
     }
     return &nuovo->vendita();
+}
+
+void Conto::ascoltaRegCassa() {
+    InterfacciaRegCassa& registratore = gFrmRegCassa();
+    QObject::connect(&registratore.eventi, &EventiRegCassa::evtError, &mFrmRegCassa,
+                     [this](int codice, const QString& descrizione) {
+                         if (!mVendita.inChiusura) mFrmRegCassa_evtError(codice, descrizione);
+                     });
+    QObject::connect(&registratore.eventi, &EventiRegCassa::statoCambiato, &mFrmRegCassa,
+                     [this, &registratore] { mostraStatoRegCassa(mVendita, registratore.stato()); });
+    mostraStatoRegCassa(mVendita, registratore.stato());
+}
+
+void Conto::mFrmRegCassa_evtError(int codice, const QString& descrizione) {
+    ::mFrmRegCassa_evtError(gFrmRegCassa(), codice, descrizione);
 }
 
 void Conto::scarica() {

@@ -5,6 +5,8 @@
 #include <memory>
 #include <optional>
 
+#include <QObject>
+
 #include "counter/key_burst.h"
 #include "counter/operator_entry.h"
 #include "kit/tender.h"
@@ -52,8 +54,16 @@ class Conto : public SchermoVendita {
     Vendita* apriNuovoConto(const QString& codiceCliente) override;
     void scarica() override;
 
+    // Hears of the register's link from now on, and shows its state.
+    void ascoltaRegCassa();
+
+  protected:
+    // The register refused a frame; every open screen asks in turn.
+    virtual void mFrmRegCassa_evtError(int codice, const QString& descrizione);
+
   private:
     Vendita mVendita;
+    QObject mFrmRegCassa;  // holds the subscription
     Campo* mCampoAttivo = nullptr;
 };
 

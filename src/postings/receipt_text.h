@@ -10,6 +10,9 @@
 class TestoScontrino {
   public:
     void aggiungiRiga(const FlexVB& griglia, int riga);
+    // No row was sold: there is no receipt.
+    bool vuoto() const { return mTesto.isEmpty(); }
+    Currency totale() const { return mTotale; }
     // The whole text, with the "TOT" at its end.
     QString chiudi() const;
 

@@ -5,6 +5,7 @@
 #include "core/globals.h"
 #include "data/gateway.h"
 #include "postings/lost_save.h"
+#include "register/interface_link.h"
 #include "sale/recall.h"
 #include "sale/sale_document.h"
 #include "sale/vendita.h"
@@ -116,6 +117,7 @@ std::optional<bool> riprendiSalvataggio(Vendita& v) {
 bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     gErr.notificaSubito(erroreInCorso(), gNomeModulo, "salvaVendita", {});
     if (gAdo.commitTrasaction(transazioneSalvataggio())) {
+        gFrmRegCassa().scontrini.salvataggioConcluso(true);
         if (d.idMovimento > 0) showVendita(v, d.idMovimento, -1, d.extraProg, -1);
     } else if (gAdo.commitDiEsitoIgnoto()) {
         dopoErroreECommitPerso(v, d, prima);

@@ -3,12 +3,15 @@
 #include <algorithm>
 
 #include "core/errors.h"
+#include "core/format.h"
 #include "core/globals.h"
+#include "core/value_helpers.h"
 #include "postings/product_statistics.h"
 #include "postings/receipt_text.h"
 #include "postings/row_statements.h"
 #include "postings/row_stock.h"
 #include "postings/weight.h"
+#include "register/interface_link.h"
 #include "register/register_link.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -90,11 +93,24 @@ bool salvaRiga(Vendita& v, int r, Salvataggio& s) {
     return true;
 }
 
+// A sale in words, for the list of those without a receipt.
+QString nomeVendita(const Vendita& v, const Salvataggio& s) {
+    return "N° " + v.txtProg.testo() + "/" + Format(s.extraProg, u"0000") + " del " + v.txtData.testo() +
+           ", € " + formattaImporto(s.scontrino.totale(), 2);
+}
+
 // The receipt leaves before the commit, and nothing calls it back.
 void emettiScontrino(const Vendita& v, const Salvataggio& s) {
-    const bool connesso = collegamentoRegCassa().statoConnessione();
-    if (!connesso || gRegCassa.isEmpty() || v.flxVB.ultima() < 1) return;
-    collegamentoRegCassa().sendData(s.scontrino.chiudi());
+    CollegamentoRegCassa& registratore = collegamentoRegCassa();
+    const bool connesso = registratore.statoConnessione();
+    if (gRegCassa.isEmpty() || v.flxVB.ultima() < 1) return;
+    RegistroScontrini& scontrini = gFrmRegCassa().scontrini;
+    scontrini.inizia(nomeVendita(v, s));
+    if (connesso) {
+        registratore.sendData(s.scontrino.chiudi());
+    } else if (!s.scontrino.vuoto()) {
+        scontrini.nonConsegnato(RegistroScontrini::Esito::Scollegato);
+    }
 }
 
 }  // namespace

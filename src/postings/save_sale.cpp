@@ -11,6 +11,7 @@
 #include "postings/save_header.h"
 #include "postings/save_outcome.h"
 #include "postings/save_rows.h"
+#include "register/interface_link.h"
 #include "sale/sale_document.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -99,10 +100,13 @@ bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
     const StatoPrimaDelSalvataggio prima(v);
     if (!conversione && v.chkPagato.valore() == 1 && v.cliente() != gClientePredefinito)
         v.idPagamento = gPagamentoVB;
-    if (controllaInserimento(v) && controllaDataStampa(v))
-        return salvaInTransazione(v, conversione, tipoDocumento, prima);
-    prima.ripristina(v);
-    return false;
+    if (!controllaInserimento(v) || !controllaDataStampa(v)) {
+        prima.ripristina(v);
+        return false;
+    }
+    const bool salvata = salvaInTransazione(v, conversione, tipoDocumento, prima);
+    gFrmRegCassa().scontrini.salvataggioConcluso(salvata);
+    return salvata;
 }
 
 bool controllaInserimento(Vendita& v) {

@@ -47,7 +47,8 @@ struct CampiVendita {
     Campo lblCassa{elenco, "lblCassa"};
     Campo lblConto{elenco, "lblConto"};
     Campo lblVenditore{elenco, "lblVenditore"};
-    Campo lblRegCassa{elenco, "lblRegCassa"};
+    Campo shRegCassa{elenco, "shRegCassa"};    // colour: the state of the link to the fiscal register
+    Campo lblRegCassa{elenco, "lblRegCassa"};  // that state in words
 
     // ---- Displays
     Campo lblMainDisplay{elenco, "lblMainDisplay"};          // total to pay; tag: before an outside change

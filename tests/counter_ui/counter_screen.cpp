@@ -99,7 +99,7 @@ void CounterScreen::riempi() const {
     for (const auto& [campo, testo] : testi) {
         campo->testo(testo);
     }
-    for (Campo* spia : {&v.pctFido, &v.pctSegnala, &v.pctSave, &v.pctPrint, &v.lblRegCassa}) {
+    for (Campo* spia : {&v.pctFido, &v.pctSegnala, &v.pctSave, &v.pctPrint, &v.shRegCassa, &v.lblRegCassa}) {
         spia->visibile(true);
     }
     for (int r = 1; r <= 12; ++r) {

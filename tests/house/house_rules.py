@@ -105,10 +105,12 @@ def intestazioniWidget(cartella):
 
 
 def widgetAmmessi(sorgente):
-    """Windows, tests of windows, and the application object of those tests."""
+    """Windows, those of tools, tests of windows, and the application object of those tests."""
     if sorgente.startswith("src/"):
         return finestra(sorgente)
     parti = PurePosixPath(sorgente).parts
+    if parti[0] == "tools":
+        return "ui" in parti[2:-1]
     return parti[0] == "tests" and (len(parti) == 2 or parti[1] == "app" or parti[1].endswith("_ui"))
 
 

@@ -191,6 +191,10 @@ class Widgets(HouseTest):
         file = {"tools/maker/bad.cpp": "#include <QPushButton>\n"}
         self.unaSola(house_rules.widget, WIDGET, file=file, dice="tools/maker/bad.cpp")
 
+    def testWindowOfAToolIsAllowed(self):
+        file = {"tools/maker/ui/window.cpp": "#include <QPushButton>\n"}
+        self.assertEqual(self.violazioni(house_rules.widget, WIDGET, file=file), [])
+
     def testFolderWithoutTheHeadersIsAnError(self):
         with self.assertRaises(ValueError):
             house_rules.intestazioniWidget(self.radice)

@@ -22,6 +22,7 @@ struct EventiSchermo {
     std::function<void(int)> conto;
     std::function<void()> operatore;
     std::function<void()> aggiungiRiga;
+    std::function<void()> regCassa;
     std::function<void(Campo&, bool)> spunta;
     std::function<void(int)> alternativo;
 };

@@ -11,6 +11,7 @@
 #include "counter/fields.h"
 #include "counter/keys.h"
 #include "counter/recovery_journal.h"
+#include "counter/register_indicator.h"
 #include "counter/ui/assembly.h"
 #include "counter/ui/finestra_conti.h"
 #include "counter/ui/frmCodiceVenditore.h"
@@ -156,12 +157,17 @@ EventiSchermo frmMain::eventi() {
         .conto = [this](int i) { evento("cmdConto_Click", [&] { cmdConto_Click(*this, i); }); },
         .operatore = [this] { evento("cmdOperatore_Click", [&] { premiOperatore(); }); },
         .aggiungiRiga = [this] { evento("cmdAddRow_Click", [&] { premiComando(comandoNuovaRiga); }); },
+        .regCassa = [this] { evento("lblRegCassa_Click", [] { lblRegCassa_Click(); }); },
         .spunta = [this](Campo& campo, bool premuta) { spuntaPremuta(campo, premuta); },
         .alternativo =
             [this](int i) {
                 evento("lswAlternativi_DblClick", [&] { lswAlternativi_DblClick(vendita(), i); });
             },
     };
+}
+
+void frmMain::mFrmRegCassa_evtError(int codice, const QString& descrizione) {
+    evento("mFrmRegCassa_evtError", [&] { Conto::mFrmRegCassa_evtError(codice, descrizione); });
 }
 
 // ---- Grid

@@ -49,6 +49,7 @@ class frmMain final : public QWidget, public Conto {
   protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void changeEvent(QEvent* evento) override;
+    void mFrmRegCassa_evtError(int codice, const QString& descrizione) override;
 
   private:
     static constexpr size_t numeroTimer = 6;

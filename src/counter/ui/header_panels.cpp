@@ -8,6 +8,7 @@
 #include "counter/ui/panels.h"
 #include "counter/ui/style.h"
 #include "kit/ui/campo_edit.h"
+#include "kit/ui/campo_widgets.h"
 #include "sale/vendita.h"
 
 namespace {
@@ -15,6 +16,8 @@ namespace {
 constexpr int larghezzaConto = 82;
 constexpr int larghezzaImporto = 92;
 constexpr int larghezzaNumero = 78;
+constexpr int latoLampada = 18;
+constexpr int larghezzaRegCassa = 112;
 
 // The words below an account's name, so that its colour is not alone in telling its state.
 void diciStatoConto(PulsanteComando& pulsante, const Campo& campo, bool diQuestoSchermo) {
@@ -53,6 +56,19 @@ void aggiungiConti(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
 void aggiungiCoppia(QHBoxLayout& riga, const QString& didascalia, QLabel* valore, QWidget* padre) {
     riga.addWidget(nuovaDidascalia(didascalia, ruoli::didascalia, padre));
     riga.addWidget(valore);
+}
+
+// The lamp and, to be pressed, the words of the fiscal register's link.
+void aggiungiRegCassa(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
+    QFrame* lampada = nuovoPannello(ruoli::lampada, padre);
+    collegaSpia(m.v.shRegCassa, lampada);
+    lampada->setAccessibleName("Spia del registratore di cassa");
+    lampada->setFixedSize(latoLampada, latoLampada);
+    riga.addWidget(lampada);
+    PulsanteComando* parole = m.pulsante(m.v.lblRegCassa, m.eventi().regCassa, padre);
+    parole->setToolTip("Mostra il collegamento con il registratore di cassa");
+    parole->setMinimumWidth(larghezzaRegCassa);
+    riga.addWidget(parole);
 }
 
 // A small text above or below a larger one, in the height of a box.
@@ -120,7 +136,7 @@ QWidget* barraConti(const Montaggio& m, QWidget* padre) {
     riga->addSpacing(spazio);
     aggiungiCoppia(*riga, "Conto", m.testo(m.v.lblConto, "Numero del conto", barra), barra);
     aggiungiCoppia(*riga, "Cassa", m.testo(m.v.lblCassa, "Numero della cassa", barra), barra);
-    riga->addWidget(m.spia(m.v.lblRegCassa, "● Reg. cassa", ruoli::didascalia, barra));
+    aggiungiRegCassa(m, *riga, barra);
     riga->addStretch();
     riga->addWidget(m.testo(m.v.pctPrint, "Stato di stampa", barra));
     riga->addWidget(m.testo(m.v.lblDataStampa, "Data di stampa", barra));

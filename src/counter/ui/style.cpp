@@ -66,6 +66,7 @@ QFrame QLabel[ruolo="avviso"] { background: @avviso; color: @inchiostro; font-we
     border-radius: 6px; padding: 2px 8px; }
 QFrame QLabel[ruolo="salvata"] { background: @conferma; color: @bianco; font-weight: bold;
     border-radius: 6px; padding: 2px 8px; }
+QFrame[ruolo="lampada"] { border: 2px solid @bianco; border-radius: 9px; }
 QToolTip { background: @testo; color: @bianco; border: none; padding: 4px; }
 )";
 

@@ -34,6 +34,7 @@ constexpr char titolo[] = "titolo";
 constexpr char allarme[] = "allarme";
 constexpr char avviso[] = "avviso";
 constexpr char salvata[] = "salvata";
+constexpr char lampada[] = "lampada";
 constexpr char principale[] = "principale";
 constexpr char distruttivo[] = "distruttivo";
 }  // namespace ruoli

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "register/register_state.h"
+
+struct Vendita;
+
+// The lamp and the words that tell the state of the register's link, on a desk that has a register.
+void mostraStatoRegCassa(Vendita& v, StatoRegCassa stato);
+
+// Opens the link's monitor.
+void lblRegCassa_Click();

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <map>
+#include <random>
+
+#include "register/shop_with_register.h"
+
+// A paper roll: the receipts that a register has printed, as its peer understands the frames.
+class RotoloDiCarta {
+  public:
+    // A frame that the register took.
+    void stampa(const QByteArray& cornice);
+    // Quantities of the rows of each receipt that was closed by a total, receipt by receipt.
+    const std::vector<QStringList>& scontrini() const { return mScontrini; }
+
+  private:
+    QStringList mRighe;
+    std::vector<QStringList> mScontrini;
+};
+
+// Why a sale and its receipt may differ, by the design of the link.
+enum class Causa {
+    Nessuna,
+    Scollegato,
+    Sospeso,
+    Annullato,
+    DueRisposteInUna,
+    ErroreSpezzato,
+    ErroreDietroAck,
+    DueInVolo,
+    DialogoChiuso,
+    RiprovaDueConti,
+    RollbackDopo,
+};
+constexpr int numeroCause = 11;
+
+// A day of sales of one row each, told apart by their quantity: sale number i sells i pieces.
+class Giornata : public NegozioConRegistratore {
+  protected:
+    Giornata();
+
+    // Rings up the next sale and presses F5; answers its number.
+    int vende();
+    void vendeConGuasto(Causa causa);
+    // A sale under a fault that the link copes with.
+    void vendeConDisturbo(int disturbo);
+    // The peer takes and prints every frame from now on, and what waits goes out.
+    void rimettiInOrdine();
+    bool booked(int vendita) const;
+    int stampata(int vendita) const;
+    int vendute() const { return mVendite; }
+
+    RotoloDiCarta rotolo;
+    std::map<int, Causa> cause;  // by sale
+    std::mt19937 dado{20260316};
+
+  private:
+    QByteArray accetta(const QByteArray& cornice);
+    // The n-th frame from now on gets that answer and is not printed, the others are accepted.
+    void allaCornice(int n, const QByteArray& risposta);
+    int aCaso(int da, int a) { return std::uniform_int_distribution<int>(da, a)(dado); }
+    void attendiFrame(int quante);
+    void spingiConUnAltra();
+
+    int mVendite = 0;
+};

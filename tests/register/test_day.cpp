@@ -1,0 +1,113 @@
+#include <iostream>
+
+#include "register/day_at_the_till.h"
+
+namespace {
+
+const char* nomeCausa(Causa causa) {
+    constexpr std::array<const char*, numeroCause> nomi{
+        "none",
+        "link down",
+        "suspended",
+        "dropped by the operator",
+        "two answers in one chunk",
+        "error frame split",
+        "error frame behind an ACK",
+        "two frames in flight",
+        "closed dialogue",
+        "retry on two accounts",
+        "rollback after the receipt",
+    };
+    return nomi[static_cast<size_t>(causa)];
+}
+
+// Sale and receipt agree: in the books once and on paper once.
+struct Conteggio {
+    int uguali = 0;
+    int inspiegate = 0;
+    std::map<Causa, int> diverse;
+};
+
+}  // namespace
+
+class Day : public Giornata {
+  protected:
+    Conteggio confronta(int vendite) const {
+        Conteggio conto;
+        for (int i = 1; i <= vendite; ++i) {
+            if (booked(i) && stampata(i) == 1) {
+                ++conto.uguali;
+            } else if (const auto causa = cause.find(i); causa != cause.end()) {
+                ++conto.diverse[causa->second];
+            } else {
+                ADD_FAILURE() << "sale " << i << ": booked " << booked(i) << ", printed " << stampata(i);
+                ++conto.inspiegate;
+            }
+        }
+        return conto;
+    }
+    // Random sales until at least so many; every tenth or so under each fault in turn.
+    int giornata(int vendite) {
+        int ultima = 0;
+        for (int giro = 0; ultima < vendite && !HasFatalFailure(); ++giro) {
+            const bool conGuasto = std::uniform_int_distribution<int>(0, 2)(dado) == 0;
+            const int causa = conGuasto ? 1 + giro % (numeroCause - 1) : 0;
+            vendeConGuasto(static_cast<Causa>(causa));
+            ultima = vendute();
+        }
+        return ultima;
+    }
+};
+
+class DayLong : public Day {};
+
+TEST_F(Day, EveryDifferenceHasExactlyOneNamedCause) {
+    const int vendite = giornata(60);
+    EXPECT_EQ(confronta(vendite).inspiegate, 0);
+}
+
+TEST_F(Day, EachCauseMakesADifference) {
+    for (int causa = 1; causa < numeroCause; ++causa) {
+        vendeConGuasto(static_cast<Causa>(causa));
+        if (HasFatalFailure()) return;
+    }
+    const Conteggio conto = confronta(vendute());
+    for (int causa = 1; causa < numeroCause; ++causa) {
+        const auto trovata = conto.diverse.find(static_cast<Causa>(causa));
+        EXPECT_TRUE(trovata != conto.diverse.end()) << nomeCausa(static_cast<Causa>(causa));
+    }
+}
+
+TEST_F(Day, FaultsThatTheLinkCopesWithLeaveEveryReceiptOnceAndInOrder) {
+    constexpr int vendite = 36;
+    for (int i = 0; i < vendite && !HasFatalFailure(); ++i) {
+        vendeConDisturbo(i % 6);
+    }
+    std::vector<QStringList> attesi;
+    for (int i = 1; i <= vendite; ++i) {
+        attesi.push_back({QString::number(i)});
+    }
+    EXPECT_EQ(rotolo.scontrini(), attesi);
+}
+
+TEST_F(DayLong, AThousandSalesWithRandomFaults) {
+    const int vendite = giornata(1000);
+    const Conteggio conto = confronta(vendite);
+    std::cout << vendite << " sales, " << conto.uguali << " as they should be\n";
+    for (const auto& [causa, quante] : conto.diverse) {
+        std::cout << "  " << nomeCausa(causa) << ": " << quante << "\n";
+    }
+    EXPECT_EQ(conto.inspiegate, 0);
+    EXPECT_EQ(conto.diverse.size(), numeroCause - 1u);
+}
+
+TEST_F(DayLong, AThousandSalesWithFaultsThatTheLinkCopesWith) {
+    constexpr int vendite = 1000;
+    for (int i = 0; i < vendite && !HasFatalFailure(); ++i) {
+        vendeConDisturbo(std::uniform_int_distribution<int>(0, 5)(dado));
+    }
+    ASSERT_EQ(rotolo.scontrini().size(), static_cast<size_t>(vendite));
+    for (int i = 1; i <= vendite; ++i) {
+        ASSERT_EQ(rotolo.scontrini()[static_cast<size_t>(i - 1)], QStringList{QString::number(i)});
+    }
+}

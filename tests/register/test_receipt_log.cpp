@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include "register/receipt_log.h"
+
+namespace {
+
+class ReceiptLog : public testing::Test {
+  protected:
+    using Esito = RegistroScontrini::Esito;
+
+    void consegna(const QString& vendita, int cornici) {
+        r.inizia(vendita);
+        r.consegnato(cornici);
+    }
+    void invia(int cornici) {
+        for (int i = 0; i < cornici; ++i) {
+            if (i > 0) r.accettata();
+            r.inviata();
+        }
+    }
+    QStringList voci() const {
+        QStringList tutte;
+        for (const auto& voce : r.voci()) {
+            tutte << voce.vendita + ": " + descrizioneEsito(voce.esito);
+        }
+        return tutte;
+    }
+
+    RegistroScontrini r;
+};
+
+}  // namespace
+
+TEST_F(ReceiptLog, PrintedSaleIsNotListed) {
+    consegna("A", 3);
+    invia(3);
+    r.salvataggioConcluso(true);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, SaleInTheQueueWaits) {
+    consegna("A", 3);
+    r.salvataggioConcluso(true);
+    EXPECT_EQ(voci(), QStringList{"A: in attesa del registratore"});
+}
+
+TEST_F(ReceiptLog, SaleWithTheLinkDownIsListedOnceItIsSaved) {
+    r.inizia("A");
+    r.nonConsegnato(Esito::Scollegato);
+    EXPECT_EQ(voci(), QStringList());
+    r.salvataggioConcluso(true);
+    EXPECT_EQ(voci(), QStringList{"A: registratore scollegato"});
+}
+
+TEST_F(ReceiptLog, SaleThatWasNotSavedNeedsNoReceipt) {
+    r.inizia("A");
+    r.nonConsegnato(Esito::Sospeso);
+    r.salvataggioConcluso(false);
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, CancelListsEverythingInTheQueue) {
+    consegna("A", 3);
+    r.salvataggioConcluso(true);
+    invia(3);  // its last frame is refused
+    consegna("B", 3);
+    r.salvataggioConcluso(true);
+    r.rifiutata();
+    r.annullate();
+    EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: annullato dall'operatore"}));
+}
+
+TEST_F(ReceiptLog, RefusedFrameThatIsNotSentAgainLeavesTheReceiptIncomplete) {
+    consegna("A", 3);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rifiutata();
+    invia(2);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: un comando rifiutato non è stato ripreso"});
+}
+
+TEST_F(ReceiptLog, RetriedFrameLeavesTheReceiptWhole) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    invia(2);
+    r.rifiutata();
+    r.ripresa();
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, ReceiptOfASaleThatWasRolledBackIsListed) {
+    consegna("A", 1);
+    r.inviata();
+    r.salvataggioConcluso(false);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: scontrino inviato, salvataggio NON riuscito"});
+}
+
+TEST_F(ReceiptLog, ReceiptPrintedBeforeTheFailedSaveHasEndedIsListed) {
+    consegna("A", 1);
+    r.inviata();
+    r.accettata();
+    r.salvataggioConcluso(false);
+    EXPECT_EQ(voci(), QStringList{"A: scontrino inviato, salvataggio NON riuscito"});
+}
+
+TEST_F(ReceiptLog, OldestEntriesGoBeyondTheLimit) {
+    for (size_t i = 0; i <= RegistroScontrini::vociMassime; ++i) {
+        r.inizia(QString::number(i));
+        r.nonConsegnato(Esito::Scollegato);
+        r.salvataggioConcluso(true);
+    }
+    EXPECT_EQ(r.voci().size(), RegistroScontrini::vociMassime);
+    EXPECT_EQ(r.voci().front().vendita, "1");
+}
