@@ -1,5 +1,7 @@
 #include "register/day_at_the_till.h"
 
+#include <array>
+
 #include "data/server_driver.h"
 
 namespace {
@@ -53,7 +55,7 @@ void Giornata::rimettiInOrdine() {
     ASSERT_TRUE(diventa([&] { return finito(); })) << link.Buffer().toStdString();
 }
 
-bool Giornata::booked(int vendita) const {
+bool Giornata::registrata(int vendita) const {
     return n.conta("DettagliMovimento", "QUANTITA = " + QString::number(vendita)) == 1;
 }
 
@@ -72,95 +74,112 @@ void Giornata::spingiConUnAltra() {
     vende();
 }
 
+// ---- One sale under each cause
+
+void Giornata::guasta(Causa causa) {
+    cause[vende()] = causa;
+}
+
+void Giornata::guastoScollegato() {
+    peer.riaggancia();
+    ASSERT_TRUE(diventa([&] { return !link.statoConnessione(); }));
+    guasta(Causa::Scollegato);
+}
+
+void Giornata::guastoSospeso() {
+    link.interrompi();
+    guasta(Causa::Sospeso);
+}
+
+void Giornata::guastoAnnullato() {
+    allaCornice(aCaso(1, 3), nak);
+    dialoghi.attendi(aCaso(0, 1) != 0 ? DialoghiRegCassa::AnnullaTutto : DialoghiRegCassa::Interrompi);
+    guasta(Causa::Annullato);
+    ASSERT_TRUE(diventa([&] { return link.Buffer().isEmpty() && dialoghi.esauriti(); }));
+}
+
+void Giornata::guastoDueRisposteInUna() {
+    // Two frames are in flight, and the refusal of the second one hides behind the ACK of the first.
+    peer.risposta = [this, viste = 0](const QByteArray& cornice) mutable {
+        if (++viste == 2) return ack + nak;
+        rotolo.stampa(cornice);
+        return viste == 1 ? QByteArray() : ack;
+    };
+    guasta(Causa::DueRisposteInUna);
+    vende();
+    ASSERT_TRUE(diventa([&] { return finito(); }));
+}
+
+void Giornata::guastoErroreSpezzato() {
+    allaCornice(2, {});
+    guasta(Causa::ErroreSpezzato);
+    attendiFrame(2);
+    peer.mandaASpizzichi(PeerDiProva::errore("05", "Carta"));
+    spingiConUnAltra();
+}
+
+void Giornata::guastoErroreDietroAck() {
+    allaCornice(2, ack + PeerDiProva::errore("05", "Carta"));
+    guasta(Causa::ErroreDietroAck);
+    ASSERT_TRUE(diventa([&] { return finito(); }));
+}
+
+void Giornata::guastoDueInVolo() {
+    // The first of two frames in flight is refused, and the second one is what goes out again.
+    peer.risposta = [this, viste = 0](const QByteArray& cornice) mutable {
+        if (++viste > 2) return accetta(cornice);
+        if (viste == 2) rotolo.stampa(cornice);
+        return QByteArray();
+    };
+    guasta(Causa::DueInVolo);
+    vende();
+    attendiFrame(2);
+    dialoghi.attendi(DialoghiRegCassa::Riprova);
+    peer.manda(nak);
+    ASSERT_TRUE(diventa([&] { return dialoghi.esauriti(); }));
+    peer.manda(ack);
+}
+
+void Giornata::guastoDialogoChiuso() {
+    allaCornice(2, nak);
+    dialoghi.attendi(DialoghiRegCassa::Nessuna);
+    guasta(Causa::DialogoChiuso);
+    ASSERT_TRUE(diventa([&] { return dialoghi.esauriti(); }));
+    spingiConUnAltra();
+}
+
+void Giornata::guastoRiprovaDueConti() {
+    n.apriConto(1);
+    allaCornice(2, nak);
+    dialoghi.attendi(DialoghiRegCassa::Riprova);
+    dialoghi.attendi(DialoghiRegCassa::Riprova);
+    guasta(Causa::RiprovaDueConti);
+    ASSERT_TRUE(diventa([&] { return dialoghi.esauriti(); }));
+    ASSERT_TRUE(diventa([&] { return finito(); }));
+    gConti[1]->scarica();
+}
+
+void Giornata::guastoRollbackDopo() {
+    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
+        if (!sql.startsWith("UPDATE Movimenti SET TOTIMPONIBILE")) return std::nullopt;
+        return ErroreServer{ErroreServer::Classe::Altro, 4711, "guasto di prova", "prova"};
+    };
+    n.operatore.attendiAvviso("cAdoSqlServer.executeSQL -> bBottegonClientVB.salvaVendita");
+    n.operatore.attendiDomanda("Attenzione Salvare la vendita corrente?", OperatorPort::Risposta::No,
+                               [] { sondaIstruzioni() = {}; });
+    guasta(Causa::RollbackDopo);
+}
+
 void Giornata::vendeConGuasto(Causa causa) {
+    // In the order of the causes; the first one is none.
+    constexpr std::array<void (Giornata::*)(), numeroCause> guasti{
+        &Giornata::vendeSenzaGuasto,      &Giornata::guastoScollegato,       &Giornata::guastoSospeso,
+        &Giornata::guastoAnnullato,       &Giornata::guastoDueRisposteInUna, &Giornata::guastoErroreSpezzato,
+        &Giornata::guastoErroreDietroAck, &Giornata::guastoDueInVolo,        &Giornata::guastoDialogoChiuso,
+        &Giornata::guastoRiprovaDueConti, &Giornata::guastoRollbackDopo,
+    };
     peer.dimentica();
-    const auto guasta = [&] { return cause[vende()] = causa; };
-    switch (causa) {
-        case Causa::Nessuna:
-            vende();
-            break;
-        case Causa::Scollegato:
-            peer.riaggancia();
-            ASSERT_TRUE(diventa([&] { return !link.statoConnessione(); }));
-            guasta();
-            break;
-        case Causa::Sospeso:
-            link.interrompi();
-            guasta();
-            break;
-        case Causa::Annullato:
-            allaCornice(aCaso(1, 3), nak);
-            dialoghi.attendi(aCaso(0, 1) != 0 ? DialoghiRegCassa::AnnullaTutto
-                                              : DialoghiRegCassa::Interrompi);
-            guasta();
-            ASSERT_TRUE(diventa([&] { return link.Buffer().isEmpty() && dialoghi.esauriti(); }));
-            break;
-        case Causa::DueRisposteInUna:
-            // Two frames are in flight, and the refusal of the second one hides behind the ACK of the first.
-            peer.risposta = [this, viste = 0](const QByteArray& cornice) mutable {
-                if (++viste == 2) return ack + nak;
-                rotolo.stampa(cornice);
-                return viste == 1 ? QByteArray() : ack;
-            };
-            guasta();
-            vende();
-            ASSERT_TRUE(diventa([&] { return finito(); }));
-            break;
-        case Causa::ErroreSpezzato:
-            allaCornice(2, {});
-            guasta();
-            attendiFrame(2);
-            peer.mandaASpizzichi(PeerDiProva::errore("05", "Carta"));
-            spingiConUnAltra();
-            break;
-        case Causa::ErroreDietroAck:
-            allaCornice(2, ack + PeerDiProva::errore("05", "Carta"));
-            guasta();
-            ASSERT_TRUE(diventa([&] { return finito(); }));
-            break;
-        case Causa::DueInVolo:
-            // The first of two frames in flight is refused, and the second one is what goes out again.
-            peer.risposta = [this, viste = 0](const QByteArray& cornice) mutable {
-                if (++viste > 2) return accetta(cornice);
-                if (viste == 2) rotolo.stampa(cornice);
-                return QByteArray();
-            };
-            guasta();
-            vende();
-            attendiFrame(2);
-            dialoghi.attendi(DialoghiRegCassa::Riprova);
-            peer.manda(nak);
-            ASSERT_TRUE(diventa([&] { return dialoghi.esauriti(); }));
-            peer.manda(ack);
-            break;
-        case Causa::DialogoChiuso:
-            allaCornice(2, nak);
-            dialoghi.attendi(DialoghiRegCassa::Nessuna);
-            guasta();
-            ASSERT_TRUE(diventa([&] { return dialoghi.esauriti(); }));
-            spingiConUnAltra();
-            break;
-        case Causa::RiprovaDueConti:
-            n.apriConto(1);
-            allaCornice(2, nak);
-            dialoghi.attendi(DialoghiRegCassa::Riprova);
-            dialoghi.attendi(DialoghiRegCassa::Riprova);
-            guasta();
-            ASSERT_TRUE(diventa([&] { return dialoghi.esauriti(); }));
-            ASSERT_TRUE(diventa([&] { return finito(); }));
-            gConti[1]->scarica();
-            break;
-        case Causa::RollbackDopo:
-            sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
-                if (!sql.startsWith("UPDATE Movimenti SET TOTIMPONIBILE")) return std::nullopt;
-                return ErroreServer{ErroreServer::Classe::Altro, 4711, "guasto di prova", "prova"};
-            };
-            n.operatore.attendiAvviso("cAdoSqlServer.executeSQL -> bBottegonClientVB.salvaVendita");
-            n.operatore.attendiDomanda("Attenzione Salvare la vendita corrente?", OperatorPort::Risposta::No,
-                                       [] { sondaIstruzioni() = {}; });
-            guasta();
-            break;
-    }
+    (this->*guasti[static_cast<size_t>(causa)])();
     rimettiInOrdine();
 }
 

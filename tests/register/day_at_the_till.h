@@ -46,7 +46,7 @@ class Giornata : public NegozioConRegistratore {
     void vendeConDisturbo(int disturbo);
     // The peer takes and prints every frame from now on, and what waits goes out.
     void rimettiInOrdine();
-    bool booked(int vendita) const;
+    bool registrata(int vendita) const;
     int stampata(int vendita) const;
     int vendute() const { return mVendite; }
 
@@ -61,6 +61,19 @@ class Giornata : public NegozioConRegistratore {
     int aCaso(int da, int a) { return std::uniform_int_distribution<int>(da, a)(dado); }
     void attendiFrame(int quante);
     void spingiConUnAltra();
+    // The next sale differs from its receipt by that cause.
+    void guasta(Causa causa);
+    void vendeSenzaGuasto() { vende(); }
+    void guastoScollegato();
+    void guastoSospeso();
+    void guastoAnnullato();
+    void guastoDueRisposteInUna();
+    void guastoErroreSpezzato();
+    void guastoErroreDietroAck();
+    void guastoDueInVolo();
+    void guastoDialogoChiuso();
+    void guastoRiprovaDueConti();
+    void guastoRollbackDopo();
 
     int mVendite = 0;
 };

@@ -35,12 +35,12 @@ class Day : public Giornata {
     Conteggio confronta(int vendite) const {
         Conteggio conto;
         for (int i = 1; i <= vendite; ++i) {
-            if (booked(i) && stampata(i) == 1) {
+            if (registrata(i) && stampata(i) == 1) {
                 ++conto.uguali;
             } else if (const auto causa = cause.find(i); causa != cause.end()) {
                 ++conto.diverse[causa->second];
             } else {
-                ADD_FAILURE() << "sale " << i << ": booked " << booked(i) << ", printed " << stampata(i);
+                ADD_FAILURE() << "sale " << i << ": booked " << registrata(i) << ", printed " << stampata(i);
                 ++conto.inspiegate;
             }
         }
