@@ -93,8 +93,8 @@ int eseguiProgramma(int argc, char* argv[]) {
         .apriPrimoConto = [] { getConto(0, false); },
         .setRegCassa = [&] { setRegCassa(operatore); },
     };
-    GiornaleVendite giornale(GiornaleVendite::percorsoUtente());
     if (!Main(porti)) chiudiApplicazione();
+    GiornaleVendite giornale(GiornaleVendite::percorsoUtente());
     riprendiVendite(giornale, operatore);
     return QApplication::exec();
 }

@@ -45,7 +45,7 @@ class Conto : public SchermoVendita {
     virtual void scegliVendita(VaiVendita& scelta) = 0;
     // The key of the picked row; empty for none.
     virtual QString scegliRiga(ElencoMovimento& movimento) = 0;
-    // A sale of this screen has been saved.
+    // A sale of this screen has been saved, and the screen shows it.
     virtual void venditaSalvata() {}
 
     void premiComando(int comando) override;

@@ -63,6 +63,7 @@ void salva(Conto& conto) {
     showVendita(v, 0, valIntero(v.txtProg.testo()), valIntero(v.txtSottoProg.testo()), anno);
     if (v.indice > 0) return conto.scarica();
     mostraVenditaSalvata(conto);
+    conto.venditaSalvata();
 }
 
 // The sale on the screen leaves the books, and the screen goes on.

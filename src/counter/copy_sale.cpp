@@ -17,7 +17,15 @@
 
 namespace {
 
-// All cells as they are, and what the row looks like; rows marked for deletion stay behind.
+// Cells that tie a row to the books: of the copy, none is there yet.
+void sciogliDaiLibri(FlexVB& g, int riga) {
+    g.scrivi(riga, Colonna::Key, {});
+    g.scrivi(riga, Colonna::Rid, {});
+    g.scrivi(riga, Colonna::OldQuantita, "0");
+    g.scrivi(riga, Colonna::Gestione, QString::number(RigaNuova));
+}
+
+// All other cells as they are, and what the row looks like; rows marked for deletion stay behind.
 void copiaRighe(const FlexVB& da, FlexVB& a) {
     for (int r = 1; r <= da.ultima(); ++r) {
         if (!da.viva(r)) continue;
@@ -26,17 +34,16 @@ void copiaRighe(const FlexVB& da, FlexVB& a) {
             const auto colonna = static_cast<Colonna>(c);
             a.scrivi(nuova, colonna, da.cella(r, colonna));
         }
-        a.scrivi(nuova, Colonna::Gestione, QString::number(RigaNuova));
+        sciogliDaiLibri(a, nuova);
         a.nascondi(nuova, da.nascosta(r));
         a.piega(nuova, da.piegata(r));
         a.listinoLetto(nuova, da.listinoLetto(r));
     }
 }
 
+// Without the look for an open document of that customer: the sale that is being moved may be that one.
 void prendiCliente(Vendita& v, int idCliente) {
-    v.txtCodCliente.testo({});
-    v.txtCodCliente.tag(QString::number(idCliente));
-    txtCodCliente_Invio(v);
+    if (mostraCliente(v, idCliente)) impostaPagatoCliente(v, false);
 }
 
 }  // namespace

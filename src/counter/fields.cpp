@@ -64,7 +64,7 @@ bool lasciaCampo(Conto& conto, Campo& campo) {
 std::optional<QChar> tastoInCampo(Conto& conto, Campo& campo, QChar tasto) {
     Vendita& v = conto.vendita();
     std::optional<QChar> passa = tasto;
-    if (&campo == &v.txtCodProdotto && tasto.isPrint()) primaDelProdotto(conto);
+    if (&campo == &v.txtCodProdotto && tasto.isPrint()) primaDelProdotto(conto, true);
     if (&campo == &v.txtCodProdotto) passa = txtCodProdotto_KeyPress(v, tasto);
     if (&campo == &v.txtCodCliente && tasto == u'\r') txtCodCliente_Invio(v);
     if (!passa) return std::nullopt;
@@ -93,6 +93,12 @@ bool terminaCampo(Conto& conto) {
 
 void spuntaCambiata(Conto& conto, Campo& spunta, int valore) {
     Vendita& v = conto.vendita();
+    const bool dellaVendita = &spunta == &v.chkPagato || &spunta == &v.chkPrezziIva;
+    if (dellaVendita && !v.modificaConsentita) {
+        // The screen shows what stands.
+        spunta.valore(valore);
+        return spunta.valore(1 - valore);
+    }
     spunta.valore(valore);
     if (&spunta == &v.chkReso) {
         chkReso_Click(v);

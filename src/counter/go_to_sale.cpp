@@ -50,6 +50,10 @@ void VaiVendita::cmdCE() {
     txtAnno.testo(Format(orologio().oggi(), u"YYYY"));
 }
 
+void VaiVendita::cmdInvio() {
+    data.formattaValore();
+}
+
 void VaiVendita::cmdEsci() {
     for (Campo* campo : {&txtData, &txtProg, &txtSottoProg, &txtAnno}) {
         campo->testo({});

@@ -27,6 +27,8 @@ class VaiVendita {
 
     // Empties the boxes; the year is this one's.
     void cmdCE();
+    // Confirmed: a day typed as digits becomes one.
+    void cmdInvio();
     // Left without an answer: all boxes empty.
     void cmdEsci();
 

@@ -35,9 +35,9 @@ void mostraVenditaSalvata(Conto& conto) {
     v.pctSalvata.visibile(true);
 }
 
-void primaDelProdotto(Conto& conto) {
+void primaDelProdotto(Conto& conto, bool digitato) {
     Vendita& v = conto.vendita();
-    const bool rigaNuova = valIntero(v.lblPos.testo()) < 1;
+    const bool rigaNuova = !digitato || valIntero(v.lblPos.testo()) < 1;
     if (v.pctSalvata.visibile() && rigaNuova && nuovaDopoSalva()) return nuovoDocumento(v);
     offriNuovoGiorno(conto);
 }

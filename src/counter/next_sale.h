@@ -9,4 +9,5 @@ void mostraVenditaSalvata(Conto& conto);
 
 // A product is about to be entered. After a save it begins a new sale, where the workstation wants that
 // (setting NuovaVenditaDopoSalva); on the first product of a new day a new document is offered.
-void primaDelProdotto(Conto& conto);
+// A code typed while a row is in the editor may be that row's: it begins nothing.
+void primaDelProdotto(Conto& conto, bool digitato = false);

@@ -46,7 +46,8 @@ QJsonObject statoDi(const Vendita& v) {
                       {"consentita", v.modificaConsentita},
                       {"rigaDaCodice", v.mRigaDaCodice},
                       {"sottocostoOk", v.mSottocostoOk},
-                      {"scontoFisso", v.mScontoFisso}};
+                      {"scontoFisso", v.mScontoFisso},
+                      {"giorno", v.giornoDocumento.toString(Qt::ISODate)}};
     if (v.salvataggioIncerto) stato["incerto"] = jsonDi(*v.salvataggioIncerto);
     return stato;
 }
@@ -64,6 +65,7 @@ void scriviStato(const QJsonObject& s, Vendita& v) {
     v.mRigaDaCodice = s["rigaDaCodice"].toBool();
     v.mSottocostoOk = s["sottocostoOk"].toBool();
     v.mScontoFisso = s["scontoFisso"].toBool();
+    v.giornoDocumento = QDate::fromString(s["giorno"].toString(), Qt::ISODate);
     if (s.contains("incerto")) v.salvataggioIncerto = salvataggioDa(s["incerto"].toObject());
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QJsonDocument>
 
@@ -20,12 +21,6 @@ GiornaleVendite* inVigore = nullptr;
 const QString nomeConto = "conto";
 const QString nomeFine = "fine";
 const QString nomeSalva = "salva";
-const QString nomeArchivio = "archivio";
-const QString nomeCassa = "cassa";
-
-QJsonObject intestazione() {
-    return {{nomeArchivio, gDescrizioneConnessione}, {nomeCassa, gIDCassa}};
-}
 
 void sposta(const QString& da, const QString& a) {
     QFile::remove(a);
@@ -92,20 +87,17 @@ GiornaleVendite* giornaleVendite() {
 }
 
 QString GiornaleVendite::percorsoUtente() {
-    return SettingsOnDisk::cartellaUtente() + "/vendite_aperte.giornale";
+    const QString negozio = gDescrizioneConnessione + '\n' + QString::number(gIDCassa);
+    const QByteArray impronta = QCryptographicHash::hash(negozio.toUtf8(), QCryptographicHash::Sha1).toHex();
+    return SettingsOnDisk::cartellaUtente() + "/vendite_aperte_" + impronta.left(12) + ".giornale";
 }
 
 std::vector<GiornaleVendite::VenditaAperta> GiornaleVendite::leggi() {
     // A file of before: the program ended while it was bringing those sales back.
     const QString file = QFile::exists(percorsoPrima()) ? percorsoPrima() : mPercorso;
     const QList<QByteArray> record = RegistroAppeso::leggi(file);
-    if (record.isEmpty()) return {};
-    if (oggettoDi(record.front()) != intestazione()) {
-        sposta(file, mPercorso + ".altro");
-        return {};
-    }
     std::array<std::optional<VenditaAperta>, contiMassimi> aperte;
-    for (const QByteArray& riga : record.mid(1)) {
+    for (const QByteArray& riga : record) {
         const QJsonObject oggetto = oggettoDi(riga);
         const int conto = oggetto[nomeConto].toInt(-1);
         if (conto >= 0 && conto < contiMassimi) applica(oggetto, aperte[static_cast<size_t>(conto)], conto);
@@ -122,6 +114,8 @@ void GiornaleVendite::cominciaRipresa() {
 }
 
 void GiornaleVendite::finisciRipresa() {
+    annota();
+    if (mGuasto) return;
     mRegistro.sincronizza();
     QFile::remove(percorsoPrima());
 }
@@ -154,10 +148,10 @@ void GiornaleVendite::annota() {
             QJsonObject record = traccia->differenza(conto->vendita());
             if (record.isEmpty()) continue;
             record[nomeConto] = i;
-            scrivi(record);
+            if (!scrivi(record)) return;
         } else if (traccia) {
             traccia.reset();
-            scrivi({{nomeConto, i}, {nomeFine, true}});
+            if (!scrivi({{nomeConto, i}, {nomeFine, true}})) return;
         }
     }
 }
@@ -168,17 +162,21 @@ void GiornaleVendite::inSalvataggio(int conto, const SalvataggioIncerto& salvata
     mRegistro.sincronizza();
 }
 
-void GiornaleVendite::scrivi(const QJsonObject& record) {
-    const auto riga = [](const QJsonObject& oggetto) {
-        return QJsonDocument(oggetto).toJson(QJsonDocument::Compact);
-    };
-    const bool riuscito =
-        (!mRegistro.vuoto() || mRegistro.aggiungi(riga(intestazione()))) && mRegistro.aggiungi(riga(record));
-    if (riuscito || mGuasto) return;
+// What could not be written is told once; the next record then begins the file anew, with all that is open.
+bool GiornaleVendite::scrivi(const QJsonObject& record) {
+    if (mRegistro.aggiungi(QJsonDocument(record).toJson(QJsonDocument::Compact))) {
+        mGuasto = false;
+        return true;
+    }
+    mRegistro.elimina();
+    mTracce = {};
+    if (!mGuasto) {
+        gErr.annotaErrore(
+            RunTimeError(RunTimeError::ErroreApplicazione, "Giornale delle vendite aperte non scritto"),
+            gNomeModulo, "GiornaleVendite", mPercorso);
+    }
     mGuasto = true;
-    gErr.annotaErrore(
-        RunTimeError(RunTimeError::ErroreApplicazione, "Giornale delle vendite aperte non scritto"),
-        gNomeModulo, "GiornaleVendite", mPercorso);
+    return false;
 }
 
 void riprendiVendite(GiornaleVendite& giornale, OperatorPort& operatore) {
@@ -190,8 +188,7 @@ void riprendiVendite(GiornaleVendite& giornale, OperatorPort& operatore) {
     }
     giornale.cominciaRipresa();
     for (const auto& aperta : aperte) {
-        riprendi(aperta);
+        protetto(moduloFrmMain, "riprendiVendite", [&] { riprendi(aperta); });
     }
-    giornale.annota();
     giornale.finisciRipresa();
 }

@@ -22,8 +22,7 @@ class GiornaleVendite {
         // It was being saved: whether that is in the books has to be looked up.
         std::optional<SalvataggioIncerto> salvataggio;
     };
-    // What the last run left behind on this archive and desk; that of another one is put aside, as
-    // "<file>.altro".
+    // What the last run left behind.
     std::vector<VenditaAperta> leggi();
     // Keeps what `leggi` found until the sales brought back have been written down anew, by the second call.
     void cominciaRipresa();
@@ -36,13 +35,14 @@ class GiornaleVendite {
     // On the disk before the commit: what the books will hold if it succeeds.
     void inSalvataggio(int conto, const SalvataggioIncerto& salvataggio);
 
+    // This user's file for the archive and desk in force: another archive's sales wait in theirs.
     static QString percorsoUtente();
 
   private:
     // The file of the last run, while its sales are being brought back.
     QString percorsoPrima() const { return mPercorso + ".prima"; }
     bool qualcosaDaSalvare() const;
-    void scrivi(const QJsonObject& record);
+    bool scrivi(const QJsonObject& record);
 
     QString mPercorso;
     RegistroAppeso mRegistro;

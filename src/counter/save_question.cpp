@@ -15,7 +15,9 @@ bool chiediSalvataggio(Conto& conto) {
     if (risposta == OperatorPort::Risposta::Annulla) return true;
     if (risposta == OperatorPort::Risposta::No) return false;
     if (gMonitor != 0) apriMonitorResto(conto);
-    return !salvaEMostraUltima(conto);
+    if (!salvaEMostraUltima(conto)) return true;
+    conto.venditaSalvata();
+    return false;
 }
 
 bool salvaEMostraUltima(Conto& conto) {
@@ -24,6 +26,5 @@ bool salvaEMostraUltima(Conto& conto) {
     v.lblUltimaVendita.testo(v.lblMainDisplay.testo());
     v.lblUltimoResto.testo(v.lblUltimoResto.tag());
     v.lblUltimoResto.tag({});
-    conto.venditaSalvata();
     return true;
 }

@@ -86,23 +86,35 @@ bool apreNuovoConto(Vendita& v, const QString& domanda, const QString& codice) {
     return true;
 }
 
+// Loads and shows a customer; `trovato` runs behind that.
+template <class Trovato>
+bool prendiCliente(Vendita& v, int id, const QString& codice, Trovato trovato) {
+    const bool esito = caricaCliente(v, id, codice);
+    if (esito) {
+        v.lblSaldo.testoETag(formattaImporto(getSaldoCliente(v.cliente()), 2));
+        trovato();
+    }
+    mostraSegnala(v);
+    bloccaPrezzi(v);
+    return esito;
+}
+
 }  // namespace
+
+bool mostraCliente(Vendita& v, int id) {
+    return protetto(
+        moduloFrmMain, "getCliente", [&] { return prendiCliente(v, id, {}, [] {}); }, false);
+}
 
 bool getCliente(Vendita& v, int id, const QString& codice) {
     return protetto(
         moduloFrmMain, "getCliente",
         [&] {
-            const bool trovato = caricaCliente(v, id, codice);
-            if (trovato) {
-                v.lblSaldo.testoETag(formattaImporto(getSaldoCliente(v.cliente()), 2));
-                if (v.cliente() != gClientePredefinito && v.rid() < 0) {
-                    const int documento = getDocumentoForCliente(v, v.cliente());
-                    if (documento > 0) showVendita(v, documento, -1, 1, -1);
-                }
-            }
-            mostraSegnala(v);
-            bloccaPrezzi(v);
-            return trovato;
+            return prendiCliente(v, id, codice, [&v] {
+                if (v.cliente() == gClientePredefinito || v.rid() >= 0) return;
+                const int documento = getDocumentoForCliente(v, v.cliente());
+                if (documento > 0) showVendita(v, documento, -1, 1, -1);
+            });
         },
         false);
 }
@@ -110,7 +122,7 @@ bool getCliente(Vendita& v, int id, const QString& codice) {
 void txtCodCliente_Invio(Vendita& v) {
     v.caselle.codCliente.cancelTabStep(true);
     const int id = v.cliente();
-    QString codice = codiceDigitato(v, id);
+    const QString codice = codiceDigitato(v, id);
     if (!codice.isEmpty() && v.indice == 0) {
         if (apreNuovoConto(v,
                            "Non è possibile utilizzare il CONTO1 per clienti diversi da quello predefinito.\n"
@@ -118,7 +130,6 @@ void txtCodCliente_Invio(Vendita& v) {
                            codice)) {
             return;
         }
-        codice.clear();
     } else if (Val(v.txtProg.testo()) > 0) {
         if (apreNuovoConto(v, "Il conto attuale è gia stato salvato.\nAprire un nuovo conto?", {})) return;
     }

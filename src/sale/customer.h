@@ -12,6 +12,8 @@ struct Vendita;
 // Loads a customer by number (a numeric code), by extra code (any other), or by key when the code is
 // empty. Not found: the sale stands without a customer (tag "-1").
 bool getCliente(Vendita& v, int id, const QString& codice);
+// The same by key, without the look for an open document of that customer.
+bool mostraCliente(Vendita& v, int id);
 // Enter in the customer box.
 void txtCodCliente_Invio(Vendita& v);
 // The public entry for other forms: as Enter in the box.

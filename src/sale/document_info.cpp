@@ -56,7 +56,7 @@ void setInfoDocumento(Vendita& v, int idTipo) {
     // A document that is printed at the counter may be changed until it has been.
     const QVariant nonStampare = gAdo.getValueBySQL(
         "SELECT NonStampareVB FROM TipoDocumenti WHERE RID = " + QString::number(idTipo), sorgente());
-    v.documentoConStampa = !nonStampare.isNull() && nonStampare.toInt() == 0;
+    if (v.idTipoDocumento == idTipo) v.documentoConStampa = !nonStampare.isNull() && nonStampare.toInt() == 0;
 }
 
 void setInfoPagamento(Vendita& v, int idCausale) {

@@ -171,7 +171,7 @@ void caricaVendita(Vendita& v, int idMovimento, int progressivo, int extraProg, 
         }
         riempiTestata(v, *lettura, extraProg);
     }
-    showDettagli(v);
+    if (!showDettagli(v)) return pulisciTestata(v);
     v.venditaModificata = false;
     v.pctSave.visibile(false);
     v.txtData.bloccato(true);
@@ -190,15 +190,16 @@ void showVendita(Vendita& v, int idMovimento, int progressivo, int extraProg, in
     });
 }
 
-void showDettagli(Vendita& v) {
+bool showDettagli(Vendita& v) {
     const int idMovimento = v.rid();
     {
         const Lettura lettura(sqlDettagli(idMovimento, valIntero(v.txtSottoProg.testo())),
                               sorgente(".showDettagli"));
-        if (!lettura) return;
+        if (!lettura) return false;
         for (; !lettura->eof(); lettura->moveNext()) {
             aggiungiRiga(v, *lettura);
         }
     }
     if (getTotaleConto(v, idMovimento)) calcolaTotali(v, true);
+    return true;
 }

@@ -8,5 +8,6 @@ struct Vendita;
 // type (a negative year is this year's); with both below 1 nothing happens. `extraProg` says which of the
 // sales that share the header.
 void showVendita(Vendita& v, int idMovimento, int progressivo, int extraProg, int anno);
-// The rows of the header and sub-progressive on the screen, unchanged since their save.
-void showDettagli(Vendita& v);
+// The rows of the header and sub-progressive on the screen, unchanged since their save; false when they could
+// not be read.
+bool showDettagli(Vendita& v);

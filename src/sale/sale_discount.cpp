@@ -152,6 +152,7 @@ void ricalcolaDaTotale(Vendita& v) {
 }
 
 void getScontoImmediato(Vendita& v) {
+    if (!v.modificaConsentita) return;
     protetto(moduloFrmMain, "getScontoImmediato", [&] {
         const QString scelto =
             v.schermo.ricerca({.sql = "SELECT TOP 9 RID, CODICE, DESCRIZIONE FROM ScontiImmediati",

@@ -69,6 +69,55 @@ TEST_F(CopySale, CopyIsSoldOnceMore) {
     EXPECT_EQ(n.conta("DettagliMovimento"), 2);
 }
 
+TEST_F(CopySale, RowChangedInTheCopyLeavesTheOriginalAlone) {
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    const QString originale = n.riga("SELECT RID, FK_MOVIMENTO, QUANTITA + 0.0 FROM DettagliMovimento");
+    siRicopia();
+    c.premiComando(comandoRicopia);
+    ContoDiProva& copia = n.apriConto(1);
+    n.cliente(7, "ROSSI");
+    copia.digita("7");
+    copia.invio();
+    copia.scansiona("8001");
+    ASSERT_EQ(copia.vendita().flxVB.cella(1, Colonna::Quantita), "2,00");
+    copia.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.riga("SELECT RID, FK_MOVIMENTO, QUANTITA + 0.0 FROM DettagliMovimento ORDER BY RID"),
+              originale);
+    EXPECT_EQ(n.conta("DettagliMovimento"), 2);
+}
+
+TEST_F(CopySale, RowTakenAwayFromTheCopyStaysInTheOriginal) {
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    siRicopia();
+    c.premiComando(comandoRicopia);
+    ContoDiProva& copia = n.apriConto(1);
+    n.operatore.attendiDomanda("Eliminare il prodotto [Vite]?", Risposta::Si);
+    copia.clicRiga(1);
+    copia.tasto(Qt::Key_F9);
+    EXPECT_EQ(copia.vendita().flxVB.ultima(), 0);
+    EXPECT_EQ(n.conta("DettagliMovimento"), 1);
+}
+
+TEST_F(CopySale, OtherPaymentOfASavedSaleDoesNotGoBackToIt) {
+    n.apriConto(0);
+    const int rossi = n.cliente(8, "BIANCHI");
+    ContoDiProva& c = n.apriConto(1);
+    c.digita("8");
+    c.invio();
+    c.scansiona("8001");
+    ASSERT_TRUE(c.vendita().cliente() == rossi);
+    c.tasto(Qt::Key_F5);
+    ASSERT_TRUE(apriContoConVendita(n.valore("SELECT RID FROM Movimenti").toInt()));
+    ContoDiProva& richiamata = n.apriConto(1);
+    richiamata.rispondeRicerca("2|");
+    richiamata.premiComando(comandoPagamento);
+    EXPECT_EQ(n.vendita(2).cliente(), rossi);
+    EXPECT_EQ(n.vendita(2).rid(), -1);
+    EXPECT_EQ(n.vendita(2).flxVB.gestione(1), RigaNuova);
+}
+
 TEST_F(CopySale, AnsweredNoNothingOpens) {
     ContoDiProva& c = contoConVendita();
     siRicopia(Risposta::No);

@@ -50,6 +50,14 @@ TEST_F(GoToSale, DayShowsItsLastSale) {
     EXPECT_EQ(mostrata(), "0001/0002");
 }
 
+TEST_F(GoToSale, DayMayBeTypedAsDigits) {
+    vaiA([](VaiVendita& s) {
+        s.txtData.testo("160326");
+        s.cmdInvio();
+    });
+    EXPECT_EQ(mostrata(), "0001/0002");
+}
+
 TEST_F(GoToSale, UnknownNumberIsTold) {
     nessuna();
     vaiA([](VaiVendita& s) { s.txtProg.testo("99"); });

@@ -99,6 +99,15 @@ TEST_F(NextSale, RowOfTheSavedSaleCanStillBeChanged) {
     EXPECT_EQ(c.vendita().flxVB.cella(1, Colonna::Quantita), "4,00");
 }
 
+TEST_F(NextSale, ScanBeginsANewOneAlsoBehindARowOfTheSavedSale) {
+    nuovaDopoSalva("1");
+    ContoDiProva& c = salvata();
+    c.clicRiga(1);
+    c.scansiona("8001");
+    EXPECT_EQ(c.vendita().txtSottoProg.testo(), "(Auto)");
+    EXPECT_EQ(c.vendita().flxVB.cella(1, Colonna::Quantita), "1,00");
+}
+
 TEST_F(NextSale, RecalledSaleGoesOn) {
     nuovaDopoSalva("1");
     ContoDiProva& c = salvata();

@@ -1,4 +1,6 @@
+#include <QDir>
 #include <QFile>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include "counter/commands.h"
@@ -256,12 +258,41 @@ TEST_F(RecoveryJournal, SaleWhoseCommitDidNotComeIsOffered) {
     EXPECT_EQ(n.vendita(0).flxVB.ultima(), 1);
 }
 
-TEST_F(RecoveryJournal, SalesOfAnotherDeskArePutAside) {
+TEST_F(RecoveryJournal, EveryDeskAndArchiveHasItsOwn) {
+    const QString questa = GiornaleVendite::percorsoUtente();
+    gIDCassa = 9;
+    const QString altraCassa = GiornaleVendite::percorsoUtente();
+    gDescrizioneConnessione = "altro.mdb: MS Access";
+    EXPECT_EQ(QSet<QString>({questa, altraCassa, GiornaleVendite::percorsoUtente()}).size(), 3);
+}
+
+TEST_F(RecoveryJournal, RecordThatCouldNotBeWrittenIsMadeUpFor) {
+    ContoDiProva& c = contoConVendita();
+    giornale.emplace(cartella.path() + "/manca/giornale");
+    giornale->annota();
+    c.scansiona("8002");
+    ASSERT_TRUE(QDir(cartella.path()).mkdir("manca"));
+    giornale->annota();
+    EXPECT_EQ(RegistroAppeso::leggi(cartella.path() + "/manca/giornale").size(), 1);
+    for (auto& conto : gConti)
+        conto.reset();
+    ASSERT_TRUE(QFile::copy(cartella.path() + "/manca/giornale", percorso));
+    giornale.emplace(percorso);
+    getConto(0, false);
+    riprende();
+    EXPECT_EQ(n.vendita(0).flxVB.ultima(), 2);
+}
+
+TEST_F(RecoveryJournal, SaleOfYesterdayOffersTheNewDay) {
     contoConVendita();
     muoreERiparte();
-    gIDCassa = 9;
-    nonOffre();
-    EXPECT_TRUE(QFile::exists(percorso + ".altro"));
+    n.orologio.istante = QDateTime(QDate(2026, 3, 17), QTime(8, 0));
+    riprende();
+    n.operatore.attendiDomanda(
+        "È cominciato un nuovo giorno (17/03/2026).\nIniziare una nuova vendita con la data di oggi?",
+        Risposta::No);
+    n.apriConto(0).scansiona("8002");
+    EXPECT_EQ(n.vendita(0).flxVB.ultima(), 2);
 }
 
 TEST_F(RecoveryJournal, TornLastRecordLosesTheLastKeyOnly) {

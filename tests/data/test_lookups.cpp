@@ -113,8 +113,8 @@ TEST_P(EachLookup, ReadsItsOwnTableByCodeAndByKey) {
 }
 
 TEST_P(EachLookup, ReportsAsItselfAndLeavesTheKey) {
-    ArchivioDiProva archivio;
-    ArchivioDiProva::guastaServer();
+    LibriDiProva archivio;
+    LibriDiProva::guastaServer();
     QString codice = "C5", descrizione;
     int rid = -1;
     GetParam().ricerca(codice, descrizione, rid);

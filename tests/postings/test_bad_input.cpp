@@ -133,7 +133,7 @@ TEST_F(GoneDocument, ANewSaleUnderItIsSavedUnderAnother) {
     s.conto().tasto(Qt::Key_F2);
     vendi(s.conto(), "A");
     altraCassaCancella();
-    n.operatore.attendiDomanda(sparito, Risposta::Si);
+    n.operatore.attendiDomanda(sparito, OperatorPort::Risposta::Si);
     s.salva();
     EXPECT_EQ(v.flxVB.ultima(), 1);
     EXPECT_EQ(n.riga("SELECT PROGRESSIVO, TOTDOCUMENTO FROM Movimenti"), "2|12.2");
@@ -145,7 +145,7 @@ TEST_F(GoneDocument, AChangedSaleIsSavedWholeUnderAnother) {
     s.ritocca();
     const QString totale = v.lblMainDisplay.testo();
     altraCassaCancella();
-    n.operatore.attendiDomanda(sparito, Risposta::Si);
+    n.operatore.attendiDomanda(sparito, OperatorPort::Risposta::Si);
     s.salva();
     EXPECT_EQ(n.valore("SELECT PROGRESSIVO FROM Movimenti"), "2");
     EXPECT_EQ(v.lblMainDisplay.testo(), totale);
@@ -157,7 +157,7 @@ TEST_F(GoneDocument, AChangedSaleMovesNoStock) {
     altraCassaCancella();
     const QStringList prima = libri(n);
     const QStringList schermoPrima = schermata(v);
-    n.operatore.attendiDomanda(sparito, Risposta::No);
+    n.operatore.attendiDomanda(sparito, OperatorPort::Risposta::No);
     s.salva();
     EXPECT_EQ(libri(n), prima);
     EXPECT_EQ(schermata(v), schermoPrima);

@@ -121,7 +121,7 @@ TEST_F(Customer, TillOffersANewAccountForAnother) {
     EXPECT_EQ(till.vendita().txtCodCliente.testo(), "1");
 }
 
-TEST_F(Customer, TillKeepsItsCustomerOnNo) {
+TEST_F(Customer, TillTakesTheCustomerOnNo) {
     n.operatore.attendiDomanda(
         "Non è possibile utilizzare il CONTO1 per clienti diversi da quello "
         "predefinito.\nAprire un nuovo conto?",
@@ -129,8 +129,8 @@ TEST_F(Customer, TillKeepsItsCustomerOnNo) {
     scrivi(till, till.vendita().txtCodCliente, "7");
     till.invio();
     EXPECT_FALSE(gConti[2]);
-    EXPECT_EQ(till.vendita().cliente(), 1);
-    EXPECT_EQ(till.vendita().txtCodCliente.testo(), "1");
+    EXPECT_EQ(till.vendita().cliente(), id);
+    EXPECT_EQ(till.vendita().txtCodCliente.testo(), "7");
 }
 
 TEST_F(Customer, SavedSaleOffersANewAccount) {

@@ -153,7 +153,10 @@ EventiSchermo frmMain::eventi() {
             [this](Campo& campo, QChar tasto) {
                 return evento("KeyPress", [&] { return tastoInCampo(*this, campo, tasto); });
             },
-        .comando = [this](int i) { evento("cmdComando_Click", [&] { cmdComando_Click(*this, i); }); },
+        .comando =
+            [this](int i) {
+                if (!mFinestra.sorda()) evento("cmdComando_Click", [&] { cmdComando_Click(*this, i); });
+            },
         .conto = [this](int i) { evento("cmdConto_Click", [&] { cmdConto_Click(*this, i); }); },
         .operatore = [this] { evento("cmdOperatore_Click", [&] { premiOperatore(); }); },
         .aggiungiRiga = [this] { evento("cmdAddRow_Click", [&] { premiComando(comandoNuovaRiga); }); },

@@ -31,7 +31,11 @@ void frmVaiVendita::startMe(VaiVendita& scelta) {
     costruisci(scelta);
     resize(misura);
     scelta.prog.setFocus();
-    if (exec() != Accepted) scelta.cmdEsci();
+    if (exec() == Accepted) {
+        scelta.cmdInvio();
+    } else {
+        scelta.cmdEsci();
+    }
     delete mContenuto;
     mContenuto = nullptr;
 }
