@@ -37,6 +37,16 @@ QString numeroVendita(const Vendita& v) {
     return v.txtProg.testo() + "/" + v.txtSottoProg.testo();
 }
 
+// Rows marked for deletion went with their header: there is nothing left of them to delete, nor stock to
+// move.
+void dimenticaCancellate(FlexVB& g) {
+    for (int r = 1; r <= g.ultima(); ++r) {
+        if (g.viva(r)) continue;
+        g.scrivi(r, Colonna::Rid, {});
+        g.scrivi(r, Colonna::OldQuantita, "0");
+    }
+}
+
 const char* const testoSparita =
     "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
     "La vendita non è stata salvata. Salvarla come nuova vendita?";
@@ -133,6 +143,7 @@ bool diventaNuova(Vendita& v, const Documento& d) {
         return false;
     }
     setForNewMovimento(v);
+    dimenticaCancellate(v.flxVB);
     v.txtProg.testo("(Auto)");
     v.txtSottoProg.testo("(Auto)");
     return true;

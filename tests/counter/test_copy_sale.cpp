@@ -96,7 +96,10 @@ TEST_F(CopySale, RowTakenAwayFromTheCopyStaysInTheOriginal) {
     n.operatore.attendiDomanda("Eliminare il prodotto [Vite]?", Risposta::Si);
     copia.clicRiga(1);
     copia.tasto(Qt::Key_F9);
-    EXPECT_EQ(copia.vendita().flxVB.ultima(), 0);
+    EXPECT_EQ(copia.vendita().flxVB.gestione(1), RigaCancellata);
+    n.operatore.attendiMessaggio(
+        "Attenzione! non vi è nessun elemento da salvare.\nAggiungere almeno un prodotto");
+    copia.tasto(Qt::Key_F5);
     EXPECT_EQ(n.conta("DettagliMovimento"), 1);
 }
 

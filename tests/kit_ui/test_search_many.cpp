@@ -17,10 +17,16 @@ namespace {
 class SearchOfAHundredThousand : public testing::Test {
   protected:
     SearchOfAHundredThousand() {
+        // Every five digits from 00001 to 99996, in words that every server knows.
         archivio.sql(
-            "WITH RECURSIVE N(I) AS (SELECT 1 UNION ALL SELECT I + 1 FROM N WHERE I < 99996) "
             "INSERT INTO Prodotti (CODICE, DESCRIZIONE, DISABILITATO) "
-            "SELECT printf('P%06d', I), printf('articolo %06d', I), 0 FROM N");
+            "WITH D(I) AS (SELECT 0 UNION SELECT 1 UNION SELECT 2 UNION SELECT 3 UNION SELECT 4 UNION SELECT "
+            "5 "
+            "UNION SELECT 6 UNION SELECT 7 UNION SELECT 8 UNION SELECT 9), "
+            "N(I) AS (SELECT A.I * 10000 + B.I * 1000 + C.I * 100 + E.I * 10 + F.I "
+            "FROM D A, D B, D C, D E, D F) "
+            "SELECT 'P' || SUBSTR('000000' || I, -6), 'articolo ' || SUBSTR('000000' || I, -6), 0 FROM N "
+            "WHERE I BETWEEN 1 AND 99996 ORDER BY I");
         for (const char* valori : {"'S1', 'dell''orto'", "'S2', 'dell''orto, grande'",
                                    "'S3', '50% di sconto'", "'S4', 'vite_corta'"}) {
             archivio.sql(QString("INSERT INTO Prodotti (CODICE, DESCRIZIONE, DISABILITATO) VALUES (%1, 0)")

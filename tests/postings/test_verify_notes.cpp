@@ -85,6 +85,7 @@ TEST_F(BooksThatLookWrong, CausalWithoutItsFirstCreditAccount) {
 TEST_F(BooksThatLookWrong, SubNumberOfASaleSavedInTheNewYear) {
     n.orologio.istante = QDateTime(QDate(2026, 12, 31), QTime(23, 50));
     v.txtData.testo("31/12/2026");
+    v.giornoDocumento = n.orologio.oggi();
     vendiESalva("A", "2");
     nuovaVendita();
     vendi(c, "A");
