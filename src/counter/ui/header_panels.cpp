@@ -81,7 +81,7 @@ QHBoxLayout* rigaNumeri(const Montaggio& m, QWidget* padre) {
         riga->addWidget(casella);
     };
     riga->addWidget(m.conto(4, padre));
-    aggiungi(m.v.txtData, "Data della vendita", 122);
+    aggiungi(m.v.txtData, "Data della vendita", 116);
     riga->addWidget(m.conto(6, padre));
     aggiungi(m.v.txtProg, "Progressivo", larghezzaNumero);
     riga->addWidget(nuovaDidascalia("/", ruoli::titolo, padre));
