@@ -44,7 +44,7 @@ class PulsanteConto final : public QObject {
 void aggiungiConti(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
     for (int i = 0; i < 4; ++i) {
         PulsanteComando* pulsante = m.conto(i, padre);
-        pulsante->setMinimumWidth(larghezzaConto);
+        pulsante->setMinimumWidth(aMisura(larghezzaConto));
         new PulsanteConto(*pulsante, m.v.cmdConto[static_cast<size_t>(i)], i == m.v.indice);
         riga.addWidget(pulsante);
     }
