@@ -22,6 +22,13 @@ if [[ -e $archivio && $("$strumento" verifica "$archivio" || true) == *"altra ve
 fi
 [ -e "$archivio" ] || "$strumento" crea --demo "$archivio"
 
+# A desk that has no settings yet begins with those of the demonstration.
+impostazioni=${XDG_CONFIG_HOME:-$HOME/.config}/Orbelune/prgBottegonClientVB.ini
+if [ ! -e "$impostazioni" ]; then
+    mkdir -p "$(dirname "$impostazioni")"
+    (umask 077 && printf '[Client]\nNuovaVenditaDopoSalva=1\n' >"$impostazioni")
+fi
+
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     # A desk without a register gets the simulated one, so that there is a receipt to see.
     "$uscita/bin/prgECRSimulatore" --collega

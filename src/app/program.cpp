@@ -1,10 +1,12 @@
 #include "app/program.h"
 
+#include <optional>
 #include <signal.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include <QApplication>
+#include <QScreen>
 #include <QSessionManager>
 #include <QSocketNotifier>
 
@@ -24,6 +26,9 @@
 #include "register/ui/register_windows.h"
 
 namespace {
+
+constexpr int lineeSchermoFine = 2000;
+constexpr char variabileScala[] = "QT_SCALE_FACTOR";
 
 // A signal may come at any instruction: its handler only writes to a socket, which the event loop hears.
 int presaSegnali[2] = {-1, -1};
@@ -65,10 +70,29 @@ void ascoltaFineSessione() {
         Qt::DirectConnection);
 }
 
+// A 4K screen to which the desktop gives no scale of its own: everything would be half as large as meant.
+bool schermoFine() {
+    const QScreen* schermo = QGuiApplication::primaryScreen();
+    return schermo != nullptr && schermo->devicePixelRatio() == 1.0 &&
+           schermo->geometry().height() >= lineeSchermoFine;
+}
+
+// Qt reads its scale only when an application begins.
+void apriApplicazione(std::optional<QApplication>& programma, int& argc, char** argv) {
+    programma.emplace(argc, argv);
+    if (!schermoFine() || qEnvironmentVariableIsSet(variabileScala)) return;
+    programma.reset();
+    qputenv(variabileScala, "2");
+    programma.emplace(argc, argv);
+    qunsetenv(variabileScala);  // not for the programs that are started from here
+}
+
 }  // namespace
 
 int eseguiProgramma(int argc, char* argv[]) {
-    QApplication programma(argc, argv);
+    std::optional<QApplication> applicazione;
+    apriApplicazione(applicazione, argc, argv);
+    QApplication& programma = *applicazione;
     QApplication::setApplicationName("Bottegon");
     QApplication::setQuitOnLastWindowClosed(false);
     applicaStile(programma, aspettoImpostato());

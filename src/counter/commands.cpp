@@ -162,7 +162,7 @@ void cmdConto_Click(Conto& conto, int indice) {
                 return conto.fuoco(gPrezzoListinoLordo != 0 ? v.txtPrezzoListinoLordo : v.txtPrezzoListino);
             case 11:
                 return conto.fuoco(v.txtSconto1);
-            case 12:
+            case contoPrezzo:
                 return conto.fuoco(prezzoFineRiga(v));
             case contoIva:
                 return cerca(conto, cercaIva);

@@ -70,6 +70,12 @@ bool cercaPerIlCampo(Conto& conto) {
     return true;
 }
 
+// A price is corrected all day long, and its button has no letter of its own.
+bool vaiAlPrezzo(Conto& conto) {
+    cmdConto_Click(conto, contoPrezzo);
+    return true;
+}
+
 bool apriOpzioni(Conto& conto) {
     const QScopedValueRollback aperta(gModaleAperta, true);
     conto.mostraOpzioni();
@@ -149,5 +155,6 @@ bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
         return true;
     }
     if (tasto == Qt::Key_F3) return cercaPerIlCampo(conto);
+    if (tasto == Qt::Key_F7) return vaiAlPrezzo(conto);
     return premi(conto, comandoDelTasto(tasto));
 }

@@ -42,7 +42,7 @@ TEST_F(BouncedKeys, BounceOnAClosedAccountDoesNotSaveTheNextOne) {
 TEST_F(BouncedKeys, ScanRightAfterASaveIsKept) {
     vendeUnaVite();
     tasto(Qt::Key_F5);
-    digita(gLaserChar + "VITE");
+    digita(gLaserChar + "8001234567890");
     tasto(Qt::Key_Return);
     EXPECT_EQ(vendita().flxVB.cella(1, Colonna::Quantita), "2,00");
 }

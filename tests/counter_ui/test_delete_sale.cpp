@@ -16,6 +16,7 @@ class DeleteSale : public CounterScreen {
         tasto(Qt::Key_Return);
         tasto(Qt::Key_F5);
         EXPECT_EQ(negozio.conta("Movimenti"), 1);
+        aspettaCheSenta();
     }
     void rispondeSi() {
         negozio.operatore.attendiDomanda("Eliminare il movimento con progressivo 0001/0001?",

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 
 #include "counter/ui/command_button.h"
+#include "counter/ui/style.h"
 #include "counter_screen.h"
 #include "kit/ui/labels.h"
 #include "sale/document_info.h"
@@ -38,10 +39,21 @@ bool parla(const QWidget* w) {
            qobject_cast<const QLineEdit*>(w);
 }
 
-class Layout : public CounterScreen, public testing::WithParamInterface<QSize> {
+struct Scrivania {
+    QSize misura;
+    bool carattereGrande = false;
+};
+
+std::string nomeDi(const Scrivania& s) {
+    return std::to_string(s.misura.width()) + "x" + std::to_string(s.misura.height()) +
+           (s.carattereGrande ? "_large" : "");
+}
+
+class Layout : public CounterScreen, public testing::WithParamInterface<Scrivania> {
   protected:
     Layout() {
-        apri(GetParam());
+        applicaStile(*qApp, {.carattereGrande = GetParam().carattereGrande});
+        apri(GetParam().misura);
         riempi();
         QApplication::processEvents();
     }
@@ -55,28 +67,28 @@ class Layout : public CounterScreen, public testing::WithParamInterface<QSize> {
     }
     void salvaImmagine(const QString& nome) const {
         QDir().mkpath("schermate");
-        const QSize misura = GetParam();
-        EXPECT_TRUE(finestra->grab().save(
-            QString("schermate/%1_%2x%3.png").arg(nome).arg(misura.width()).arg(misura.height())));
+        EXPECT_TRUE(finestra->grab().save("schermate/" + nome + "_" +
+                                          QString::fromStdString(nomeDi(GetParam())) + ".png"));
     }
 };
 
-INSTANTIATE_TEST_SUITE_P(
-    Screens, Layout, testing::Values(QSize(1280, 760), QSize(1280, 800), QSize(1366, 740), QSize(1920, 1040)),
-    [](const auto& info) {
-        return std::to_string(info.param.width()) + "x" + std::to_string(info.param.height());
-    });
+// A screen less the window's title and a task bar.
+INSTANTIATE_TEST_SUITE_P(Screens, Layout,
+                         testing::Values(Scrivania{{1280, 760}}, Scrivania{{1280, 800}},
+                                         Scrivania{{1366, 740}}, Scrivania{{1920, 1040}},
+                                         Scrivania{{1280, 760}, true}, Scrivania{{1366, 740}, true}),
+                         [](const auto& info) { return nomeDi(info.param); });
 
 TEST_P(Layout, TheScreenFits) {
-    EXPECT_LE(finestra->minimumSizeHint().width(), GetParam().width());
-    EXPECT_LE(finestra->minimumSizeHint().height(), GetParam().height());
+    EXPECT_LE(finestra->minimumSizeHint().width(), GetParam().misura.width());
+    EXPECT_LE(finestra->minimumSizeHint().height(), GetParam().misura.height());
     salvaImmagine("vendita");
 }
 
 TEST_P(Layout, TheScreenFitsWithTheVatFields) {
     setViewMode(vendita(), true);
     QApplication::processEvents();
-    EXPECT_LE(finestra->minimumSizeHint().height(), GetParam().height());
+    EXPECT_LE(finestra->minimumSizeHint().height(), GetParam().misura.height());
     salvaImmagine("iva");
 }
 

@@ -51,7 +51,7 @@ const std::array<VoceComando, CampiVendita::numeroConti>& conti() {
         {"Vai al prezzo di listino", "Passa al prezzo di listino", pronto},
         {"Informazioni sul prodotto", "mostra tutto del prodotto", presto},
         {"Vai agli sconti", "Passa agli sconti", pronto},
-        {"Vai al prezzo", "Passa al prezzo della riga", pronto},
+        {"Vai al prezzo", "Passa al prezzo della riga (F7)", pronto},
         {"Cerca il codice IVA", "Cerca un codice IVA", pronto},
     }};
     return tabella;

@@ -23,7 +23,7 @@ QVBoxLayout* colonnaVendita(const Montaggio& m, GrigliaVendita* griglia, QWidget
 
 QWidget* colonnaTotali(const Montaggio& m, QWidget* padre) {
     auto* tutto = new QWidget(padre);
-    tutto->setFixedWidth(larghezzaTotali);
+    tutto->setFixedWidth(aMisura(larghezzaTotali));
     auto* colonna = new QVBoxLayout(tutto);
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(spazio);

@@ -47,7 +47,7 @@ class PulsanteConto final : public QObject {
 void aggiungiConti(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
     for (int i = 0; i < 4; ++i) {
         PulsanteComando* pulsante = m.conto(i, padre);
-        pulsante->setMinimumWidth(larghezzaConto);
+        pulsante->setMinimumWidth(aMisura(larghezzaConto));
         new PulsanteConto(*pulsante, m.v.cmdConto[static_cast<size_t>(i)], i == m.v.indice);
         riga.addWidget(pulsante);
     }
@@ -97,7 +97,7 @@ QHBoxLayout* rigaNumeri(const Montaggio& m, QWidget* padre) {
         riga->addWidget(casella);
     };
     riga->addWidget(m.conto(4, padre));
-    aggiungi(m.v.txtData, "Data della vendita", 122);
+    aggiungi(m.v.txtData, "Data della vendita", 116);
     riga->addWidget(m.conto(6, padre));
     aggiungi(m.v.txtProg, "Progressivo", larghezzaNumero);
     riga->addWidget(nuovaDidascalia("/", ruoli::titolo, padre));

@@ -169,14 +169,11 @@ QWidget* pannelloTotali(const Montaggio& m, QWidget* padre) {
     tabella.voce("A saldo", m.v.lblLastMainDisplay, "Importo già contato nel saldo");
     colonna->addLayout(tabella.griglia());
 
-    auto* riga = nuovaDisposizione<QHBoxLayout>(spazio);
     QLabel* ora = m.testo(m.v.lblOra, "Data e ora della riga", pannello);
     QLabel* operatore = m.testo(m.v.lblOperatoreScreen, "Operatore della riga", pannello);
     for (QLabel* etichetta : {ora, operatore}) {
         etichetta->setProperty(ruoli::proprieta, ruoli::didascalia);
+        colonna->addWidget(etichetta);
     }
-    riga->addWidget(ora, 1);
-    riga->addWidget(operatore);
-    colonna->addLayout(riga);
     return pannello;
 }

@@ -86,6 +86,8 @@ QBoxLayout* frmPagamento::importi() {
     resto->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     collega(mMonitor->lblResto, resto);
     resto->setAccessibleName("Resto");
+    resto->setContentsMargins(distanza, 0, distanza, 0);
+    resto->setProperty("ruolo", "display");  // its green and red want a dark ground
     colonna->addWidget(resto, 1);
     return colonna;
 }
