@@ -68,7 +68,7 @@ class SearchOfAHundredThousand : public testing::Test {
         return codici.join(' ');
     }
 
-    ArchivioDiProva archivio;
+    LibriDiProva archivio;
     QWidget* form = nullptr;
 };
 
