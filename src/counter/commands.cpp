@@ -5,6 +5,7 @@
 #include "core/errors.h"
 #include "core/globals.h"
 #include "core/numbers.h"
+#include "core/operator_port.h"
 #include "counter/accounts.h"
 #include "counter/copy_sale.h"
 #include "counter/fields.h"
@@ -170,4 +171,12 @@ void cmdConto_Click(Conto& conto, int indice) {
                 return;
         }
     });
+}
+
+void lblDescPagamento_DblClick(Conto& conto) {
+    if (gContoCassa > 0) return;
+    conto.operatore().messaggio(
+        "Per visualizzare l'incasso giornaliero è necessario impostare il conto della Cassa nelle opzioni "
+        "(CTRL+F11)",
+        OperatorPort::Icona::Informazione);
 }

@@ -14,3 +14,5 @@ constexpr int contoProdotto = 7;
 constexpr int contoPrezzo = 12;
 constexpr int contoIva = 13;
 void cmdConto_Click(Conto& conto, int indice);
+// The day's cash, for which the desk must know its cash account.
+void lblDescPagamento_DblClick(Conto& conto);

@@ -59,12 +59,21 @@ bool lasciaCampo(Conto& conto, Campo& campo) {
         false);
 }
 
+// A code that came without keys of its own, as from the keypad, is kept where it begins a new sale.
+void codiceDigitato(Conto& conto, QChar tasto) {
+    Campo& campo = conto.vendita().txtCodProdotto;
+    const QString codice = campo.testo();
+    if (!tasto.isPrint() && (tasto != u'\r' || codice.isEmpty())) return;
+    primaDelProdotto(conto, true);
+    if (!tasto.isPrint()) campo.testo(codice);
+}
+
 }  // namespace
 
 std::optional<QChar> tastoInCampo(Conto& conto, Campo& campo, QChar tasto) {
     Vendita& v = conto.vendita();
     std::optional<QChar> passa = tasto;
-    if (&campo == &v.txtCodProdotto && tasto.isPrint()) primaDelProdotto(conto, true);
+    if (&campo == &v.txtCodProdotto) codiceDigitato(conto, tasto);
     if (&campo == &v.txtCodProdotto) passa = txtCodProdotto_KeyPress(v, tasto);
     if (&campo == &v.txtCodCliente && tasto == u'\r') txtCodCliente_Invio(v);
     if (!passa) return std::nullopt;

@@ -65,9 +65,15 @@ bool scriviAcconto(const Termini& termini, int idPrimaNota, Currency importo, QD
     return scriviScadenza(idPrimaNota, data, getSqlNumber(QVariant(negative ? -acconto : acconto)));
 }
 
+// Terms that tell more instalments than there are rows of them.
+const char* const testoRateMancanti =
+    "Il pagamento prevede più rate di quelle che vi sono registrate: completarlo nell'archivio dei "
+    "pagamenti.";
+
 bool scriviRate(const Termini& termini, int idPrimaNota, Currency importo, QDate data, bool negative) {
     for (int i = 0; i < termini.numeroRate; ++i) {
-        if (i >= static_cast<int>(termini.rate.size())) throw RunTimeError(RunTimeError::IndiceNonValido);
+        if (i >= static_cast<int>(termini.rate.size()))
+            throw RunTimeError(RunTimeError::IndiceNonValido, testoRateMancanti);
         const Rata& rata = termini.rate[static_cast<size_t>(i)];
         const Currency quota = Currency::daDouble(importo.toDouble() * (rata.percentuale / 100));
         if (!scriviScadenza(idPrimaNota, scadenza(termini, data, rata.giorni),

@@ -59,6 +59,7 @@ void dopoErroreECommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelS
     const EsitoCommit esito =
         d.testata.empty() ? EsitoCommit::NonRegistrato : cercaTestata(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
+        gFrmRegCassa().scontrini.salvataggioConcluso(true);
         showVendita(v, d.idMovimento, -1, d.extraProg, -1);
         operatore.messaggio(testoComeNellArchivio, Icona::Esclamazione);
         return;

@@ -7,6 +7,7 @@ StatoPrimaDelSalvataggio::StatoPrimaDelSalvataggio(const Vendita& v)
     : mRid(v.lblRID.testo()),
       mProg(v.txtProg.testo()),
       mTotConto(v.lblTotConto.testo()),
+      mGiaContato(v.lblLastMainDisplay.testo()),
       mPrimaNota(v.idPrimaNota),
       mPNPagamento(v.idPNPagamento),
       mPagamento(v.idPagamento) {
@@ -44,5 +45,6 @@ void StatoPrimaDelSalvataggio::rimetti(Vendita& v) const {
             v.flxVB.scrivi(r, static_cast<Colonna>(c),
                            mCelle[static_cast<size_t>(r - 1)][static_cast<size_t>(c)]);
     }
+    v.lblLastMainDisplay.testo(mGiaContato);
     calcolaTotali(v, false);
 }

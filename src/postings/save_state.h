@@ -40,7 +40,7 @@ class StatoPrimaDelSalvataggio {
     static Celle celle(const FlexVB& g);
     void rimetti(Vendita& v) const;
 
-    QString mRid, mProg, mTotConto;
+    QString mRid, mProg, mTotConto, mGiaContato;
     int mPrimaNota, mPNPagamento, mPagamento;
     Celle mCelle;
 };

@@ -70,6 +70,9 @@ TEST_F(BadInput, TermsWithFewerInstalmentsThanToldAreNotBookedInPart) {
     n.sql("UPDATE Pagamenti SET NRATE = 3 WHERE RID = 1");
     n.operatore.attendiAvviso("bBottegonClientVB.generaScadenzePagamento");
     rifiutata();
+    EXPECT_EQ(n.operatore.avvisi.back().descrizione,
+              "Il pagamento prevede più rate di quelle che vi sono registrate: completarlo nell'archivio dei "
+              "pagamenti.");
     n.sql("UPDATE Pagamenti SET NRATE = 2 WHERE RID = 1");
     salvata();
 }

@@ -159,7 +159,7 @@ TEST_F(FaultRuns, MonitorOfAFloodingPeerStaysWithinItsLimit) {
 
 TEST_F(FaultRuns, AnotherProgramOnThePortDoesNotHoldUpTheTill) {
     connetti();
-    peer.manda("SSH-2.0-OpenSSH_9.2\r\n");
+    peer.manda("SSH-2.0-prova\r\n");
     peer.risposta = [](const QByteArray&) { return QByteArray("Protocol mismatch.\r\n"); };
     vende();
     vende();

@@ -1,6 +1,7 @@
 #include "counter/ui/assembly.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QFrame>
 #include <QLabel>
 
@@ -28,7 +29,26 @@ PulsanteComando* arreda(Campo& campo, const VoceComando& voce, QWidget* padre) {
     return nuovo;
 }
 
+class DoppioClic final : public QObject {
+  public:
+    DoppioClic(QWidget* widget, std::function<void()> azione) : QObject(widget), mAzione(std::move(azione)) {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* evento) override {
+        if (evento->type() != QEvent::MouseButtonDblClick) return false;
+        mAzione();
+        return true;
+    }
+
+  private:
+    std::function<void()> mAzione;
+};
+
 }  // namespace
+
+void alDoppioClic(QWidget* widget, std::function<void()> azione) {
+    new DoppioClic(widget, std::move(azione));
+}
 
 QLabel* postoFisso(QLabel* spia) {
     QSizePolicy posto = spia->sizePolicy();

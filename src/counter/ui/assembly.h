@@ -25,6 +25,7 @@ struct EventiSchermo {
     std::function<void()> regCassa;
     std::function<void(Campo&, bool)> spunta;
     std::function<void(int)> alternativo;
+    std::function<void()> pagamento;  // double click on the payment reason
 };
 
 // Makes the widgets of a screen, each bound to its field in one call.
@@ -54,6 +55,7 @@ class Montaggio {
 
 // A light that leaves its place free while it is out, so that nothing around it moves.
 QLabel* postoFisso(QLabel* spia);
+void alDoppioClic(QWidget* widget, std::function<void()> azione);
 QFrame* nuovoPannello(const char* ruolo, QWidget* padre);
 QLabel* nuovaDidascalia(const QString& testo, const char* ruolo, QWidget* padre);
 // A row or column without margins of its own.

@@ -166,6 +166,8 @@ EventiSchermo frmMain::eventi() {
             [this](int i) {
                 evento("lswAlternativi_DblClick", [&] { lswAlternativi_DblClick(vendita(), i); });
             },
+        .pagamento =
+            [this] { evento("lblDescPagamento_DblClick", [&] { lblDescPagamento_DblClick(*this); }); },
     };
 }
 

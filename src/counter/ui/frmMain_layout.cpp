@@ -28,8 +28,7 @@ QWidget* colonnaTotali(const Montaggio& m, QWidget* padre) {
     colonna->setContentsMargins(0, 0, 0, 0);
     colonna->setSpacing(spazio);
     colonna->addWidget(pannelloDisplay(m, tutto));
-    colonna->addWidget(pannelloProdotto(m, tutto), 1);
-    colonna->addWidget(pannelloTotali(m, tutto));
+    colonna->addWidget(pannelloLaterale(m, tutto), 1);
     return tutto;
 }
 

@@ -128,17 +128,20 @@ QWidget* pannelloDisplay(const Montaggio& m, QWidget* padre) {
     colonna->addLayout(ultima);
 
     auto* pagamento = nuovaDisposizione<QHBoxLayout>(spazio);
-    pagamento->addWidget(m.testo(m.v.lblDescPagamento, "Pagamento", pannello), 1);
+    QLabel* causale = m.testo(m.v.lblDescPagamento, "Pagamento", pannello);
+    alDoppioClic(causale, m.eventi().pagamento);
+    pagamento->addWidget(causale, 1);
     pagamento->addWidget(m.spunta(m.v.chkPagato, "Pagata", pannello));
     colonna->addLayout(pagamento);
     return pannello;
 }
 
-QWidget* pannelloProdotto(const Montaggio& m, QWidget* padre) {
+QWidget* pannelloProdotto(const Montaggio& m, QWidget* tasti, QWidget* padre) {
     QFrame* pannello = nuovoPannello(ruoli::pannello, padre);
     QVBoxLayout* colonna = colonnaDi(pannello);
     auto* testa = nuovaDisposizione<QHBoxLayout>(spazio);
     testa->addWidget(nuovaDidascalia("PRODOTTO", ruoli::titolo, pannello), 1);
+    testa->addWidget(tasti);
     testa->addWidget(m.conto(10, pannello));
     colonna->addLayout(testa);
 
