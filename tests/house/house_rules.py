@@ -105,12 +105,14 @@ def intestazioniWidget(cartella):
 
 
 def widgetAmmessi(sorgente):
-    """Windows, those of tools, tests of windows, and the application object of those tests."""
+    """Windows, those of tools, tests and benchmarks of windows, and the application object of those."""
     if sorgente.startswith("src/"):
         return finestra(sorgente)
     parti = PurePosixPath(sorgente).parts
     if parti[0] == "tools":
         return "ui" in parti[2:-1]
+    if parti[0] == "bench":
+        return parti[1] in ("bench_main.cpp", "bench_counter.cpp")
     return parti[0] == "tests" and (len(parti) == 2 or parti[1] == "app" or parti[1].endswith("_ui"))
 
 

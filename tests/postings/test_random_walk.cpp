@@ -302,7 +302,9 @@ void Passeggiata::converti() {
 void Passeggiata::carica() {
     const int prodotto = std::array{0, 1, 3}[static_cast<size_t>(caso(3))];
     const int quantita = 1 + caso(20);
-    const Decimillesimi costo = 1000 + 500 * caso(5);
+    // At the average multiples of a power of two: none of so few pieces stands in the middle between two
+    // amounts, where a server's sum of binary fractions falls to either side.
+    const Decimillesimi costo = gPrezzoMedio == 1 ? 2048 * (1 + caso(5)) : 1000 + 500 * caso(5);
     m.carica(prodotto, quantita, costo, oggi());
     const auto& [chiave, d] = *m.documenti().rbegin();
     const QString codice = m.prodotti()[static_cast<size_t>(prodotto)].codice;

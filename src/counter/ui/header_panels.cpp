@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <QCheckBox>
 #include <QEvent>
 #include <QFrame>
@@ -67,7 +69,8 @@ void aggiungiRegCassa(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
     riga.addWidget(lampada);
     PulsanteComando* parole = m.pulsante(m.v.lblRegCassa, m.eventi().regCassa, padre);
     parole->setToolTip("Mostra il collegamento con il registratore di cassa");
-    parole->setMinimumWidth(larghezzaRegCassa);
+    const int larghezza = parole->fontMetrics().horizontalAdvance("REG. CASSA") + larghezzaRegCassa / 3;
+    parole->setMinimumWidth(std::max(larghezzaRegCassa, larghezza));
     riga.addWidget(parole);
 }
 
