@@ -157,7 +157,6 @@ void GiornaleVendite::annota() {
 }
 
 void GiornaleVendite::inSalvataggio(int conto, const SalvataggioIncerto& salvataggio) {
-    annota();
     scrivi({{nomeConto, conto}, {nomeSalva, jsonDi(salvataggio)}});
     mRegistro.sincronizza();
 }

@@ -32,7 +32,8 @@ class GiornaleVendite {
 
     // Writes down what has changed on the open accounts. After every key.
     void annota();
-    // On the disk before the commit: what the books will hold if it succeeds.
+    // On the disk before the commit: what the books will hold if it succeeds. The sale itself stays written
+    // down as it was before its save, without the keys that only the commit makes true.
     void inSalvataggio(int conto, const SalvataggioIncerto& salvataggio);
 
     // This user's file for the archive and desk in force: another archive's sales wait in theirs.

@@ -139,6 +139,12 @@ class KilledShift : public BancoDiProva {
         mUltima = std::max(mUltima, vendita);
     }
 
+    // Behind every number that a program may have used, also for a sale that it had no time to tell of.
+    int numeriNuovi() {
+        mPrima = (std::max(mUltima, mPrima) / venditePerGiro + 3) * venditePerGiro + 1;
+        return mPrima;
+    }
+
     // The pieces of each sale in the books, as told by the archive.
     std::map<int, int> venditeNeiLibri() const {
         std::map<int, int> volte;
@@ -152,11 +158,10 @@ class KilledShift : public BancoDiProva {
         RecordProperty("seme", static_cast<int>(seme));
         std::mt19937 caso(seme);
         for (int i = 0; i < uccisioni; ++i) {
-            // Numbers of a round that was broken off are not used again.
-            const int prima = (mUltima / venditePerGiro + 1) * venditePerGiro + 1;
+            const int prima = numeriNuovi();
             vita(prima, prima + 100 * venditePerGiro, static_cast<int>(caso() % 20));
         }
-        const int prima = (mUltima / venditePerGiro + 1) * venditePerGiro + 1;
+        const int prima = numeriNuovi();
         const int mancano = std::max(0, vendite - static_cast<int>(mIniziate.size()));
         vita(prima, prima + (mancano / venditePerGiro + 1) * venditePerGiro, -1);
         const std::map<int, int> libri = venditeNeiLibri();
@@ -177,6 +182,7 @@ class KilledShift : public BancoDiProva {
   private:
     std::set<int> mIniziate;  // sales whose row had been written down
     int mUltima = 0;
+    int mPrima = 0;  // the first number of the last round
 };
 
 unsigned seme() {

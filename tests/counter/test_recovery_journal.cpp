@@ -235,6 +235,7 @@ TEST_F(RecoveryJournal, SaleWhoseCommitSucceededIsNotOffered) {
 
 TEST_F(RecoveryJournal, SaleWhoseCommitDidNotComeIsOffered) {
     ContoDiProva& c = contoConVendita();
+    giornale->annota();
     QByteArray primaDelCommit;
     auto annota = c.vendita().primaDelCommit;
     c.vendita().primaDelCommit = [&](const SalvataggioIncerto& s) {
@@ -256,6 +257,9 @@ TEST_F(RecoveryJournal, SaleWhoseCommitDidNotComeIsOffered) {
     getConto(0, false);
     riprende();
     EXPECT_EQ(n.vendita(0).flxVB.ultima(), 1);
+    EXPECT_EQ(n.vendita(0).idPrimaNota, -1);
+    EXPECT_EQ(n.vendita(0).idPNPagamento, -1);
+    EXPECT_EQ(n.vendita(0).txtProg.testo(), "(Auto)");
 }
 
 TEST_F(RecoveryJournal, EveryDeskAndArchiveHasItsOwn) {
