@@ -29,7 +29,8 @@ installa() {
     local opzioni=(--no-defaults --auth-root-authentication-method=normal --skip-test-db
         --innodb-log-file-size=16M "--datadir=$1/data")
     if [ "$(id -u)" -eq 0 ]; then opzioni+=(--user=root); fi
-    mariadb-install-db "${opzioni[@]}" >"$1/install.log" 2>&1 || {
+    # Of its own: a server that starts sweeps the folder for what others left there.
+    TMPDIR=$1 mariadb-install-db "${opzioni[@]}" >"$1/install.log" 2>&1 || {
         cat "$1/install.log" >&2
         errore "the data folder could not be made"
     }

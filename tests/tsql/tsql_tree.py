@@ -114,9 +114,14 @@ def regola_tipi(albero, schema):
                 yield f"types: {colonna.name} of {valore.sql()[:60]}"
 
 
-def senza_aggregati(nodo):
-    """The columns of an expression that stand in no aggregate."""
-    return [c for c in nodo.find_all(exp.Column) if not c.find_ancestor(exp.AggFunc)]
+def propri(nodi, select):
+    """Those of the nodes that belong to the query itself and to none inside it."""
+    return [n for n in nodi if n.find_ancestor(exp.Select) is select]
+
+
+def senza_aggregati(nodo, select):
+    """The columns of an expression of the query that stand in no aggregate."""
+    return [c for c in propri(nodo.find_all(exp.Column), select) if not c.find_ancestor(exp.AggFunc)]
 
 
 def regola_gruppi(albero, _schema):
@@ -125,14 +130,14 @@ def regola_gruppi(albero, _schema):
             if isinstance(nuda(uscita.unalias()), CONDIZIONI):
                 yield f"a condition as a column: {uscita.sql()[:60]}"
         gruppo, having = select.args.get("group"), select.args.get("having")
-        aggregata = any(e.find(exp.AggFunc) for e in select.expressions)
+        aggregata = any(propri(e.find_all(exp.AggFunc), select) for e in select.expressions)
         if not (gruppo or having or aggregata):
             continue
         ammesse = {c.sql().upper() for c in gruppo.expressions} if gruppo else set()
         uscite = {a.alias.upper() for a in select.find_all(exp.Alias)}
         parti = [*select.expressions, *filter(None, (having, select.args.get("order")))]
         libere = [p for p in parti if p.unalias().sql().upper() not in ammesse]
-        for colonna in (c for parte in libere for c in senza_aggregati(parte)):
+        for colonna in (c for parte in libere for c in senza_aggregati(parte, select)):
             if colonna.sql().upper() not in ammesse and colonna.sql().upper() not in uscite:
                 yield f"{colonna.sql()} is neither grouped nor aggregated"
 
