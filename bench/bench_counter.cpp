@@ -92,22 +92,28 @@ static void cambioDiConto(benchmark::State& stato) {
 }
 BENCHMARK(cambioDiConto)->Arg(1)->Arg(100)->UseManualTime()->Iterations(cambi)->Unit(benchmark::kMicrosecond);
 
-// One digit of a quantity, written down; other rows stand on the screen.
-static void giornalePerTasto(benchmark::State& stato) {
-    TillDimostrativa till;
-    ContoDiProva& conto = till.conto();
-    vendi(conto, till, 1);
-    allunga(conto.vendita().flxVB, conto.vendita().flxVB, static_cast<int>(stato.range(0)));
+// How long it takes to write down what the operator does to a sale of that many rows.
+template <class Gesto>
+static void misuraGiornale(benchmark::State& stato, TillDimostrativa& till, const Gesto& gesto) {
+    FlexVB& righe = till.conto().vendita().flxVB;
+    vendi(till.conto(), till, 1);
+    allunga(righe, righe, static_cast<int>(stato.range(0)));
     const QTemporaryDir cartella;
     GiornaleVendite giornale(cartella.filePath("vendite_aperte.giornale"));
     giornale.annota();
     Tempi tempi;
-    int cifra = 0;
+    int i = 0;
     for (auto _ : stato) {
-        conto.vendita().txtQta.testo(QString::number(++cifra % 10));
+        gesto(++i);
         tempi.misura(stato, [&] { giornale.annota(); });
     }
     tempi.mostra(stato);
+}
+
+// One digit of a quantity.
+static void giornalePerTasto(benchmark::State& stato) {
+    TillDimostrativa till;
+    misuraGiornale(stato, till, [&](int i) { till.conto().vendita().txtQta.testo(QString::number(i % 10)); });
 }
 BENCHMARK(giornalePerTasto)
     ->Arg(1)
@@ -120,19 +126,7 @@ BENCHMARK(giornalePerTasto)
 // One row more, which is the most that a scan changes.
 static void giornalePerScansione(benchmark::State& stato) {
     TillDimostrativa till(catalogo);
-    ContoDiProva& conto = till.conto();
-    vendi(conto, till, 1);
-    allunga(conto.vendita().flxVB, conto.vendita().flxVB, static_cast<int>(stato.range(0)));
-    const QTemporaryDir cartella;
-    GiornaleVendite giornale(cartella.filePath("vendite_aperte.giornale"));
-    giornale.annota();
-    Tempi tempi;
-    int i = 0;
-    for (auto _ : stato) {
-        conto.scansiona(till.barcode(++i));
-        tempi.misura(stato, [&] { giornale.annota(); });
-    }
-    tempi.mostra(stato);
+    misuraGiornale(stato, till, [&](int i) { till.conto().scansiona(till.barcode(i)); });
 }
 BENCHMARK(giornalePerScansione)
     ->Arg(1)

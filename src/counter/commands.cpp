@@ -60,8 +60,7 @@ void salva(Conto& conto) {
     if (gMonitor != 0 && (v.chkPagato.valore() == 1 || !v.chkPagato.abilitato())) apriMonitorResto(conto);
     if (!salvaEMostraUltima(conto)) return;
     // Numbers start again every year: a sale saved after midnight is looked up in its own.
-    const int anno = QDate::fromString(v.txtData.testo(), "dd/MM/yyyy").year();
-    showVendita(v, 0, valIntero(v.txtProg.testo()), valIntero(v.txtSottoProg.testo()), anno);
+    showVendita(v, 0, v.progressivo(), v.extraProg(), v.giorno().year());
     if (v.indice > 0) return conto.scarica();
     mostraVenditaSalvata(conto);
     conto.venditaSalvata();

@@ -113,10 +113,9 @@ void showMovimento(Conto& conto) {
     if (rid <= 0) return;
     const int extraProg = extraProgDellaRiga(rid);
     if (extraProg <= 0) return;
-    if (extraProg != valIntero(v.txtSottoProg.testo())) {
+    if (extraProg != v.extraProg()) {
         if (chiediSalvataggio(conto)) return;
-        const int anno = QDate::fromString(v.txtData.testo(), "dd/MM/yyyy").year();
-        showVendita(v, v.rid(), valIntero(v.txtProg.testo()), extraProg, anno);
+        showVendita(v, v.rid(), v.progressivo(), extraProg, v.giorno().year());
     }
     selFlexRow(v, rigaConChiave(v.flxVB, rid));
 }

@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 
+#include "counter/uncertain_save_record.h"
 #include "sale/row_writer.h"
 #include "sale/totals.h"
 
@@ -93,38 +94,6 @@ void scriviRiga(const QJsonObject& riga, Vendita& v) {
     checkRowReso(v, r);
 }
 
-QJsonArray chiaviDi(const std::set<int>& chiavi) {
-    QJsonArray tutte;
-    for (const int chiave : chiavi) {
-        tutte.append(chiave);
-    }
-    return tutte;
-}
-
-std::set<int> chiaviDa(const QJsonValue& valore) {
-    std::set<int> tutte;
-    for (const QJsonValue& chiave : valore.toArray()) {
-        tutte.insert(chiave.toInt());
-    }
-    return tutte;
-}
-
-QJsonArray colonneDi(const RigaScritta& riga) {
-    QJsonArray colonne;
-    for (const auto& [colonna, valore] : riga) {
-        colonne.append(QJsonArray{colonna, valore});
-    }
-    return colonne;
-}
-
-RigaScritta colonneDa(const QJsonValue& valore) {
-    RigaScritta riga;
-    for (const QJsonValue& colonna : valore.toArray()) {
-        riga.emplace_back(colonna[0].toString(), colonna[1].toString());
-    }
-    return riga;
-}
-
 }  // namespace
 
 QJsonObject TracciaVendita::differenza(const Vendita& v) {
@@ -145,9 +114,8 @@ QJsonObject TracciaVendita::differenzaCampi(const Vendita& v) {
     const auto& tutti = v.elenco.tutti();
     mCampi.resize(tutti.size());
     for (size_t i = 0; i < tutti.size(); ++i) {
-        if (dellaSchermata(*tutti[i])) continue;
         ValoreCampo adesso = valoreDi(*tutti[i]);
-        if (mIniziata && adesso == mCampi[i]) continue;
+        if ((mIniziata && adesso == mCampi[i]) || dellaSchermata(*tutti[i])) continue;
         cambiati[tutti[i]->nome()] = QJsonArray{adesso.testo, adesso.tag, adesso.valore, adesso.segni};
         mCampi[i] = std::move(adesso);
     }
@@ -212,40 +180,4 @@ void ImmagineVendita::scriviIn(Vendita& v) const {
         if (valore != mCampi.constEnd() && !dellaSchermata(*campo)) scrivi(*campo, *valore);
     }
     scriviStato(mStato, v);
-}
-
-QJsonObject jsonDi(const SalvataggioIncerto& s) {
-    QJsonObject mutate;
-    for (const auto& [rid, colonne] : s.righe.mutate) {
-        mutate[QString::number(rid)] = colonneDi(colonne);
-    }
-    QJsonArray nuove;
-    for (const RigaScritta& riga : s.righe.nuove) {
-        nuove.append(colonneDi(riga));
-    }
-    return {{"movimento", s.idMovimento},
-            {"extraProg", s.extraProg},
-            {"testata", colonneDi(s.testata)},
-            {"note", chiaviDi(s.righe.note)},
-            {"cancellate", chiaviDi(s.righe.cancellate)},
-            {"mutate", mutate},
-            {"nuove", nuove},
-            {"schermo", QJsonArray::fromStringList(s.schermo)}};
-}
-
-SalvataggioIncerto salvataggioDa(const QJsonObject& o) {
-    SalvataggioIncerto s{o["movimento"].toInt(), o["extraProg"].toInt(), colonneDa(o["testata"]), {}, {}};
-    s.righe.note = chiaviDa(o["note"]);
-    s.righe.cancellate = chiaviDa(o["cancellate"]);
-    const QJsonObject mutate = o["mutate"].toObject();
-    for (auto m = mutate.begin(); m != mutate.end(); ++m) {
-        s.righe.mutate[m.key().toInt()] = colonneDa(m.value());
-    }
-    for (const QJsonValue& nuova : o["nuove"].toArray()) {
-        s.righe.nuove.push_back(colonneDa(nuova));
-    }
-    for (const QJsonValue& riga : o["schermo"].toArray()) {
-        s.schermo << riga.toString();
-    }
-    return s;
 }

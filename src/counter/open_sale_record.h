@@ -6,7 +6,6 @@
 #include <QJsonObject>
 #include <QStringList>
 
-#include "sale/uncertain_save.h"
 #include "sale/vendita.h"
 
 // A sale under way as records that can be written down and brought back: each tells what has changed since
@@ -52,6 +51,3 @@ class ImmagineVendita {
     QJsonObject mStato;
     QList<QJsonObject> mRighe;
 };
-
-QJsonObject jsonDi(const SalvataggioIncerto& salvataggio);
-SalvataggioIncerto salvataggioDa(const QJsonObject& oggetto);

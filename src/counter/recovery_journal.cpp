@@ -8,6 +8,7 @@
 
 #include "core/errors.h"
 #include "core/globals.h"
+#include "counter/uncertain_save_record.h"
 #include "data/settings_store.h"
 #include "postings/lost_save.h"
 #include "sale/customer.h"

@@ -25,7 +25,6 @@ class RegistroAppeso {
     // False when it could not be written; then nothing of it is in the file.
     bool aggiungi(const QByteArray& record);
     // Nothing was written since the start or the last `elimina`.
-    bool vuoto() const { return mFile < 0; }
     // Returns when all records are on the disk.
     void sincronizza();
     // The file goes.

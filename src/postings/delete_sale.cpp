@@ -88,12 +88,12 @@ struct Cancellazione {
 RegistrazionePN registrazione(const Vendita& v, const Cancellazione& c, const QString& inizio) {
     RegistrazionePN r;
     r.idAnagrafe = v.cliente();
-    r.descrizione = inizio + Format(valIntero(v.txtProg.testo()), u"0000") + " del " + v.txtData.testo();
+    r.descrizione = inizio + Format(v.progressivo(), u"0000") + " del " + v.txtData.testo();
     r.importo = c.totale;
     r.data = r.dataValuta = c.data;
     r.imposta = c.iva;
     r.idPagamento = v.idPagamento;
-    r.codicePartita = "VB/" + QString::number(valIntero(v.txtProg.testo()));
+    r.codicePartita = "VB/" + QString::number(v.progressivo());
     return r;
 }
 
@@ -133,7 +133,7 @@ bool leggiResto(Vendita& v, int idMovimento, Cancellazione& c) {
 bool togliDaiLibri(Vendita& v, int idMovimento) {
     if (!removeDettagli(v)) return false;
     Cancellazione c;
-    c.data = QDate::fromString(v.txtData.testo(), "dd/MM/yyyy");
+    c.data = v.giorno();
     if (!leggiResto(v, idMovimento, c)) return false;
     const int registrazioneDocumento = riscriviDocumento(v, c);
     if (registrazioneDocumento < 0) return false;
@@ -171,15 +171,14 @@ bool salvataggioChiarito(Vendita& v) {
     v.salvataggioIncerto.reset();
     if (esito == EsitoCommit::NonRegistrato) return true;
     showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
-    operatore.messaggio(QString(testoGiaSalvata).arg(v.txtProg.testo() + "/" + v.txtSottoProg.testo()),
-                        Icona::Esclamazione);
+    operatore.messaggio(QString(testoGiaSalvata).arg(v.numero()), Icona::Esclamazione);
     return false;
 }
 
 bool confermata(Vendita& v) {
-    const auto numero = [](const Campo& campo) { return Format(valIntero(campo.testo()), u"0000"); };
-    return v.schermo.operatore().chiedeSi("Eliminare il movimento con progressivo " + numero(v.txtProg) +
-                                          "/" + numero(v.txtSottoProg) + "?");
+    return v.schermo.operatore().chiedeSi("Eliminare il movimento con progressivo " +
+                                          Format(v.progressivo(), u"0000") + "/" +
+                                          Format(v.extraProg(), u"0000") + "?");
 }
 
 // Rows left under the header; nothing when the query failed.

@@ -33,13 +33,12 @@ struct RighePN {
     RigaPN avere2{"Avere"};
 };
 
-// Nothing when there is no such causal, or the query failed: `riuscita` tells the two apart.
-std::optional<ContiCausale> leggiConti(int idCausale, bool& riuscita) {
+// Nothing when there is no such causal, or the query failed.
+std::optional<ContiCausale> leggiConti(int idCausale) {
     const Lettura lettura(
         "SELECT FK_CONTODARE1, FK_CONTODARE2, FK_CONTOAVERE1, FK_CONTOAVERE2 FROM Causali WHERE RID = " +
             QString::number(idCausale),
         sorgente());
-    riuscita = static_cast<bool>(lettura);
     if (!lettura.trovata()) return std::nullopt;
     return ContiCausale{lettura->intero("FK_CONTODARE1"), lettura->intero("FK_CONTODARE2"),
                         lettura->intero("FK_CONTOAVERE1"), lettura->intero("FK_CONTOAVERE2")};
@@ -103,10 +102,8 @@ bool scriviRiga(int idPrimaNota, const RigaPN& riga) {
 }
 
 QString sostituisciRighe(const RegistrazionePN& r) {
-    bool riuscita = false;
-    const auto conti = leggiConti(r.idCausale, riuscita);
-    if (!riuscita) return {};
-    if (!conti) return "Impossibile assegnare i conti DARE/AVERE!";
+    const auto conti = leggiConti(r.idCausale);
+    if (!conti) return gAdo.transazioneFallita() ? QString() : "Impossibile assegnare i conti DARE/AVERE!";
     const RighePN righe = ripartisci(*conti, r);
     if (!gAdo.executeSQL(
             "DELETE FROM PrimaNotaDettagli WHERE FK_PrimaNota = " + QString::number(r.idPrimaNota),

@@ -43,7 +43,7 @@ EsitoCommit cerca(Vendita& v, const std::set<int>& righe) {
 // After a conversion the screen tells the number of the new document, not of the one that goes.
 QString numero(const Vendita& v, int idMovimento) {
     if (v.rid() != idMovimento) return {};
-    return ": N° " + v.txtProg.testo() + "/" + v.txtSottoProg.testo();
+    return ": N° " + v.numero();
 }
 
 void racconta(Vendita& v, int idMovimento, EsitoCommit esito) {

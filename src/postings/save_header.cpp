@@ -64,7 +64,7 @@ bool inserisciTestata(Vendita& v, Documento& d) {
 // The desk and the price mode stay as they were at the first save.
 bool modificaTestata(const Vendita& v, Documento& d) {
     d.idMovimento = v.rid();
-    d.progressivo = valIntero(v.txtProg.testo());
+    d.progressivo = v.progressivo();
     const RigaScritta scritte = colonneTestata(v, d);
     if (!modificaTestata(d, scritte)) return false;
     d.testataSparita = !rigaTrovata();

@@ -33,10 +33,6 @@ const char* const testoDaControllare =
     "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
     "Prima di salvarla di nuovo controllare l'ultima vendita nell'archivio.";
 
-QString numeroVendita(const Vendita& v) {
-    return v.txtProg.testo() + "/" + v.txtSottoProg.testo();
-}
-
 // Rows marked for deletion went with their header: there is nothing left of them to delete, nor stock to
 // move.
 void dimenticaCancellate(FlexVB& g) {
@@ -96,7 +92,7 @@ bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvatag
     const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
         segnaSalvata(v, d);
-        operatore.messaggio(QString(testoSalvata).arg(numeroVendita(v)), Icona::Informazione);
+        operatore.messaggio(QString(testoSalvata).arg(v.numero()), Icona::Informazione);
         return true;
     }
     prima.ripristina(v);
@@ -120,7 +116,7 @@ std::optional<bool> riprendiSalvataggio(Vendita& v) {
     const bool immutata = descriviSchermo(v) == salvataggio.schermo;
     showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
     gVenditaSalvata = true;
-    operatore.messaggio(QString(immutata ? testoSalvata : testoSalvataPrima).arg(numeroVendita(v)),
+    operatore.messaggio(QString(immutata ? testoSalvata : testoSalvataPrima).arg(v.numero()),
                         immutata ? Icona::Informazione : Icona::Esclamazione);
     return immutata;
 }

@@ -66,7 +66,7 @@ bool aggiornaStatistiche(const Vendita& v, int r) {
     if (g.gestione(r) <= RigaInvariata || !venduta || testaDistinta(codice) || rigaLibera(codice))
         return true;
     return aggiornaStatisticaCarico(g.chiave(r, Colonna::IdProdotto), g.currency(r, Colonna::PrezzoListino),
-                                    QDate::fromString(v.txtData.testo(), "dd/MM/yyyy"));
+                                    v.giorno());
 }
 
 // Every row counts, deleted ones too.

@@ -37,8 +37,7 @@ bool scriviNeiLibri(Vendita& v, Documento& d) {
     if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
     d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
     if (!(v.rid() <= 0 ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
-    const int sottoProg = valIntero(v.txtSottoProg.testo());
-    d.extraProg = sottoProg > 0 ? sottoProg : getNewSottoProgressivo(v, d.progressivo);
+    d.extraProg = v.extraProg() > 0 ? v.extraProg() : getNewSottoProgressivo(v, d.progressivo);
     if (!saveDettagli(v, d.idMovimento, d.extraProg, d.trasferimento)) return false;
     if (d.trasferimento) calcolaTotali(v, true);
     return contabilizza(v, d);
@@ -62,7 +61,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
     Documento d;
     try {
         d.conversione = conversione;
-        d.data = conversione ? orologio().oggi() : QDate::fromString(v.txtData.testo(), "dd/MM/yyyy");
+        d.data = conversione ? orologio().oggi() : v.giorno();
         d.tipo = conversione ? tipoDocumento : gTipoDocVb;
         if (!scriviNeiLibri(v, d)) {
             prima.ripristina(v);

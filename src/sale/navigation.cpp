@@ -13,14 +13,10 @@
 
 namespace {
 
-int annoDellaVendita(const Vendita& v) {
-    return QDate::fromString(v.txtData.testo(), "dd/MM/yyyy").year();
-}
-
 QString sqlVicine(const Vendita& v) {
     return "SELECT TOP 1 M.RID, M.PROGRESSIVO, DM.EXTRAPROG FROM Movimenti M INNER JOIN DettagliMovimento DM "
            "ON M.RID = DM.FK_MOVIMENTO WHERE YEAR(M.DATA) = " +
-           QString::number(annoDellaVendita(v)) +
+           QString::number(v.giorno().year()) +
            " AND M.FK_TIPODOCUMENTO = " + QString::number(v.idTipoDocumento) +
            " AND M.ID_CASSA = " + QString::number(gIDCassa);
 }
@@ -55,7 +51,7 @@ Vicina mostraLaPrima(Vendita& v, const QString& sql, const char* procedura) {
         progressivo = lettura->intero("PROGRESSIVO");
         extraProg = lettura->intero("EXTRAPROG");
     }
-    showVendita(v, rid, progressivo, extraProg, annoDellaVendita(v));
+    showVendita(v, rid, progressivo, extraProg, v.giorno().year());
     return Vicina::Mostrata;
 }
 
@@ -63,8 +59,8 @@ Vicina mostraLaPrima(Vendita& v, const QString& sql, const char* procedura) {
 
 void validaFrecce(Vendita& v, Direzione direzione) {
     protetto(moduloFrmMain, "validaFrecce", [&] {
-        const int progressivo = valIntero(v.txtProg.testo());
-        const int extraProg = valIntero(v.txtSottoProg.testo());
+        const int progressivo = v.progressivo();
+        const int extraProg = v.extraProg();
         if (direzione == Direzione::Indietro) {
             mostraLaPrima(v,
                           sqlVicine(v) + condizioneIndietro(progressivo, extraProg) +

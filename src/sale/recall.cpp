@@ -193,8 +193,7 @@ void showVendita(Vendita& v, int idMovimento, int progressivo, int extraProg, in
 bool showDettagli(Vendita& v) {
     const int idMovimento = v.rid();
     {
-        const Lettura lettura(sqlDettagli(idMovimento, valIntero(v.txtSottoProg.testo())),
-                              sorgente(".showDettagli"));
+        const Lettura lettura(sqlDettagli(idMovimento, v.extraProg()), sorgente(".showDettagli"));
         if (!lettura) return false;
         for (; !lettura->eof(); lettura->moveNext()) {
             aggiungiRiga(v, *lettura);

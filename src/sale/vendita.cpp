@@ -79,3 +79,19 @@ Vendita::Vendita(int indice, SchermoVendita& schermo) : schermo(schermo), indice
 int Vendita::rid() const {
     return valIntero(lblRID.testo());
 }
+
+QDate Vendita::giorno() const {
+    return QDate::fromString(txtData.testo(), "dd/MM/yyyy");
+}
+
+int Vendita::progressivo() const {
+    return valIntero(txtProg.testo());
+}
+
+int Vendita::extraProg() const {
+    return valIntero(txtSottoProg.testo());
+}
+
+QString Vendita::numero() const {
+    return txtProg.testo() + "/" + txtSottoProg.testo();
+}

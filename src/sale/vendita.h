@@ -202,4 +202,11 @@ struct Vendita : CampiVendita, InfoDocumento {
     int cliente() const { return txtCodCliente.chiave(); }
     // The key of the Movimenti row; -1 before the first save.
     int rid() const;
+    // The day of the document; invalid while the field holds none.
+    QDate giorno() const;
+    // PROGRESSIVO and EXTRAPROG; 0 until they are given.
+    int progressivo() const;
+    int extraProg() const;
+    // Both as the screen shows them: "12/1".
+    QString numero() const;
 };

@@ -3,7 +3,6 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "kit/CTastierino.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/touch_keys.h"
 
@@ -39,8 +38,7 @@ TEST_F(TouchKeys, TheKeypadFillsTheBoxWithTheFocusAndConfirms) {
         return casella.keyPress(c);
     });
     casella.gotFocus();
-    CTastierino tastierinoRegole;
-    QWidget* tasti = tastierino([&](const QString& t) { tastierinoRegole.sendTasto(t); }, &finestra);
+    QWidget* tasti = tastierino(&finestra);
     premi(tasti, {"1", "2", ",", "5", "9", "⌫", "0"});
     EXPECT_EQ(campo.testo(), "12,50");
     premi(tasti, {"INVIO"});
@@ -50,7 +48,7 @@ TEST_F(TouchKeys, TheKeypadFillsTheBoxWithTheFocusAndConfirms) {
 }
 
 TEST_F(TouchKeys, ThreeByThreeDigitsStandAsOnATelephoneTurnedOver) {
-    QWidget* tasti = tastierino([](const QString&) {}, &finestra);
+    QWidget* tasti = tastierino(&finestra);
     tasti->resize(tasti->sizeHint());
     finestra.show();
     EXPECT_LT(tasto(tasti, "7")->y(), tasto(tasti, "4")->y());
@@ -59,8 +57,7 @@ TEST_F(TouchKeys, ThreeByThreeDigitsStandAsOnATelephoneTurnedOver) {
 }
 
 TEST_F(TouchKeys, NoKeyTakesTheFocusAndEachFitsAFinger) {
-    for (QWidget* tasti :
-         {tastierino([](const QString&) {}, &finestra), tastieraLettere([](const QString&) {}, &finestra)}) {
+    for (QWidget* tasti : {tastierino(&finestra), tastieraLettere([](const QString&) {}, &finestra)}) {
         for (auto* pulsante : tasti->findChildren<QPushButton*>()) {
             EXPECT_EQ(pulsante->focusPolicy(), Qt::NoFocus);
             EXPECT_GE(pulsante->minimumHeight(), 44);
@@ -80,7 +77,7 @@ TEST_F(TouchKeys, TheLettersAnswerTheirCharacters) {
 }  // namespace
 
 TEST_F(TouchKeys, OnlyTheDeletingKeyRepeatsWhileItIsHeld) {
-    QWidget* cifre = tastierino([](const QString&) {}, &finestra);
+    QWidget* cifre = tastierino(&finestra);
     QWidget* lettere = tastieraLettere([](const QString&) {}, &finestra);
     EXPECT_TRUE(tasto(cifre, "⌫")->autoRepeat());
     EXPECT_FALSE(tasto(cifre, "C")->autoRepeat());

@@ -1,8 +1,11 @@
 #include "postings/expected_books.h"
 
 #include "core/globals.h"
+#include "postings/delete_sale.h"
 #include "postings/save_sale.h"
+#include "sale/document_info.h"
 #include "sale/recall.h"
+#include "sale/sale_document.h"
 
 namespace {
 
@@ -111,8 +114,37 @@ void Bottega::intesta(Vendita& v, int pagato, int idPagamento) {
     v.idPagamento = idPagamento;
 }
 
+void Bottega::vendePerCarico(Vendita& v) {
+    sql("INSERT INTO Causali (RID, CODICE, DESCRIZIONE, OPERAZIONE, ORIGINE, DESTINAZIONE, "
+        "FK_MAGAZZINODEST, TAGLIO, GENERAPN, GENERASCAD, MOSTRAVB) VALUES "
+        "(4,'CA','Carico',1,2,3,1,1,0,0,0)");
+    sql("INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
+        "ACCOMPAGNATORIO, MOSTRAVB) VALUES (7,'CA','Carico',4,4,0,0,0)");
+    gTipoDocVb = 7;
+    setInfoDocumento(v, 7);
+}
+
+void Bottega::causaleCarte() {
+    sql("INSERT INTO Causali (RID, CODICE, DESCRIZIONE, FK_CONTODARE1, FK_CONTOAVERE1) VALUES "
+        "(8,'POS','Incasso carta',2,1)");
+}
+
 bool salvaERilegge(Vendita& v) {
     if (!salvaVendita(v, false, -1)) return false;
     showVendita(v, v.rid(), -1, v.txtSottoProg.testo().toInt(), -1);
     return true;
+}
+
+void ContoInBottega::vendiESalva(const QString& codice, const QString& quantita) {
+    vendi(c, codice, quantita);
+    ASSERT_TRUE(salvaERilegge(v));
+}
+
+void ContoInBottega::nuovaVendita() {
+    pulisciCorpo(v);
+    v.txtSottoProg.testo("(Auto)");
+}
+
+bool ContoInBottega::cancella() {
+    return cancellaVendita(v, v.rid(), false);
 }

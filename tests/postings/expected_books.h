@@ -49,6 +49,22 @@ class Bottega : public Negozio {
 
     // The open sale becomes ROSSI's, with that payment.
     static void intesta(Vendita& v, int pagato, int idPagamento);
+    // From now on the counter sells by document type 7, which loads warehouse 1 (causal 4).
+    void vendePerCarico(Vendita& v);
+    // Causal 8 collects cards.
+    void causaleCarte();
+};
+
+// A sale on the screen of such a shop.
+struct ContoInBottega : testing::Test {
+    Bottega n;
+    ContoDiProva& c = n.apriConto();
+    Vendita& v = c.vendita();
+
+    void vendiESalva(const QString& codice, const QString& quantita = {});
+    // A further sale of the day under the same header.
+    void nuovaVendita();
+    bool cancella();
 };
 
 // Saves and shows the saved sale, as the counter does after F5.

@@ -11,11 +11,7 @@
 
 namespace {
 
-struct BooksChanges : testing::Test {
-    Bottega n;
-    ContoDiProva& c = n.apriConto();
-    Vendita& v = c.vendita();
-
+struct BooksChanges : ContoInBottega {
     // Two A and three B, 24,40 and 16,50, saved at 10:30; it is an hour later then.
     void vendiESalva() {
         vendi(c, "A", "2");
@@ -31,10 +27,8 @@ struct BooksChanges : testing::Test {
     }
     // A further sale of the day under the same header: one A.
     void secondaVendita() {
-        pulisciCorpo(v);
-        v.txtSottoProg.testo("(Auto)");
-        vendi(c, "A");
-        ASSERT_TRUE(salvaERilegge(v));
+        nuovaVendita();
+        ContoInBottega::vendiESalva("A");
     }
     static QStringList righeDueAETreB() {
         return {"1|1|1|1|1|A|A|2|10|0|0|0|0|10|20|1|22|2.2|4.4|24.4|1|6|||2026-03-16 10:30:00",
@@ -189,17 +183,7 @@ TEST_F(BooksChanges, OneOfTwoSalesOnCreditDeletedLeavesTheScheduleOfTheOther) {
 
 // The goods of a document that loads a warehouse come in at the row's price, a layer of their own.
 struct BooksOfALoad : BooksChanges {
-    BooksOfALoad() {
-        n.sql(
-            "INSERT INTO Causali (RID, CODICE, DESCRIZIONE, OPERAZIONE, ORIGINE, DESTINAZIONE, "
-            "FK_MAGAZZINODEST, TAGLIO, GENERAPN, GENERASCAD, MOSTRAVB) VALUES "
-            "(4,'CA','Carico',1,2,3,1,1,0,0,0)");
-        n.sql(
-            "INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
-            "ACCOMPAGNATORIO, MOSTRAVB) VALUES (7,'CA','Carico',4,4,0,0,0)");
-        gTipoDocVb = 7;
-        setInfoDocumento(v, 7);
-    }
+    BooksOfALoad() { n.vendePerCarico(v); }
     void caricaCinqueA() {
         Bottega::intesta(v, 0, 9);
         vendi(c, "A", "5");

@@ -8,20 +8,7 @@
 
 namespace {
 
-struct DeleteSale : testing::Test {
-    Bottega n;
-    ContoDiProva& c = n.apriConto();
-    Vendita& v = c.vendita();
-
-    void vendiESalva(const QString& codice, const QString& quantita) {
-        vendi(c, codice, quantita);
-        ASSERT_TRUE(salvaERilegge(v));
-    }
-    void nuovaVendita() {
-        pulisciCorpo(v);
-        v.txtSottoProg.testo("(Auto)");
-    }
-    bool cancella() { return cancellaVendita(v, v.rid(), false); }
+struct DeleteSale : ContoInBottega {
     QStringList strati() { return leggiLibri(n).strati; }
 };
 
@@ -169,9 +156,7 @@ TEST_F(DeleteSale, OfTheOnlySaleOfSuchACausalLeavesThatEntryAtZero) {
 }
 
 TEST_F(DeleteSale, CollectionGoesBackToTheOptionsCausal) {
-    n.sql(
-        "INSERT INTO Causali (RID, CODICE, DESCRIZIONE, FK_CONTODARE1, FK_CONTOAVERE1) VALUES "
-        "(8,'POS','Incasso carta',2,1)");
+    n.causaleCarte();
     v.idCausalePagamento = 8;
     vendiESalva("A", "2");
     nuovaVendita();
@@ -183,9 +168,7 @@ TEST_F(DeleteSale, CollectionGoesBackToTheOptionsCausal) {
 
 // A desk with a causal of its own collects under it; its deletions still go to the shop's.
 TEST_F(DeleteSale, CollectionOfADeskWithItsOwnCausalGoesBackToTheShops) {
-    n.sql(
-        "INSERT INTO Causali (RID, CODICE, DESCRIZIONE, FK_CONTODARE1, FK_CONTOAVERE1) VALUES "
-        "(8,'POS','Incasso carta',2,1)");
+    n.causaleCarte();
     n.sql("DELETE FROM Opzioni WHERE NOME = 'CausalePagVb'");
     n.sql("INSERT INTO Opzioni (NOME, VALORE) VALUES ('CausalePagVb','2')");
     gCausalePagOverride = gCausalePagVb = v.idCausalePagamento = 8;

@@ -10,20 +10,7 @@
 
 namespace {
 
-struct BooksThatLookWrong : testing::Test {
-    Bottega n;
-    ContoDiProva& c = n.apriConto();
-    Vendita& v = c.vendita();
-
-    void vendiESalva(const QString& codice, const QString& quantita = {}) {
-        vendi(c, codice, quantita);
-        ASSERT_TRUE(salvaERilegge(v));
-    }
-    void nuovaVendita() {
-        pulisciCorpo(v);
-        v.txtSottoProg.testo("(Auto)");
-    }
-    bool cancella() { return cancellaVendita(v, v.rid(), false); }
+struct BooksThatLookWrong : ContoInBottega {
     void senzaErrori() { EXPECT_EQ(n.verifica(), QStringList()); }
 };
 
@@ -112,15 +99,7 @@ namespace {
 struct LoadThatLooksWrong : BooksThatLookWrong {
     // Five A come in at 10,00, and then at 8,00 after all.
     void SetUp() override {
-        n.sql(
-            "INSERT INTO Causali (RID, CODICE, DESCRIZIONE, OPERAZIONE, ORIGINE, DESTINAZIONE, "
-            "FK_MAGAZZINODEST, TAGLIO, GENERAPN, GENERASCAD, MOSTRAVB) VALUES "
-            "(4,'CA','Carico',1,2,3,1,1,0,0,0)");
-        n.sql(
-            "INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
-            "ACCOMPAGNATORIO, MOSTRAVB) VALUES (7,'CA','Carico',4,4,0,0,0)");
-        gTipoDocVb = 7;
-        setInfoDocumento(v, 7);
+        n.vendePerCarico(v);
         Bottega::intesta(v, 0, 9);
         vendiESalva("A", "5");
         c.clicRiga(1);

@@ -4,8 +4,8 @@
 #include <QCloseEvent>
 
 #include "counter/ui/style.h"
-#include "kit/CTastierino.h"
 #include "kit/ui/arrow_cursor.h"
+#include "kit/ui/box_focus.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/campo_widgets.h"
 #include "kit/ui/labels.h"
@@ -18,7 +18,7 @@ constexpr int altezzaTasti = 260;
 constexpr int margine = 16;
 
 QWidget* tasti(QWidget* padre) {
-    QWidget* nuovi = tastierino([](const QString& tasto) { CTastierino().sendTasto(tasto); }, padre);
+    QWidget* nuovi = tastierino(padre);
     nuovi->setMinimumHeight(altezzaTasti);
     for (auto* tasto : nuovi->findChildren<QPushButton*>()) {
         tasto->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -38,7 +38,6 @@ frmCodiceVenditore::frmCodiceVenditore(const RichiestaVenditore& richiesta, QWid
     cornice->setContentsMargins(0, 0, 0, 0);
     cornice->addWidget(mContenuto);
     setFixedWidth(larghezza);
-    txtCodice->installEventFilter(this);
     mRegole.osservaConferma([this] { accept(); });
 }
 
@@ -57,6 +56,7 @@ QWidget* frmCodiceVenditore::costruisci() {
     casella->setFont(carattereIngrandito(1.8));
     casella->setPlaceholderText("Codice o badge");
     casella->filtroTasti([this](QChar tasto) { return mRegole.tasto(tasto); });
+    seguiFuoco(casella, mRegole.casella);
     txtCodice = casella;
     auto* esito = new EtichettaElisa(tutto);
     collega(mRegole.lblEsito, esito);
@@ -83,12 +83,6 @@ void frmCodiceVenditore::startMe() {
 
 QString frmCodiceVenditore::codice() const {
     return result() == Accepted ? mRegole.txtCodice.testo() : QString();
-}
-
-bool frmCodiceVenditore::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (evento->type() == QEvent::FocusIn) mRegole.casella.gotFocus();
-    if (evento->type() == QEvent::FocusOut) mRegole.casella.lostFocus();
-    return QDialog::eventFilter(oggetto, evento);
 }
 
 void frmCodiceVenditore::closeEvent(QCloseEvent* evento) {

@@ -20,7 +20,6 @@ class frmCodiceVenditore final : public QDialog {
     bool scansione(const QString& codice) { return mRegole.scansione(codice); }
 
   protected:
-    bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
 
   private:

@@ -6,6 +6,7 @@
 
 #include "counter/go_to_sale.h"
 #include "counter/ui/style.h"
+#include "kit/CTastierino.h"
 #include "kit/ui/box_focus.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/touch_keys.h"
@@ -90,11 +91,10 @@ QBoxLayout* frmVaiVendita::campi(VaiVendita& scelta) {
 QBoxLayout* frmVaiVendita::tasti(VaiVendita& scelta) {
     auto* colonna = new QVBoxLayout;
     colonna->setSpacing(spazio);
-    colonna->addWidget(tastierino([this](const QString& tasto) { mTastierino.sendTasto(tasto); }, mContenuto),
-                       1);
+    colonna->addWidget(tastierino(mContenuto), 1);
     auto* sotto = new QHBoxLayout;
     QPushButton* cmdDel = pulsante("cmdDel", "⌫", "Cancella l'ultimo carattere");
-    connect(cmdDel, &QPushButton::clicked, this, [this] { mTastierino.sendTasto("D"); });
+    connect(cmdDel, &QPushButton::clicked, this, [] { CTastierino().sendTasto("D"); });
     QPushButton* cmdCE = pulsante("cmdCE", "CE", "Svuota tutto");
     connect(cmdCE, &QPushButton::clicked, this, [&scelta] { scelta.cmdCE(); });
     sotto->addWidget(cmdDel);

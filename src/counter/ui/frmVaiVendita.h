@@ -2,8 +2,6 @@
 
 #include <QDialog>
 
-#include "kit/CTastierino.h"
-
 class CampoEdit;
 class CTextBox;
 class QBoxLayout;
@@ -30,6 +28,5 @@ class frmVaiVendita final : public QDialog {
     QBoxLayout* campi(VaiVendita& scelta);
     QBoxLayout* tasti(VaiVendita& scelta);
 
-    CTastierino mTastierino;
     QWidget* mContenuto = nullptr;
 };

@@ -113,8 +113,9 @@ QWidget* pannelloDisplay(const Montaggio& m, QWidget* padre) {
     secondo->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     testa->addWidget(secondo, 1);
     colonna->addLayout(testa);
-    colonna->addWidget(
-        postoFisso(m.spia(m.v.pctSalvata, "VENDITA SALVATA, F2 nuova vendita", ruoli::salvata, pannello)));
+    QLabel* salvata = m.testo(m.v.pctSalvata, "Vendita salvata", pannello);
+    salvata->setProperty(ruoli::proprieta, ruoli::salvata);
+    colonna->addWidget(postoFisso(salvata));
     colonna->addWidget(
         cifra(m.v.lblMainDisplay, "Totale da pagare", puntiTotaleMinimi, puntiTotale, pannello));
 

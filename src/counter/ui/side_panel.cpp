@@ -5,7 +5,6 @@
 #include "counter/ui/assembly.h"
 #include "counter/ui/panels.h"
 #include "counter/ui/style.h"
-#include "kit/CTastierino.h"
 #include "kit/ui/touch_keys.h"
 #include "kit/ui/touch_widgets.h"
 
@@ -43,7 +42,7 @@ QWidget* paginaTasti(QStackedWidget* pila) {
     testa->addWidget(nuovaDidascalia("TASTI", ruoli::titolo, pagina), 1);
     testa->addWidget(pulsantePagina("cmdDati", "PRODOTTO", "Mostra di nuovo il prodotto", pila, Dati));
     colonna->addLayout(testa);
-    colonna->addWidget(tastierino([](const QString& tasto) { CTastierino().sendTasto(tasto); }, pagina), 1);
+    colonna->addWidget(tastierino(pagina), 1);
     return pagina;
 }
 

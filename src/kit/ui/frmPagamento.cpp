@@ -95,8 +95,7 @@ QBoxLayout* frmPagamento::importi() {
 QBoxLayout* frmPagamento::tasti() {
     auto* colonna = new QVBoxLayout;
     colonna->setSpacing(distanza);
-    colonna->addWidget(tastierino([this](const QString& tasto) { mTastierino.sendTasto(tasto); }, mContenuto),
-                       1);
+    colonna->addWidget(tastierino(mContenuto), 1);
     return colonna;
 }
 

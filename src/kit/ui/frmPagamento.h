@@ -2,7 +2,6 @@
 
 #include <QDialog>
 
-#include "kit/CTastierino.h"
 #include "kit/tender.h"
 
 class CampoEdit;
@@ -31,6 +30,5 @@ class frmPagamento final : public QDialog {
     QBoxLayout* tasti();
 
     MonitorResto* mMonitor = nullptr;
-    CTastierino mTastierino;
     QWidget* mContenuto = nullptr;
 };

@@ -6,6 +6,7 @@
 
 #include "data/gateway.h"
 #include "kit/search.h"
+#include "kit/ui/box_focus.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/search_grid.h"
 #include "kit/ui/second_click.h"
@@ -58,6 +59,7 @@ void frmRicerca::startMe(RichiestaRicerca richiesta) {
     mRicerca->osserva([this] { flxRicerca->nuovaPagina(); }, [this] { tmrNessuna.start(durataNotizia); });
     costruisci();
     if (mRicerca->pctNessuna.visibile()) tmrNessuna.start(durataNotizia);
+    seguiFuoco(txtRicerca, mRicerca->casella);
     txtRicerca->installEventFilter(this);
     flxRicerca->installEventFilter(this);
     connect(txtRicerca, &QLineEdit::textChanged, &mTimerDalVivo,
@@ -135,18 +137,7 @@ void frmRicerca::rigaPremuta(int riga) {
 // ---- Keys
 
 bool frmRicerca::eventFilter(QObject* oggetto, QEvent* evento) {
-    switch (evento->type()) {
-        case QEvent::KeyPress:
-            return tastoGiu(oggetto, *static_cast<QKeyEvent*>(evento));
-        case QEvent::FocusIn:
-            if (oggetto == txtRicerca) mRicerca->casella.gotFocus();
-            break;
-        case QEvent::FocusOut:
-            if (oggetto == txtRicerca) mRicerca->casella.lostFocus();
-            break;
-        default:
-            break;
-    }
+    if (evento->type() == QEvent::KeyPress) return tastoGiu(oggetto, *static_cast<QKeyEvent*>(evento));
     return QDialog::eventFilter(oggetto, evento);
 }
 

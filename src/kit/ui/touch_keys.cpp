@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 
+#include "kit/CTastierino.h"
 #include "kit/ui/touch_widgets.h"
 
 namespace {
@@ -58,7 +59,7 @@ QWidget* tastieraLettere(const TastoPremuto& premuto, QWidget* padre) {
     return tastiera(tasti, premuto, padre);
 }
 
-QWidget* tastierino(const TastoPremuto& premuto, QWidget* padre) {
+QWidget* tastierino(QWidget* padre) {
     std::vector<Tasto> tasti;
     for (int cifra = 1; cifra <= 9; ++cifra) {
         const QString testo = QString::number(cifra);
@@ -70,5 +71,6 @@ QWidget* tastierino(const TastoPremuto& premuto, QWidget* padre) {
     tasti.push_back({"D", "⌫", "Cancella l'ultimo carattere", 0, 3, 1, 1, true, ruoloCifra});
     tasti.push_back({"C", "C", "Svuota", 1, 3, 1, 1, false, ruoloCifra});
     tasti.push_back({"I", "INVIO", "Invio", 2, 3, 2, 1, false, "principale"});
-    return tastiera(tasti, premuto, padre);
+    return tastiera(
+        tasti, [](const QString& tasto) { CTastierino().sendTasto(tasto); }, padre);
 }

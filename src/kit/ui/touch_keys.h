@@ -12,5 +12,5 @@ using TastoPremuto = std::function<void(const QString& tasto)>;
 // Letters, digits and the signs of codes; answers the character.
 QWidget* tastieraLettere(const TastoPremuto& premuto, QWidget* padre);
 
-// Digits and what CTastierino understands: "0" to "9", ",", "C", "D", "I".
-QWidget* tastierino(const TastoPremuto& premuto, QWidget* padre);
+// Digits, comma, empty, delete and Invio, written into the typed box that has the focus.
+QWidget* tastierino(QWidget* padre);
