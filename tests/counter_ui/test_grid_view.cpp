@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include "counter/ui/grid_painter.h"
 #include "counter/ui/grid_view.h"
 #include "counter/ui/style.h"
 #include "sale/flxvb.h"
@@ -146,6 +147,43 @@ TEST_F(GridView, TheVatColumnsWidthGoesToTheDescription) {
     griglia.mostraColonne(1);
     EXPECT_TRUE(griglia.isColumnHidden(static_cast<int>(Colonna::Iva)));
     EXPECT_EQ(griglia.columnWidth(static_cast<int>(Colonna::Descrizione)), descrizione + iva);
+}
+
+TEST_F(GridView, TextThatFitsStandsOnOneLineInItsOwnLetters) {
+    const auto [mostrate, carattere] = testoInCella("Chiodi", griglia.font(), 260);
+    EXPECT_EQ(mostrate, QStringList("Chiodi"));
+    EXPECT_EQ(carattere, griglia.font());
+}
+
+TEST_F(GridView, LongTextIsWholeOnTwoLinesThatFitTheRow) {
+    const QString testo = "LAMPADINA LED E27 10W LUCE CALDA 2700K DIMMERABILE";
+    const auto [mostrate, carattere] = testoInCella(testo, griglia.font(), 260);
+    ASSERT_EQ(mostrate.size(), 2);
+    EXPECT_EQ(mostrate.join(""), testo);
+    EXPECT_LE(2 * QFontMetrics(carattere).height(), cella(1).height());
+    for (const QString& riga : mostrate) {
+        EXPECT_LE(QFontMetrics(carattere).horizontalAdvance(riga.trimmed()), 260);
+    }
+}
+
+TEST_F(GridView, TextALittleTooLongTakesSmallerLettersOnOneLine) {
+    const QString testo = "VITI TRUCIOLARI 4X40 ZINCATE";
+    const int larghezza = QFontMetrics(griglia.font()).horizontalAdvance(testo) - 4;
+    const auto [mostrate, carattere] = testoInCella(testo, griglia.font(), larghezza);
+    EXPECT_EQ(mostrate, QStringList(testo));
+    EXPECT_LE(QFontMetrics(carattere).horizontalAdvance(testo), larghezza);
+}
+
+TEST_F(GridView, TextOfMoreThanTwoLinesSaysThatItGoesOn) {
+    const auto [mostrate, carattere] = testoInCella(QString("parola ").repeated(30), griglia.font(), 260);
+    ASSERT_EQ(mostrate.size(), 2);
+    EXPECT_TRUE(mostrate.last().endsWith(QChar(0x2026)));
+}
+
+TEST_F(GridView, FigureIsNeverCut) {
+    const auto [mostrate, carattere] = cifraInCella("-1.234.567,89", griglia.font(), 90);
+    EXPECT_EQ(mostrate, QStringList("-1.234.567,89"));
+    EXPECT_LE(QFontMetrics(carattere).horizontalAdvance(mostrate.first()), 90);
 }
 
 TEST_F(GridView, PaintingStopsUntilTheOutermostCallGivesItBack) {

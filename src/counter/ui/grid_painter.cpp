@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QTextLayout>
 
 #include "core/numbers.h"
 #include "core/value_helpers.h"
@@ -12,6 +13,9 @@ namespace {
 
 constexpr int rossoReso = 0xFF0000;
 constexpr int larghezzaSegno = 6;
+constexpr qreal scalaUnaRiga = 0.85;
+constexpr qreal scalaDueRighe = 0.75;
+constexpr qreal puntiMinimi = 6;
 constexpr int rientro = 18;  // of a component under its head
 
 bool vero(const QModelIndex& indice, FlexVB::Ruolo ruolo) {
@@ -125,7 +129,52 @@ QRect disegnaSegni(QPainter& pittore, const QRect& cella, const QModelIndex& ind
     return spazio.adjusted(margineCella, 0, -margineCella, 0);
 }
 
+QFont ingrandito(const QFont& carattere, qreal scala) {
+    QFont nuovo = carattere;
+    nuovo.setPointSizeF(carattere.pointSizeF() * scala);
+    return nuovo;
+}
+
+void scrivi(QPainter& pittore, const QRect& spazio, const TestoInCella& testo, Qt::Alignment allineamento) {
+    pittore.setFont(testo.carattere);
+    const int altezza = QFontMetrics(testo.carattere).height();
+    const auto quante = static_cast<int>(testo.righe.size());
+    QRect riga(spazio.left(), spazio.center().y() - quante * altezza / 2, spazio.width(), altezza);
+    for (const QString& mostrata : testo.righe) {
+        pittore.drawText(riga, allineamento | Qt::AlignVCenter, mostrata);
+        riga.translate(0, altezza);
+    }
+}
+
 }  // namespace
+
+TestoInCella testoInCella(const QString& testo, const QFont& carattere, int larghezza) {
+    for (const qreal scala : {1.0, scalaUnaRiga}) {
+        const QFont adatto = ingrandito(carattere, scala);
+        if (QFontMetrics(adatto).horizontalAdvance(testo) <= larghezza) return {{testo}, adatto};
+    }
+    const QFont piccolo = ingrandito(carattere, scalaDueRighe);
+    QTextLayout disposizione(testo, piccolo);
+    QTextOption opzioni;
+    opzioni.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    disposizione.setTextOption(opzioni);
+    disposizione.beginLayout();
+    QTextLine prima = disposizione.createLine();
+    prima.setLineWidth(larghezza);
+    disposizione.endLayout();
+    const QString seconda =
+        QFontMetrics(piccolo).elidedText(testo.mid(prima.textLength()), Qt::ElideRight, larghezza);
+    if (seconda.isEmpty()) return {{testo}, piccolo};
+    return {{testo.left(prima.textLength()), seconda}, piccolo};
+}
+
+TestoInCella cifraInCella(const QString& cifra, const QFont& carattere, int larghezza) {
+    QFont adatto = carattere;
+    while (QFontMetrics(adatto).horizontalAdvance(cifra) > larghezza && adatto.pointSizeF() > puntiMinimi) {
+        adatto.setPointSizeF(adatto.pointSizeF() - 0.5);
+    }
+    return {{cifra}, adatto};
+}
 
 void PittoreCelle::paint(QPainter* pittore, const QStyleOptionViewItem& opzioni,
                          const QModelIndex& indice) const {
@@ -134,11 +183,12 @@ void PittoreCelle::paint(QPainter* pittore, const QStyleOptionViewItem& opzioni,
     pittore->fillRect(opzioni.rect, QColor::fromRgb(fondo(indice)));
     const QRect spazio = disegnaSegni(*pittore, opzioni.rect, indice);
     const QFont font = carattere(opzioni.font, indice);
-    pittore->setFont(font);
     pittore->setPen(QColor::fromRgb(inchiostro(indice)));
-    const QString testo =
-        QFontMetrics(font).elidedText(testoMostrato(indice), Qt::ElideRight, spazio.width());
-    const bool destra = vero(indice, FlexVB::RuoloAllineaDestra);
-    pittore->drawText(spazio, (destra ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, testo);
+    const QString testo = testoMostrato(indice);
+    if (vero(indice, FlexVB::RuoloAllineaDestra)) {
+        scrivi(*pittore, spazio, cifraInCella(testo, font, spazio.width()), Qt::AlignRight);
+    } else {
+        scrivi(*pittore, spazio, testoInCella(testo, font, spazio.width()), Qt::AlignLeft);
+    }
     pittore->restore();
 }
