@@ -36,7 +36,8 @@ bool contabilizza(Vendita& v, Documento& d) {
 bool scriviNeiLibri(Vendita& v, Documento& d) {
     if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
     d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
-    if (!(v.rid() <= 0 ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
+    const bool nuova = v.rid() <= 0;
+    if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d) && riprendiDaiLibri(v, d))) return false;
     const int sottoProg = valIntero(v.txtSottoProg.testo());
     d.extraProg = sottoProg > 0 ? sottoProg : getNewSottoProgressivo(v, d.progressivo);
     if (!saveDettagli(v, d.idMovimento, d.extraProg, d.trasferimento)) return false;
