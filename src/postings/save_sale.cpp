@@ -40,7 +40,8 @@ bool scriviNeiLibri(Vendita& v, Documento& d) {
     if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d) && riprendiDaiLibri(v, d))) return false;
     const int sottoProg = valIntero(v.txtSottoProg.testo());
     d.extraProg = sottoProg > 0 ? sottoProg : getNewSottoProgressivo(v, d.progressivo);
-    if (!saveDettagli(v, d.idMovimento, d.extraProg, d.trasferimento)) return false;
+    d.righeScritte = saveDettagli(v, d.idMovimento, d.extraProg, d.trasferimento);
+    if (!d.righeScritte) return false;
     if (d.trasferimento) calcolaTotali(v, true);
     return contabilizza(v, d);
 }
