@@ -1,5 +1,3 @@
-#include <optional>
-
 #include "core/errors.h"
 #include "core/globals.h"
 #include "data/gateway.h"
@@ -10,14 +8,6 @@ namespace {
 QString sorgente() {
     return gNomeModulo + ".saveDettagliPrimaNota";
 }
-
-// The accounts of a causal, PianoConti keys; 0 when not in use.
-struct ContiCausale {
-    int dare1 = 0;
-    int dare2 = 0;
-    int avere1 = 0;
-    int avere2 = 0;
-};
 
 struct RigaPN {
     const char* lato;  // the column: Dare or Avere
@@ -33,8 +23,7 @@ struct RighePN {
     RigaPN avere2{"Avere"};
 };
 
-// Nothing when there is no such causal, or the query failed: `riuscita` tells the two apart.
-std::optional<ContiCausale> leggiConti(int idCausale, bool& riuscita) {
+std::optional<ContiCausale> conti(int idCausale, bool& riuscita) {
     const Lettura lettura(
         "SELECT FK_CONTODARE1, FK_CONTODARE2, FK_CONTOAVERE1, FK_CONTOAVERE2 FROM Causali WHERE RID = " +
             QString::number(idCausale),
@@ -102,10 +91,7 @@ bool scriviRiga(int idPrimaNota, const RigaPN& riga) {
                            sorgente());
 }
 
-QString sostituisciRighe(const RegistrazionePN& r) {
-    bool riuscita = false;
-    const auto conti = leggiConti(r.idCausale, riuscita);
-    if (!riuscita) return {};
+QString sostituisciRighe(const RegistrazionePN& r, const std::optional<ContiCausale>& conti) {
     if (!conti) return "Impossibile assegnare i conti DARE/AVERE!";
     const RighePN righe = ripartisci(*conti, r);
     if (!gAdo.executeSQL(
@@ -120,6 +106,13 @@ QString sostituisciRighe(const RegistrazionePN& r) {
 
 }  // namespace
 
+std::optional<ContiCausale> leggiConti(int idCausale, bool& riuscita) {
+    riuscita = false;
+    return protetto(
+        gNomeModulo, "saveDettagliPrimaNota", [&] { return conti(idCausale, riuscita); },
+        std::optional<ContiCausale>());
+}
+
 QString saveDettagliPrimaNota(int idPrimaNota, int idCausale, Currency importo, Currency imposta,
                               Currency terzoImporto) {
     RegistrazionePN r;
@@ -128,6 +121,12 @@ QString saveDettagliPrimaNota(int idPrimaNota, int idCausale, Currency importo, 
     r.importo = importo;
     r.imposta = imposta;
     r.terzoImporto = terzoImporto;
+    bool riuscita = false;
+    const auto conti = leggiConti(idCausale, riuscita);
+    return riuscita ? saveDettagliPrimaNota(r, conti) : QString();
+}
+
+QString saveDettagliPrimaNota(const RegistrazionePN& r, const std::optional<ContiCausale>& conti) {
     return protetto(
-        gNomeModulo, "saveDettagliPrimaNota", [&] { return sostituisciRighe(r); }, QString());
+        gNomeModulo, "saveDettagliPrimaNota", [&] { return sostituisciRighe(r, conti); }, QString());
 }

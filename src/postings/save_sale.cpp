@@ -6,6 +6,7 @@
 #include "core/value_helpers.h"
 #include "data/gateway.h"
 #include "postings/lost_deletion.h"
+#include "postings/missing_references.h"
 #include "postings/numbering.h"
 #include "postings/post_accounts.h"
 #include "postings/save_header.h"
@@ -67,8 +68,10 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
         d.data = conversione ? orologio().oggi() : QDate::fromString(v.txtData.testo(), "dd/MM/yyyy");
         d.tipo = conversione ? tipoDocumento : gTipoDocVb;
         if (!scriviNeiLibri(v, d)) {
+            const bool riferimento = riferimentoRifiutato();
             prima.ripristina(v);
             gAdo.rollbackTrasaction(transazioneSalvataggio());
+            if (riferimento) spiegaRiferimentiMancanti(v, d);
             return d.testataSparita && diventaNuova(v, d) &&
                    salvaInTransazione(v, conversione, tipoDocumento, StatoPrimaDelSalvataggio(v));
         }
