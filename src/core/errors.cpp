@@ -109,6 +109,10 @@ void cError::mostraMessaggio(const QString& testo, OperatorPort::Icona icona) {
     }
 }
 
+void cError::ritiraUltimoDialogo() {
+    if (!mInAttesa.empty()) mInAttesa.pop_back();
+}
+
 void cError::fineProcesso() {
     if (!mFine) std::_Exit(1);
     mFine();

@@ -45,6 +45,9 @@ class cError {
     // Says it now, or after the turn when dialogues are held. Nothing is logged.
     void mostraMessaggio(const QString& testo, OperatorPort::Icona icona);
 
+    // Takes back the dialogue that was held last, whose caller has better words. The log keeps what it tells.
+    void ritiraUltimoDialogo();
+
     // Ends the process at once: no handler, no save.
     void fineProcesso();
 

@@ -56,6 +56,8 @@ class cAdoSqlServer {
     bool inTransazione() const { return mInTransazione; }
     // A statement of the transaction has failed, and was reported: only the rollback is left.
     bool transazioneFallita() const { return mInTransazione && mTransazioneFallita; }
+    // Of the last operation; of no class when it went well.
+    const ErroreServer& ultimoErrore() const { return mErrore; }
 
     QString getStrConnection() const { return mStrConnection; }
     QString getSQLSeparator() const;

@@ -15,6 +15,7 @@
 #include "postings/payment_schedule.h"
 #include "postings/stock.h"
 #include "postings/stored_row.h"
+#include "postings/stored_sale.h"
 #include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -129,9 +130,16 @@ bool leggiResto(Vendita& v, int idMovimento, Cancellazione& c) {
     return true;
 }
 
+bool comeNeiLibri(Vendita& v, int idMovimento) {
+    const std::set<int> righe = righeRegistrate(v.flxVB);
+    const auto vendita = leggiVenditaNeiLibri(idMovimento, righe);
+    return vendita && registrazioniComeSulloSchermo(v, *vendita) &&
+           righeComeSulloSchermo(v.flxVB, *vendita, righe);
+}
+
 // Everything between begin and commit; false: roll back.
 bool togliDaiLibri(Vendita& v, int idMovimento) {
-    if (!removeDettagli(v)) return false;
+    if (!comeNeiLibri(v, idMovimento) || !removeDettagli(v)) return false;
     Cancellazione c;
     c.data = v.giorno();
     if (!leggiResto(v, idMovimento, c)) return false;

@@ -58,18 +58,22 @@ bool riscrivi(const RegistrazionePN& r) {
         sorgente());
 }
 
-int scriviRegistrazione(const RegistrazionePN& r) {
-    int id = r.idPrimaNota;
-    if (id < 1) {
-        id = crea(r);
-        if (id < 1) return -1;
-    } else if (!riscrivi(r)) {
-        return -1;
-    }
-    const QString esito = saveDettagliPrimaNota(id, r.idCausale, r.importo, r.imposta, r.terzoImporto);
-    if (esito == righeScritte) return id;
+bool scriviRighe(const RegistrazionePN& r, const std::optional<ContiCausale>& conti) {
+    const QString esito = saveDettagliPrimaNota(r, conti);
+    if (esito == righeScritte) return true;
     if (!esito.isEmpty()) gErr.mostraMessaggio(esito, OperatorPort::Icona::Critica);
-    return -1;
+    return false;
+}
+
+// The causal is looked at first: an entry that refers to none would be refused in the server's words.
+int scriviRegistrazione(RegistrazionePN r) {
+    const auto conti = leggiConti(r.idCausale);
+    if (conti) {
+        if (r.idPrimaNota >= 1 && !riscrivi(r)) return -1;
+        if (r.idPrimaNota < 1) r.idPrimaNota = crea(r);
+        if (r.idPrimaNota < 1) return -1;
+    }
+    return scriviRighe(r, conti) ? r.idPrimaNota : -1;
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QDate>
 #include <QString>
 
@@ -27,6 +29,17 @@ struct RegistrazionePN {
 // failure, 0 after an unforeseen error. A rewrite keeps key and progressive.
 int salvaPrimaNota(const RegistrazionePN& registrazione);
 
-// Replaces the lines of an entry: "#"; empty when a statement failed; any other text is for the operator.
-QString saveDettagliPrimaNota(int idPrimaNota, int idCausale, Currency importo, Currency imposta,
-                              Currency terzoImporto);
+// The accounts of a causal, PianoConti keys; 0 when not in use.
+struct ContiCausale {
+    int dare1 = 0;
+    int dare2 = 0;
+    int avere1 = 0;
+    int avere2 = 0;
+};
+
+// Nothing when there is no such causal, or the query failed and with it the transaction.
+std::optional<ContiCausale> leggiConti(int idCausale);
+
+// Replaces the lines of the entry, `conti` being the accounts of its causal: "#"; empty when a statement
+// failed; any other text is for the operator.
+QString saveDettagliPrimaNota(const RegistrazionePN& r, const std::optional<ContiCausale>& conti);

@@ -1,5 +1,3 @@
-#include <optional>
-
 #include "core/errors.h"
 #include "core/globals.h"
 #include "data/gateway.h"
@@ -10,14 +8,6 @@ namespace {
 QString sorgente() {
     return gNomeModulo + ".saveDettagliPrimaNota";
 }
-
-// The accounts of a causal, PianoConti keys; 0 when not in use.
-struct ContiCausale {
-    int dare1 = 0;
-    int dare2 = 0;
-    int avere1 = 0;
-    int avere2 = 0;
-};
 
 struct RigaPN {
     const char* lato;  // the column: Dare or Avere
@@ -32,17 +22,6 @@ struct RighePN {
     RigaPN avere1{"Avere"};
     RigaPN avere2{"Avere"};
 };
-
-// Nothing when there is no such causal, or the query failed.
-std::optional<ContiCausale> leggiConti(int idCausale) {
-    const Lettura lettura(
-        "SELECT FK_CONTODARE1, FK_CONTODARE2, FK_CONTOAVERE1, FK_CONTOAVERE2 FROM Causali WHERE RID = " +
-            QString::number(idCausale),
-        sorgente());
-    if (!lettura.trovata()) return std::nullopt;
-    return ContiCausale{lettura->intero("FK_CONTODARE1"), lettura->intero("FK_CONTODARE2"),
-                        lettura->intero("FK_CONTOAVERE1"), lettura->intero("FK_CONTOAVERE2")};
-}
 
 // A second account takes the VAT of its side; the other side keeps the whole.
 void ripartisciImposta(const ContiCausale& conti, Currency importo, Currency imposta, RighePN& righe) {
@@ -101,8 +80,7 @@ bool scriviRiga(int idPrimaNota, const RigaPN& riga) {
                            sorgente());
 }
 
-QString sostituisciRighe(const RegistrazionePN& r) {
-    const auto conti = leggiConti(r.idCausale);
+QString sostituisciRighe(const RegistrazionePN& r, const std::optional<ContiCausale>& conti) {
     if (!conti) return gAdo.transazioneFallita() ? QString() : "Impossibile assegnare i conti DARE/AVERE!";
     const RighePN righe = ripartisci(*conti, r);
     if (!gAdo.executeSQL(
@@ -117,14 +95,17 @@ QString sostituisciRighe(const RegistrazionePN& r) {
 
 }  // namespace
 
-QString saveDettagliPrimaNota(int idPrimaNota, int idCausale, Currency importo, Currency imposta,
-                              Currency terzoImporto) {
-    RegistrazionePN r;
-    r.idPrimaNota = idPrimaNota;
-    r.idCausale = idCausale;
-    r.importo = importo;
-    r.imposta = imposta;
-    r.terzoImporto = terzoImporto;
+std::optional<ContiCausale> leggiConti(int idCausale) {
+    const Lettura lettura(
+        "SELECT FK_CONTODARE1, FK_CONTODARE2, FK_CONTOAVERE1, FK_CONTOAVERE2 FROM Causali WHERE RID = " +
+            QString::number(idCausale),
+        sorgente());
+    if (!lettura.trovata()) return std::nullopt;
+    return ContiCausale{lettura->intero("FK_CONTODARE1"), lettura->intero("FK_CONTODARE2"),
+                        lettura->intero("FK_CONTOAVERE1"), lettura->intero("FK_CONTOAVERE2")};
+}
+
+QString saveDettagliPrimaNota(const RegistrazionePN& r, const std::optional<ContiCausale>& conti) {
     return protetto(
-        gNomeModulo, "saveDettagliPrimaNota", [&] { return sostituisciRighe(r); }, QString());
+        gNomeModulo, "saveDettagliPrimaNota", [&] { return sostituisciRighe(r, conti); }, QString());
 }

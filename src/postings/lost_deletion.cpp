@@ -1,9 +1,9 @@
 #include "postings/lost_deletion.h"
 
-#include <QStringList>
-
 #include "core/globals.h"
 #include "data/gateway.h"
+#include "postings/stored_row.h"
+#include "postings/stored_sale.h"
 #include "sale/vendita.h"
 
 namespace {
@@ -27,11 +27,8 @@ QString sorgente() {
 // A key is never given twice: rows that are not there any more are the deleted ones.
 std::optional<bool> sparite(const std::set<int>& righe) {
     if (righe.empty()) return true;
-    QStringList chiavi;
-    for (const int rid : righe)
-        chiavi << QString::number(rid);
-    const Lettura lettura("SELECT COUNT(RID) FROM DettagliMovimento WHERE RID IN (" + chiavi.join(", ") + ")",
-                          sorgente());
+    const Lettura lettura(
+        "SELECT COUNT(RID) FROM DettagliMovimento WHERE RID IN (" + elencoChiavi(righe) + ")", sorgente());
     if (!lettura.trovata()) return std::nullopt;
     return lettura->campo(0).toInt() == 0;
 }
@@ -58,10 +55,7 @@ void racconta(Vendita& v, int idMovimento, EsitoCommit esito) {
 }  // namespace
 
 bool dopoCancellazionePersa(Vendita& v, int idMovimento) {
-    std::set<int> righe;
-    for (int r = 1; r <= v.flxVB.ultima(); ++r) {
-        if (v.flxVB.chiave(r, Colonna::Rid) > 0) righe.insert(v.flxVB.chiave(r, Colonna::Rid));
-    }
+    std::set<int> righe = righeRegistrate(v.flxVB);
     const EsitoCommit esito = cerca(v, righe);
     if (esito == EsitoCommit::Ignoto) v.cancellazioneIncerta = std::move(righe);
     racconta(v, idMovimento, esito);

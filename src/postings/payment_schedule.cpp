@@ -67,13 +67,14 @@ bool scriviAcconto(const Termini& termini, int idPrimaNota, Currency importo, QD
 
 // Terms that tell more instalments than there are rows of them.
 const char* const testoRateMancanti =
-    "Il pagamento prevede più rate di quelle che vi sono registrate: completarlo nell'archivio dei "
+    ".\nIl pagamento prevede più rate di quelle che vi sono registrate: completarlo nell'archivio dei "
     "pagamenti.";
 
 bool scriviRate(const Termini& termini, int idPrimaNota, Currency importo, QDate data, bool negative) {
     for (int i = 0; i < termini.numeroRate; ++i) {
         if (i >= static_cast<int>(termini.rate.size()))
-            throw RunTimeError(RunTimeError::IndiceNonValido, testoRateMancanti);
+            throw RunTimeError(RunTimeError::IndiceNonValido,
+                               RunTimeError(RunTimeError::IndiceNonValido).descrizione() + testoRateMancanti);
         const Rata& rata = termini.rate[static_cast<size_t>(i)];
         const Currency quota = Currency::daDouble(importo.toDouble() * (rata.percentuale / 100));
         if (!scriviScadenza(idPrimaNota, scadenza(termini, data, rata.giorni),

@@ -7,6 +7,7 @@
 #include "data/gateway.h"
 #include "postings/numbering.h"
 #include "postings/stored_row.h"
+#include "postings/stored_sale.h"
 #include "sale/vendita.h"
 
 namespace {
@@ -70,6 +71,21 @@ bool modificaTestata(const Vendita& v, Documento& d) {
     d.testataSparita = !rigaTrovata();
     d.testata = scritte;
     return !d.testataSparita;
+}
+
+// A further sale under the header takes the entries that stand there by now: another account may have made
+// them since this one began.
+bool riprendiDaiLibri(Vendita& v, const Documento& d) {
+    const std::set<int> toccate = righeDaToccare(v.flxVB);
+    const auto vendita = leggiVenditaNeiLibri(d.idMovimento, toccate);
+    if (!vendita) return false;
+    if (valIntero(v.txtSottoProg.testo()) > 0) {
+        if (!registrazioniComeSulloSchermo(v, *vendita)) return false;
+    } else {
+        v.idPrimaNota = vendita->idPrimaNota;
+        v.idPNPagamento = vendita->idPNPagamento;
+    }
+    return righeComeSulloSchermo(v.flxVB, *vendita, toccate);
 }
 
 bool scriviTotali(Documento& d, Currency totale, Currency imposta) {

@@ -47,17 +47,30 @@ const char* const testoSparita =
     "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
     "La vendita non è stata salvata. Salvarla come nuova vendita?";
 
-// What an unforeseen error left written may be a part of the sale. Where the header is as it was written, the
-// screen shows what is in the books; where it is not, nothing of the save is there.
+// What stands in the books after an unforeseen error, on the screen: the rows, if they were written, else the
+// header's key and number alone.
+void mostraRimasta(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
+    if (d.righeScritte) {
+        gFrmRegCassa().scontrini.salvataggioConcluso(true);
+        showVendita(v, d.idMovimento, -1, d.extraProg, -1);
+        return;
+    }
+    prima.ripristina(v);
+    if (d.idMovimento < 1) return;
+    v.lblRID.testo(QString::number(d.idMovimento));
+    v.txtProg.testo(Format(d.progressivo, u"0000"));
+}
+
+// What an unforeseen error left written may be a part of the sale. Where the header is as it was written, all
+// of that part is there; where it is not, nothing of the save is.
 void dopoErroreECommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     OperatorPort& operatore = v.schermo.operatore();
     const SalvataggioIncerto salvataggio{d.idMovimento, d.extraProg, d.testata, {}, {}};
     const EsitoCommit esito =
         d.testata.empty() ? EsitoCommit::NonRegistrato : cercaTestata(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
-        gFrmRegCassa().scontrini.salvataggioConcluso(true);
-        showVendita(v, d.idMovimento, -1, d.extraProg, -1);
-        operatore.messaggio(testoComeNellArchivio, Icona::Esclamazione);
+        mostraRimasta(v, d, prima);
+        operatore.messaggio(d.righeScritte ? testoComeNellArchivio : testoNonSalvata, Icona::Esclamazione);
         return;
     }
     prima.ripristina(v);
@@ -124,8 +137,7 @@ std::optional<bool> riprendiSalvataggio(Vendita& v) {
 bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     gErr.notificaSubito(erroreInCorso(), gNomeModulo, "salvaVendita", {});
     if (gAdo.commitTrasaction(transazioneSalvataggio())) {
-        gFrmRegCassa().scontrini.salvataggioConcluso(true);
-        if (d.idMovimento > 0) showVendita(v, d.idMovimento, -1, d.extraProg, -1);
+        mostraRimasta(v, d, prima);
     } else if (gAdo.commitDiEsitoIgnoto()) {
         dopoErroreECommitPerso(v, d, prima);
     } else {

@@ -20,8 +20,9 @@ bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvatag
 // A sale that may be in the books already is looked for before it is saved again. Nothing when it is to be
 // saved now, else what the save answers.
 std::optional<bool> riprendiSalvataggio(Vendita& v);
-// An unforeseen error, the one being handled, ends with a commit of what was written. The screen then shows
-// what is in the books, so that saving again books nothing twice. Always false.
+// An unforeseen error, the one being handled, ends with a commit of what was written. When the rows are among
+// it the screen shows them as they are in the books, so that saving again books nothing twice; otherwise it
+// keeps what was typed, under the header that is there by now. Always false.
 bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima);
 // Another desk has taken the header away. True when the whole sale is to go under one of its own.
 bool diventaNuova(Vendita& v, const Documento& d);

@@ -6,6 +6,7 @@
 #include "core/value_helpers.h"
 #include "data/gateway.h"
 #include "postings/lost_deletion.h"
+#include "postings/missing_references.h"
 #include "postings/numbering.h"
 #include "postings/post_accounts.h"
 #include "postings/save_header.h"
@@ -36,9 +37,11 @@ bool contabilizza(Vendita& v, Documento& d) {
 bool scriviNeiLibri(Vendita& v, Documento& d) {
     if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
     d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
-    if (!(v.rid() <= 0 ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
+    const bool nuova = v.rid() <= 0;
+    if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d) && riprendiDaiLibri(v, d))) return false;
     d.extraProg = v.extraProg() > 0 ? v.extraProg() : getNewSottoProgressivo(v, d.progressivo);
-    if (!saveDettagli(v, d.idMovimento, d.extraProg, d.trasferimento)) return false;
+    d.righeScritte = saveDettagli(v, d.idMovimento, d.extraProg, d.trasferimento);
+    if (!d.righeScritte) return false;
     if (d.trasferimento) calcolaTotali(v, true);
     return contabilizza(v, d);
 }
@@ -64,8 +67,10 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
         d.data = conversione ? orologio().oggi() : v.giorno();
         d.tipo = conversione ? tipoDocumento : gTipoDocVb;
         if (!scriviNeiLibri(v, d)) {
+            const bool riferimento = riferimentoRifiutato();
             prima.ripristina(v);
             gAdo.rollbackTrasaction(transazioneSalvataggio());
+            if (riferimento) spiegaRiferimentiMancanti(v, d);
             return d.testataSparita && diventaNuova(v, d) &&
                    salvaInTransazione(v, conversione, tipoDocumento, StatoPrimaDelSalvataggio(v));
         }

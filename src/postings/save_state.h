@@ -22,6 +22,7 @@ struct Documento {
     int extraProg = 0;
     RigaScritta testata;          // what was written to the header
     bool testataSparita = false;  // another desk has deleted the header meanwhile
+    bool righeScritte = false;    // all of them; before that none is in the books if the save ends here
 };
 
 // What a save writes to the sale before its commit, to be put back when it fails.

@@ -1,5 +1,7 @@
 #include "postings/stored_row.h"
 
+#include <QStringList>
+
 #include "core/errors.h"
 #include "data/gateway.h"
 
@@ -18,6 +20,18 @@ bool rigaTrovata() {
 bool eseguiSuRiga(const QString& sql, const QString& sorgente) {
     if (!gAdo.executeSQL(sql, sorgente)) return false;
     if (rigaTrovata()) return true;
-    gErr.mostraMessaggio(testoCambiata, OperatorPort::Icona::Esclamazione);
+    avvisaCambiata();
     return false;
+}
+
+void avvisaCambiata() {
+    gErr.mostraMessaggio(testoCambiata, OperatorPort::Icona::Esclamazione);
+}
+
+QString elencoChiavi(const std::set<int>& chiavi) {
+    if (chiavi.empty()) return "0";
+    QStringList elenco;
+    for (const int chiave : chiavi)
+        elenco << QString::number(chiave);
+    return elenco.join(", ");
 }

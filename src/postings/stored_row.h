@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include <QString>
 
 // Inside a transaction: whether the statement that has just run found a row to act on.
@@ -8,3 +10,9 @@ bool rigaTrovata();
 // Runs a statement about one row of DettagliMovimento that the screen shows as stored. False when it failed,
 // and when another desk has taken the row away meanwhile, which the operator is told after the transaction.
 bool eseguiSuRiga(const QString& sql, const QString& sorgente);
+
+// Tells the operator, after the transaction, that the sale is no more as the screen has it.
+void avvisaCambiata();
+
+// For IN (...): the keys, or one that no row has.
+QString elencoChiavi(const std::set<int>& chiavi);

@@ -195,9 +195,10 @@ INSTANTIATE_TEST_SUITE_P(Each, LostCommitOfOneColumn, testing::ValuesIn(cambiame
 
 class LostCommitBehindAnError : public LostCommit {
   protected:
-    void salvaConErrore(Guasto guasto, const QString& messaggio, Icona icona) {
-        sondaIstruzioni() = [fatto = false](const QString& sql) mutable -> std::optional<ErroreServer> {
-            if (sql.startsWith("UPDATE Movimenti") && !std::exchange(fatto, true))
+    void salvaConErrore(Guasto guasto, const QString& messaggio, Icona icona,
+                        const QString& istruzione = "UPDATE Movimenti") {
+        sondaIstruzioni() = [=, fatto = false](const QString& sql) mutable -> std::optional<ErroreServer> {
+            if (sql.startsWith(istruzione) && !std::exchange(fatto, true))
                 throw RunTimeError(RunTimeError::Overflow);
             return std::nullopt;
         };
@@ -216,6 +217,17 @@ TEST_F(LostCommitBehindAnError, ThatReachedTheServerIsShownAsItIsInTheBooks) {
     EXPECT_EQ(vendita().lblRID.testo(), n->valore("SELECT RID FROM Movimenti"));
     EXPECT_EQ(vendita().flxVB.gestione(2), RigaInvariata);
     salva();
+    EXPECT_EQ(n->conta("DettagliMovimento"), 2);
+}
+
+TEST_F(LostCommitBehindAnError, BeforeTheRowsKeepsThemUnderTheHeaderThatIsThere) {
+    salvaConErrore(Guasto::DopoIlCommit, nonSalvata, Icona::Esclamazione, "SELECT MAX(EXTRAPROG)");
+    EXPECT_EQ(n->conta("Movimenti"), 1);
+    EXPECT_EQ(n->conta("DettagliMovimento"), 0);
+    EXPECT_EQ(vendita().lblRID.testo(), n->valore("SELECT RID FROM Movimenti"));
+    EXPECT_EQ(vendita().flxVB.gestione(2), RigaNuova);
+    salva();
+    EXPECT_EQ(n->conta("Movimenti"), 1);
     EXPECT_EQ(n->conta("DettagliMovimento"), 2);
 }
 

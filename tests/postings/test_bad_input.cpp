@@ -28,6 +28,18 @@ class BadInput : public testing::Test {
         EXPECT_EQ(n.verifica(), QStringList());
     }
 
+    void mancano(const QString& nomi) {
+        n.operatore.attendiMessaggio(
+            "La vendita non è stata salvata. Nell'archivio non c'è più:\n - " + nomi +
+                "\nLa vendita è ancora sullo schermo: correggerla e salvarla di nuovo.",
+            Icona::Esclamazione);
+    }
+    // What the server said is for those who look after the till.
+    void soloNelRegistro(const QString& procedura) {
+        EXPECT_EQ(n.registroErrori().count(procedura), 1);
+        EXPECT_TRUE(n.operatore.avvisi.empty());
+    }
+
     std::unique_ptr<BottegaCompleta> s = std::make_unique<BottegaCompleta>(false);
     Negozio& n = s->n;
     Vendita& v = s->vendita();
@@ -51,10 +63,15 @@ TEST_F(BadInput, ACollectionWithoutACausalIsNotPosted) {
     rifiutata();
 }
 
-TEST_F(BadInput, ACausalThatIsNotThereIsReportedOnce) {
+TEST_F(BadInput, ACausalThatIsNotThereIsToldAsOneThatIsMissing) {
     v.idCausalePagamento = 99;
-    n.operatore.attendiAvviso("cAdoSqlServer.getIDByInsert -> bBottegonClientVB.salvaPrimaNota");
+    n.operatore.attendiMessaggio("Impossibile assegnare i conti DARE/AVERE!", Icona::Critica);
     rifiutata();
+    v.idCausalePagamento = 2;
+    v.mCausaleDoc = 99;
+    n.operatore.attendiMessaggio("Impossibile assegnare i conti DARE/AVERE!", Icona::Critica);
+    rifiutata();
+    EXPECT_EQ(n.registroErrori(), QString());
 }
 
 TEST_F(BadInput, ACausalWithoutAccountsGivesEntriesWithoutLines) {
@@ -71,6 +88,7 @@ TEST_F(BadInput, TermsWithFewerInstalmentsThanToldAreNotBookedInPart) {
     n.operatore.attendiAvviso("bBottegonClientVB.generaScadenzePagamento");
     rifiutata();
     EXPECT_EQ(n.operatore.avvisi.back().descrizione,
+              "Indice non compreso nell'intervallo.\n"
               "Il pagamento prevede più rate di quelle che vi sono registrate: completarlo nell'archivio dei "
               "pagamenti.");
     n.sql("UPDATE Pagamenti SET NRATE = 2 WHERE RID = 1");
@@ -88,21 +106,75 @@ TEST_F(BadInput, AProductWithoutACostIsNamed) {
     rifiutata();
 }
 
-TEST_F(BadInput, AProductThatIsGoneIsReportedOnce) {
+TEST_F(BadInput, AProductThatIsGoneIsNamed) {
     n.sql("DELETE FROM Prodotti WHERE CODICE = 'C'");
-    n.operatore.attendiAvviso("cAdoSqlServer.getIDByInsert -> bBottegonClientVB.saveDettagli");
+    mancano("il prodotto [C - C]");
+    rifiutata();
+    soloNelRegistro("getIDByInsert -> bBottegonClientVB.saveDettagli");
+    // Without it the sale is as good as any.
+    n.operatore.attendiDomanda("Eliminare il prodotto [C]?", OperatorPort::Risposta::Si);
+    s->conto().clicRiga(3);
+    s->conto().tasto(Qt::Key_F9);
+    salvata();
+}
+
+TEST_F(BadInput, AllThatARowMissesIsNamedOnce) {
+    n.sql("INSERT INTO UnitaMisura (RID, CODICE, DESCRIZIONE) VALUES (9,'KG','Chili')");
+    for (const int riga : {1, 2}) {
+        v.flxVB.scrivi(riga, Colonna::IdVenditore, "77");
+        v.flxVB.scrivi(riga, Colonna::DescVenditore, "Ada");
+    }
+    v.flxVB.scrivi(2, Colonna::IdIva, "78");
+    v.flxVB.scrivi(2, Colonna::IdUm, "9");
+    v.flxVB.scrivi(2, Colonna::Um, "KG");
+    n.sql("DELETE FROM UnitaMisura WHERE RID = 9");
+    mancano(
+        "il venditore [Ada]\n - l'aliquota IVA [10] del prodotto [B - B]\n - l'unità di misura [KG] del "
+        "prodotto [B - B]");
     rifiutata();
 }
 
 // ---- The customer goes while the sale is rung up
 
-TEST_F(BadInput, ANewSaleOfACustomerWhoIsGoneIsReportedOnce) {
+TEST_F(BadInput, ACustomerWhoIsGoneIsNamed) {
     n.sql("DELETE FROM Anagrafiche WHERE NUMERO = 7");
-    n.operatore.attendiAvviso("cAdoSqlServer.getIDByInsert -> bBottegonClientVB.salvaVendita");
+    v.lblDescCliente.testo("ROSSI");
+    mancano("il cliente [ROSSI]");
     rifiutata();
+    soloNelRegistro("getIDByInsert -> bBottegonClientVB.salvaVendita");
     // The sale goes to somebody who is there.
     v.txtCodCliente.tag("1");
     salvata();
+}
+
+TEST_F(BadInput, ADocumentTypeThatIsGoneIsNamed) {
+    gTipoDocVb = 99;
+    mancano("il tipo di documento [Vendita al banco]");
+    rifiutata();
+}
+
+// Where the reference is there again by the time it is looked for, no more is known than that.
+TEST_F(BadInput, AReferenceThatIsBackIsNotNamed) {
+    n.sql("DELETE FROM Prodotti WHERE CODICE = 'C'");
+    sondaIstruzioni() = [this](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql == "ROLLBACK") v.flxVB.scrivi(3, Colonna::IdProdotto, "1");
+        return std::nullopt;
+    };
+    n.operatore.attendiMessaggio(
+        "La vendita non è stata salvata: qualcosa a cui si riferisce non è più nell'archivio.\n"
+        "La vendita è ancora sullo schermo e si può salvare di nuovo.",
+        Icona::Esclamazione);
+    s->salva();
+    EXPECT_EQ(n.conta("Movimenti"), 0);
+}
+
+TEST_F(BadInput, AChangedSaleWithANewRowOfAProductThatIsGoneStaysAsItIs) {
+    salvata();
+    n.prodotto({.codice = "D", .listino1 = 3});
+    vendi(s->conto(), "D");
+    n.sql("DELETE FROM Prodotti WHERE CODICE = 'D'");
+    mancano("il prodotto [D - D]");
+    rifiutata();
 }
 
 // ---- The document goes while a sale under it is rung up
