@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "kit/CTastierino.h"
+#include "kit/cKeyFunction.h"
 #include "kit/tender.h"
 
 class CampoEdit;
@@ -32,5 +33,6 @@ class frmPagamento final : public QDialog {
 
     MonitorResto* mMonitor = nullptr;
     CTastierino mTastierino;
+    cKeyFunction mFunzioni;
     QWidget* mContenuto = nullptr;
 };
