@@ -13,9 +13,11 @@
 #include "counter/movement_list.h"
 #include "counter/next_sale.h"
 #include "counter/payment_step.h"
+#include "counter/recovery_journal.h"
 #include "counter/save_question.h"
 #include "counter/searches.h"
 #include "postings/delete_sale.h"
+#include "postings/lost_deletion.h"
 #include "sale/line_pricing.h"
 #include "sale/navigation.h"
 #include "sale/recall.h"
@@ -70,6 +72,7 @@ void salva(Conto& conto) {
 // The sale on the screen leaves the books, and the screen goes on.
 void cancella(Conto& conto) {
     Vendita& v = conto.vendita();
+    if (GiornaleVendite* giornale = giornaleVendite()) giornale->inCancellazione(v.indice, righeNeiLibri(v));
     if (!cancellaVendita(v, v.rid(), true)) return;
     if (bChiudiConto()) return conto.scarica();
     nuovoDocumento(v);

@@ -49,6 +49,7 @@ QJsonObject statoDi(const Vendita& v) {
                       {"scontoFisso", v.mScontoFisso},
                       {"giorno", v.giornoDocumento.toString(Qt::ISODate)}};
     if (v.salvataggioIncerto) stato["incerto"] = jsonDi(*v.salvataggioIncerto);
+    if (!v.cancellazioneIncerta.empty()) stato["cancellazione"] = jsonDi(v.cancellazioneIncerta);
     return stato;
 }
 
@@ -67,6 +68,7 @@ void scriviStato(const QJsonObject& s, Vendita& v) {
     v.mScontoFisso = s["scontoFisso"].toBool();
     v.giornoDocumento = QDate::fromString(s["giorno"].toString(), Qt::ISODate);
     if (s.contains("incerto")) v.salvataggioIncerto = salvataggioDa(s["incerto"].toObject());
+    v.cancellazioneIncerta = chiaviDa(s["cancellazione"]);
 }
 
 QJsonObject rigaDi(const FlexVB& g, int r) {
@@ -91,22 +93,6 @@ void scriviRiga(const QJsonObject& riga, Vendita& v) {
     g.piega(r, riga["piegata"].toBool());
     g.listinoLetto(r, riga["listino"].toString());
     checkRowReso(v, r);
-}
-
-QJsonArray chiaviDi(const std::set<int>& chiavi) {
-    QJsonArray tutte;
-    for (const int chiave : chiavi) {
-        tutte.append(chiave);
-    }
-    return tutte;
-}
-
-std::set<int> chiaviDa(const QJsonValue& valore) {
-    std::set<int> tutte;
-    for (const QJsonValue& chiave : valore.toArray()) {
-        tutte.insert(chiave.toInt());
-    }
-    return tutte;
 }
 
 QJsonArray colonneDi(const RigaScritta& riga) {
@@ -214,6 +200,22 @@ void ImmagineVendita::scriviIn(Vendita& v) const {
     scriviStato(mStato, v);
 }
 
+QJsonArray jsonDi(const std::set<int>& chiavi) {
+    QJsonArray tutte;
+    for (const int chiave : chiavi) {
+        tutte.append(chiave);
+    }
+    return tutte;
+}
+
+std::set<int> chiaviDa(const QJsonValue& valore) {
+    std::set<int> tutte;
+    for (const QJsonValue& chiave : valore.toArray()) {
+        tutte.insert(chiave.toInt());
+    }
+    return tutte;
+}
+
 QJsonObject jsonDi(const SalvataggioIncerto& s) {
     QJsonObject mutate;
     for (const auto& [rid, colonne] : s.righe.mutate) {
@@ -226,8 +228,8 @@ QJsonObject jsonDi(const SalvataggioIncerto& s) {
     return {{"movimento", s.idMovimento},
             {"extraProg", s.extraProg},
             {"testata", colonneDi(s.testata)},
-            {"note", chiaviDi(s.righe.note)},
-            {"cancellate", chiaviDi(s.righe.cancellate)},
+            {"note", jsonDi(s.righe.note)},
+            {"cancellate", jsonDi(s.righe.cancellate)},
             {"mutate", mutate},
             {"nuove", nuove},
             {"schermo", QJsonArray::fromStringList(s.schermo)}};

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <set>
 #include <vector>
 
 #include <QHash>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QStringList>
 
@@ -53,5 +55,7 @@ class ImmagineVendita {
     QList<QJsonObject> mRighe;
 };
 
+QJsonArray jsonDi(const std::set<int>& chiavi);
+std::set<int> chiaviDa(const QJsonValue& valore);
 QJsonObject jsonDi(const SalvataggioIncerto& salvataggio);
 SalvataggioIncerto salvataggioDa(const QJsonObject& oggetto);

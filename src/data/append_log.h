@@ -26,8 +26,9 @@ class RegistroAppeso {
     bool aggiungi(const QByteArray& record);
     // Nothing was written since the start or the last `elimina`.
     bool vuoto() const { return mFile < 0; }
-    // Returns when all records are on the disk.
-    void sincronizza();
+    // Returns when all records are on the disk, and with them the name of a file that is new; false when that
+    // is not known.
+    bool sincronizza();
     // The file goes.
     void elimina();
 
@@ -40,6 +41,9 @@ class RegistroAppeso {
     qint64 mLunghezza = 0;  // of what was written whole
     int mFile = -1;         // guarded by mSerratura, as all below
     bool mDaScaricare = false;
+    int mCreato = 0;            // how often the file was made anew
+    bool mNomeInCorso = false;  // the thread is bringing it there
+    int mNomeSuDisco = 0;       // the last of these whose name has reached the disk
     std::mutex mSerratura;
     std::condition_variable_any mSveglia;
     std::jthread mScarico;

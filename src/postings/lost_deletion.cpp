@@ -36,10 +36,6 @@ std::optional<bool> sparite(const std::set<int>& righe) {
     return lettura->campo(0).toInt() == 0;
 }
 
-EsitoCommit cerca(Vendita& v, const std::set<int>& righe) {
-    return cercaDopoCommitPerso(v.schermo.operatore(), sorgente(), [&] { return sparite(righe); });
-}
-
 // After a conversion the screen tells the number of the new document, not of the one that goes.
 QString numero(const Vendita& v, int idMovimento) {
     if (v.rid() != idMovimento) return {};
@@ -57,12 +53,21 @@ void racconta(Vendita& v, int idMovimento, EsitoCommit esito) {
 
 }  // namespace
 
-bool dopoCancellazionePersa(Vendita& v, int idMovimento) {
+std::set<int> righeNeiLibri(const Vendita& v) {
     std::set<int> righe;
     for (int r = 1; r <= v.flxVB.ultima(); ++r) {
         if (v.flxVB.chiave(r, Colonna::Rid) > 0) righe.insert(v.flxVB.chiave(r, Colonna::Rid));
     }
-    const EsitoCommit esito = cerca(v, righe);
+    return righe;
+}
+
+EsitoCommit cercaCancellazione(OperatorPort& operatore, const std::set<int>& righe) {
+    return cercaDopoCommitPerso(operatore, sorgente(), [&] { return sparite(righe); });
+}
+
+bool dopoCancellazionePersa(Vendita& v, int idMovimento) {
+    std::set<int> righe = righeNeiLibri(v);
+    const EsitoCommit esito = cercaCancellazione(v.schermo.operatore(), righe);
     if (esito == EsitoCommit::Ignoto) v.cancellazioneIncerta = std::move(righe);
     racconta(v, idMovimento, esito);
     return esito == EsitoCommit::Registrato;
@@ -70,7 +75,7 @@ bool dopoCancellazionePersa(Vendita& v, int idMovimento) {
 
 EsitoCommit chiarisciCancellazione(Vendita& v) {
     if (v.cancellazioneIncerta.empty()) return EsitoCommit::NonRegistrato;
-    const EsitoCommit esito = cerca(v, v.cancellazioneIncerta);
+    const EsitoCommit esito = cercaCancellazione(v.schermo.operatore(), v.cancellazioneIncerta);
     if (esito != EsitoCommit::Ignoto) v.cancellazioneIncerta.clear();
     if (esito != EsitoCommit::NonRegistrato) racconta(v, v.rid(), esito);
     return esito;
