@@ -12,6 +12,7 @@
 #include "counter/captions.h"
 #include "counter/commands.h"
 #include "counter/fields.h"
+#include "counter/keys.h"
 #include "counter/recovery_journal.h"
 #include "counter/register_indicator.h"
 #include "counter/save_question.h"
@@ -101,6 +102,7 @@ Conto* contoDavanti() {
 
 Conto::Conto(int indice) : mVendita(indice, *this) {
     scriviDidascalie(mVendita);
+    ascoltaTastiFunzione(*this);
 }
 
 void Conto::premiComando(int comando) {

@@ -9,6 +9,7 @@
 
 #include "counter/key_burst.h"
 #include "counter/operator_entry.h"
+#include "kit/cKeyFunction.h"
 #include "kit/tender.h"
 #include "sale/schermo.h"
 #include "sale/vendita.h"
@@ -27,6 +28,8 @@ class Conto : public SchermoVendita {
     void campoAttivo(Campo* campo) { mCampoAttivo = campo; }
     // Whether a held cursor key has stepped since it went down.
     bool passoFatto = false;
+    // Function keys that act on the field they are pressed in.
+    cKeyFunction tastiFunzione;
     // Keys that come as fast as a scanner's.
     RafficaTasti raffica;
     // The code of the badge that is being scanned, as far as it has come; nothing when none is.

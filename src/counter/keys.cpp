@@ -1,5 +1,7 @@
 #include "counter/keys.h"
 
+#include <exception>
+
 #include <QScopedValueRollback>
 #include <Qt>
 
@@ -60,20 +62,12 @@ bool premi(Conto& conto, int comando) {
     return true;
 }
 
-// The search that fills the field being typed in.
-bool cercaPerIlCampo(Conto& conto) {
+// The search that fills that field.
+void cercaPerIlCampo(Conto& conto, const Campo* campo) {
     const Vendita& v = conto.vendita();
-    const Campo* campo = conto.campoAttivo();
     if (campo == &v.txtCodCliente) cmdConto_Click(conto, contoCliente);
     if (campo == &v.txtCodProdotto) cmdConto_Click(conto, contoProdotto);
     if (campo == &v.txtIVA) cmdConto_Click(conto, contoIva);
-    return true;
-}
-
-// A price is corrected all day long, and its button has no letter of its own.
-bool vaiAlPrezzo(Conto& conto) {
-    cmdConto_Click(conto, contoPrezzo);
-    return true;
 }
 
 bool apriOpzioni(Conto& conto) {
@@ -82,11 +76,43 @@ bool apriOpzioni(Conto& conto) {
     return true;
 }
 
+// F3 and F7 belong to the field that they are pressed in; the others of the broker are commands.
+bool tastoDelCampo(Conto& conto, int tasto, int modificatori) {
+    if (tasto != Qt::Key_F3 && tasto != Qt::Key_F7) return false;
+    conto.tastiFunzione.setFunctionKey(tasto, modificatori, conto.campoAttivo());
+    return true;
+}
+
 bool fermaPassi(Conto& conto) {
     // A tap shorter than the timer still moves one row.
     if (!conto.passoFatto) TimerKeys_Timer(conto.vendita());
     lasciaTasti(conto);
     return true;
+}
+
+bool tastoSu(Conto& conto, int tasto, int modificatori) {
+    Vendita& v = conto.vendita();
+    if (tasto == Qt::Key_Shift) v.tastoShift = false;
+    if (tasto == Qt::Key_Control) v.tastoCtrl = false;
+    // A cursor key that comes up ends its steps whatever else is held.
+    if (tasto == Qt::Key_Up || tasto == Qt::Key_Down) return fermaPassi(conto);
+    const int stato = modificatori & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    if (stato == Qt::ShiftModifier && tasto == Qt::Key_F6) {
+        setReso(v, 3);
+        return true;
+    }
+    if (stato == Qt::ShiftModifier) {
+        // A hand may have let go of Shift first.
+        const QScopedValueRollback shift(v.tastoShift, true);
+        return premi(conto, comandoConShift(tasto));
+    }
+    if (stato == Qt::ControlModifier && tasto == Qt::Key_F11) return apriOpzioni(conto);
+    if (stato != Qt::NoModifier) return false;
+    if (tasto == Qt::Key_F4) {
+        spuntaCambiata(conto, v.chkCodiceProdotto, 1 - v.chkCodiceProdotto.valore());
+        return true;
+    }
+    return tastoDelCampo(conto, tasto, stato) || premi(conto, comandoDelTasto(tasto));
 }
 
 }  // namespace
@@ -132,29 +158,19 @@ bool Form_KeyPress(Conto& conto, QChar carattere, qint64 istante) {
     return true;
 }
 
+void ascoltaTastiFunzione(Conto& conto) {
+    conto.tastiFunzione.evtFunctionKey([&conto](int tasto, int, const Campo* campo) {
+        if (tasto == Qt::Key_F3) cercaPerIlCampo(conto, campo);
+        // A price is corrected all day long, and its button has no letter of its own.
+        if (tasto == Qt::Key_F7) cmdConto_Click(conto, contoPrezzo);
+    });
+}
+
 bool Form_KeyUp(Conto& conto, int tasto, int modificatori) {
-    Vendita& v = conto.vendita();
-    if (tasto == Qt::Key_Shift) v.tastoShift = false;
-    if (tasto == Qt::Key_Control) v.tastoCtrl = false;
-    // A cursor key that comes up ends its steps whatever else is held.
-    if (tasto == Qt::Key_Up || tasto == Qt::Key_Down) return fermaPassi(conto);
-    const int stato = modificatori & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
-    if (stato == Qt::ShiftModifier && tasto == Qt::Key_F6) {
-        setReso(v, 3);
+    try {
+        return tastoSu(conto, tasto, modificatori);
+    } catch (const std::exception&) {
+        // A key that fails is as if it had not been pressed. The commands that it presses report their own.
         return true;
     }
-    if (stato == Qt::ShiftModifier) {
-        // A hand may have let go of Shift first.
-        const QScopedValueRollback shift(v.tastoShift, true);
-        return premi(conto, comandoConShift(tasto));
-    }
-    if (stato == Qt::ControlModifier && tasto == Qt::Key_F11) return apriOpzioni(conto);
-    if (stato != Qt::NoModifier) return false;
-    if (tasto == Qt::Key_F4) {
-        spuntaCambiata(conto, v.chkCodiceProdotto, 1 - v.chkCodiceProdotto.valore());
-        return true;
-    }
-    if (tasto == Qt::Key_F3) return cercaPerIlCampo(conto);
-    if (tasto == Qt::Key_F7) return vaiAlPrezzo(conto);
-    return premi(conto, comandoDelTasto(tasto));
 }

@@ -15,5 +15,7 @@ bool Form_KeyPress(Conto& conto, QChar carattere, qint64 istante = -1);
 void timerTasti(Conto& conto);
 // Another window takes the keys: nothing is held any more.
 void lasciaTasti(Conto& conto);
-// A key comes up: the function keys press their commands. True when it is consumed.
+// A key comes up: the function keys press their commands. True when it is consumed. An error here is ignored.
 bool Form_KeyUp(Conto& conto, int tasto, int modificatori);
+// The keys that belong to the field they are pressed in reach this screen from now on.
+void ascoltaTastiFunzione(Conto& conto);

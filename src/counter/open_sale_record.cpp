@@ -50,6 +50,7 @@ QJsonObject statoDi(const Vendita& v) {
                       {"scontoFisso", v.mScontoFisso},
                       {"giorno", v.giornoDocumento.toString(Qt::ISODate)}};
     if (v.salvataggioIncerto) stato["incerto"] = jsonDi(*v.salvataggioIncerto);
+    if (!v.cancellazioneIncerta.empty()) stato["cancellazione"] = jsonDi(v.cancellazioneIncerta);
     return stato;
 }
 
@@ -68,6 +69,7 @@ void scriviStato(const QJsonObject& s, Vendita& v) {
     v.mScontoFisso = s["scontoFisso"].toBool();
     v.giornoDocumento = QDate::fromString(s["giorno"].toString(), Qt::ISODate);
     if (s.contains("incerto")) v.salvataggioIncerto = salvataggioDa(s["incerto"].toObject());
+    v.cancellazioneIncerta = chiaviDa(s["cancellazione"]);
 }
 
 QJsonObject rigaDi(const FlexVB& g, int r) {

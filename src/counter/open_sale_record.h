@@ -1,8 +1,10 @@
 #pragma once
 
+#include <set>
 #include <vector>
 
 #include <QHash>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QStringList>
 

@@ -9,7 +9,9 @@
 #include "core/errors.h"
 #include "core/globals.h"
 #include "counter/uncertain_save_record.h"
+#include "data/disk.h"
 #include "data/settings_store.h"
+#include "postings/lost_deletion.h"
 #include "postings/lost_save.h"
 #include "sale/customer.h"
 #include "sale/row_editor.h"
@@ -22,10 +24,17 @@ GiornaleVendite* inVigore = nullptr;
 const QString nomeConto = "conto";
 const QString nomeFine = "fine";
 const QString nomeSalva = "salva";
+const QString nomeCancella = "cancella";
 
+// Names that change have to reach the disk too, or a power cut brings the ones before back.
 void sposta(const QString& da, const QString& a) {
     QFile::remove(a);
     QFile::rename(da, a);
+    disco().scaricaCartellaDi(a);
+}
+
+void togli(const QString& file) {
+    if (QFile::remove(file)) disco().scaricaCartellaDi(file);
 }
 
 QJsonObject oggettoDi(const QByteArray& record) {
@@ -35,18 +44,21 @@ QJsonObject oggettoDi(const QByteArray& record) {
 // A record of one account, into what is known of it.
 void applica(const QJsonObject& record, std::optional<GiornaleVendite::VenditaAperta>& aperta, int conto) {
     if (record.contains(nomeFine)) return aperta.reset();
-    if (!aperta) aperta = GiornaleVendite::VenditaAperta{conto, {}, {}};
+    if (!aperta) aperta = GiornaleVendite::VenditaAperta{conto, {}, {}, {}};
     aperta->immagine.applica(record);
-    if (record.contains(nomeSalva)) {
-        aperta->salvataggio = salvataggioDa(record[nomeSalva].toObject());
-    } else {
-        // Something was done after the save that failed.
-        aperta->salvataggio.reset();
-    }
+    // Any other record: something was done after the save or the deletion, which failed.
+    aperta->salvataggio.reset();
+    if (record.contains(nomeSalva)) aperta->salvataggio = salvataggioDa(record[nomeSalva].toObject());
+    aperta->cancellate = chiaviDa(record[nomeCancella]);
 }
 
-// False when its save turns out to be in the books.
+// False when its save or its deletion turns out to be in the books.
 bool daRiprendere(GiornaleVendite::VenditaAperta& aperta, OperatorPort& operatore) {
+    if (!aperta.cancellate.empty()) {
+        const EsitoCommit esito = cercaCancellazione(operatore, aperta.cancellate);
+        if (esito != EsitoCommit::Ignoto) aperta.cancellate.clear();
+        if (esito == EsitoCommit::Registrato) return false;
+    }
     if (!aperta.salvataggio) return true;
     const EsitoCommit esito = cercaSalvataggio(operatore, *aperta.salvataggio);
     // Looked up once more before it is saved again.
@@ -65,6 +77,8 @@ void riprendi(const GiornaleVendite::VenditaAperta& aperta) {
         v.salvataggioIncerto = aperta.salvataggio;
         v.salvataggioIncerto->schermo = descriviSchermo(v);
     }
+    // Looked up once more before it is deleted or saved again.
+    if (!aperta.cancellate.empty()) v.cancellazioneIncerta = aperta.cancellate;
     calcolaTotali(v, false);
     mostraSegnala(v);
     mostraSaldo(v);
@@ -116,14 +130,13 @@ void GiornaleVendite::cominciaRipresa() {
 
 void GiornaleVendite::finisciRipresa() {
     annota();
-    if (mGuasto) return;
-    mRegistro.sincronizza();
-    QFile::remove(percorsoPrima());
+    if (!mGuasto) sincronizza();
+    if (!mGuasto) togli(percorsoPrima());
 }
 
 void GiornaleVendite::dimentica() {
     mRegistro.elimina();
-    QFile::remove(percorsoPrima());
+    togli(percorsoPrima());
 }
 
 bool GiornaleVendite::qualcosaDaSalvare() const {
@@ -158,8 +171,25 @@ void GiornaleVendite::annota() {
 }
 
 void GiornaleVendite::inSalvataggio(int conto, const SalvataggioIncerto& salvataggio) {
-    scrivi({{nomeConto, conto}, {nomeSalva, jsonDi(salvataggio)}});
-    mRegistro.sincronizza();
+    if (scrivi({{nomeConto, conto}, {nomeSalva, jsonDi(salvataggio)}})) sincronizza();
+}
+
+void GiornaleVendite::inCancellazione(int conto, const std::set<int>& righe) {
+    if (!mTracce[static_cast<size_t>(conto)] || righe.empty()) return;
+    if (scrivi({{nomeConto, conto}, {nomeCancella, jsonDi(righe)}})) sincronizza();
+}
+
+void GiornaleVendite::sincronizza() {
+    if (!mRegistro.sincronizza()) riferisciGuasto();
+}
+
+void GiornaleVendite::riferisciGuasto() {
+    if (!mGuasto) {
+        gErr.annotaErrore(
+            RunTimeError(RunTimeError::ErroreApplicazione, "Giornale delle vendite aperte non scritto"),
+            gNomeModulo, "GiornaleVendite", mPercorso);
+    }
+    mGuasto = true;
 }
 
 // What could not be written is told once; the next record then begins the file anew, with all that is open.
@@ -170,12 +200,7 @@ bool GiornaleVendite::scrivi(const QJsonObject& record) {
     }
     mRegistro.elimina();
     mTracce = {};
-    if (!mGuasto) {
-        gErr.annotaErrore(
-            RunTimeError(RunTimeError::ErroreApplicazione, "Giornale delle vendite aperte non scritto"),
-            gNomeModulo, "GiornaleVendite", mPercorso);
-    }
-    mGuasto = true;
+    riferisciGuasto();
     return false;
 }
 

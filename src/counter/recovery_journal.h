@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <set>
 
 #include "counter/accounts.h"
 #include "counter/open_sale_record.h"
@@ -21,6 +22,8 @@ class GiornaleVendite {
         ImmagineVendita immagine;
         // It was being saved: whether that is in the books has to be looked up.
         std::optional<SalvataggioIncerto> salvataggio;
+        // It was being deleted: its rows, DettagliMovimento keys, of which the same is true.
+        std::set<int> cancellate;
     };
     // What the last run left behind.
     std::vector<VenditaAperta> leggi();
@@ -35,6 +38,9 @@ class GiornaleVendite {
     // On the disk before the commit: what the books will hold if it succeeds. The sale itself stays written
     // down as it was before its save, without the keys that only the commit makes true.
     void inSalvataggio(int conto, const SalvataggioIncerto& salvataggio);
+    // On the disk before a deletion: the keys of the rows that leave the books if it succeeds. Of a sale that
+    // is not written down there is nothing to say.
+    void inCancellazione(int conto, const std::set<int>& righe);
 
     // This user's file for the archive and desk in force: another archive's sales wait in theirs.
     static QString percorsoUtente();
@@ -44,6 +50,8 @@ class GiornaleVendite {
     QString percorsoPrima() const { return mPercorso + ".prima"; }
     bool qualcosaDaSalvare() const;
     bool scrivi(const QJsonObject& record);
+    void sincronizza();
+    void riferisciGuasto();
 
     QString mPercorso;
     RegistroAppeso mRegistro;

@@ -1,24 +1,6 @@
 #include "counter/uncertain_save_record.h"
 
-#include <QJsonArray>
-
 namespace {
-
-QJsonArray chiaviDi(const std::set<int>& chiavi) {
-    QJsonArray tutte;
-    for (const int chiave : chiavi) {
-        tutte.append(chiave);
-    }
-    return tutte;
-}
-
-std::set<int> chiaviDa(const QJsonValue& valore) {
-    std::set<int> tutte;
-    for (const QJsonValue& chiave : valore.toArray()) {
-        tutte.insert(chiave.toInt());
-    }
-    return tutte;
-}
 
 QJsonArray colonneDi(const RigaScritta& riga) {
     QJsonArray colonne;
@@ -38,6 +20,22 @@ RigaScritta colonneDa(const QJsonValue& valore) {
 
 }  // namespace
 
+QJsonArray jsonDi(const std::set<int>& chiavi) {
+    QJsonArray tutte;
+    for (const int chiave : chiavi) {
+        tutte.append(chiave);
+    }
+    return tutte;
+}
+
+std::set<int> chiaviDa(const QJsonValue& valore) {
+    std::set<int> tutte;
+    for (const QJsonValue& chiave : valore.toArray()) {
+        tutte.insert(chiave.toInt());
+    }
+    return tutte;
+}
+
 QJsonObject jsonDi(const SalvataggioIncerto& s) {
     QJsonObject mutate;
     for (const auto& [rid, colonne] : s.righe.mutate) {
@@ -50,8 +48,8 @@ QJsonObject jsonDi(const SalvataggioIncerto& s) {
     return {{"movimento", s.idMovimento},
             {"extraProg", s.extraProg},
             {"testata", colonneDi(s.testata)},
-            {"note", chiaviDi(s.righe.note)},
-            {"cancellate", chiaviDi(s.righe.cancellate)},
+            {"note", jsonDi(s.righe.note)},
+            {"cancellate", jsonDi(s.righe.cancellate)},
             {"mutate", mutate},
             {"nuove", nuove},
             {"schermo", QJsonArray::fromStringList(s.schermo)}};

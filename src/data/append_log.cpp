@@ -6,6 +6,8 @@
 
 #include <QFile>
 
+#include "data/disk.h"
+
 namespace {
 
 constexpr qsizetype cifreControllo = 4;
@@ -62,6 +64,7 @@ bool RegistroAppeso::apri() {
     mFile =
         ::open(percorso.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
     mLunghezza = 0;
+    if (mFile >= 0) ++mCreato;
     return mFile >= 0;
 }
 
@@ -80,10 +83,14 @@ bool RegistroAppeso::aggiungi(const QByteArray& record) {
     return true;
 }
 
-void RegistroAppeso::sincronizza() {
-    const std::lock_guard serratura(mSerratura);
-    if (mFile >= 0) ::fdatasync(mFile);
+bool RegistroAppeso::sincronizza() {
+    std::unique_lock serratura(mSerratura);
+    mSveglia.wait(serratura, [this] { return !mNomeInCorso; });
     mDaScaricare = false;
+    if (mFile < 0) return true;
+    const bool scaricato = disco().scarica(mFile);
+    if (mNomeSuDisco != mCreato && disco().scaricaCartellaDi(mPercorso)) mNomeSuDisco = mCreato;
+    return scaricato && mNomeSuDisco == mCreato;
 }
 
 void RegistroAppeso::elimina() {
@@ -103,12 +110,18 @@ void RegistroAppeso::lavora(const std::stop_token& fine) {
     std::unique_lock serratura(mSerratura);
     while (mSveglia.wait(serratura, fine, [this] { return mDaScaricare; })) {
         mDaScaricare = false;
+        const int creato = mCreato;
+        mNomeInCorso = mNomeSuDisco != creato;
         const int copia = ::fcntl(mFile, F_DUPFD_CLOEXEC, 0);
         serratura.unlock();
         if (copia >= 0) {
-            ::fdatasync(copia);
+            disco().scarica(copia);
             ::close(copia);
         }
+        const bool nomeScaricato = mNomeInCorso && disco().scaricaCartellaDi(mPercorso);
         serratura.lock();
+        if (nomeScaricato) mNomeSuDisco = creato;
+        mNomeInCorso = false;
+        mSveglia.notify_all();
     }
 }

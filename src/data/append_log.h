@@ -24,9 +24,9 @@ class RegistroAppeso {
     // Without line breaks. The file begins anew with its first record, readable by its owner alone.
     // False when it could not be written; then nothing of it is in the file.
     bool aggiungi(const QByteArray& record);
-    // Nothing was written since the start or the last `elimina`.
-    // Returns when all records are on the disk.
-    void sincronizza();
+    // Returns when all records are on the disk, and with them the name of a file that is new; false when that
+    // is not known.
+    bool sincronizza();
     // The file goes.
     void elimina();
 
@@ -39,6 +39,9 @@ class RegistroAppeso {
     qint64 mLunghezza = 0;  // of what was written whole
     int mFile = -1;         // guarded by mSerratura, as all below
     bool mDaScaricare = false;
+    int mCreato = 0;            // how often the file was made anew
+    bool mNomeInCorso = false;  // the thread is bringing it there
+    int mNomeSuDisco = 0;       // the last of these whose name has reached the disk
     std::mutex mSerratura;
     std::condition_variable_any mSveglia;
     std::jthread mScarico;

@@ -33,10 +33,6 @@ std::optional<bool> sparite(const std::set<int>& righe) {
     return lettura->campo(0).toInt() == 0;
 }
 
-EsitoCommit cerca(Vendita& v, const std::set<int>& righe) {
-    return cercaDopoCommitPerso(v.schermo.operatore(), sorgente(), [&] { return sparite(righe); });
-}
-
 // After a conversion the screen tells the number of the new document, not of the one that goes.
 QString numero(const Vendita& v, int idMovimento) {
     if (v.rid() != idMovimento) return {};
@@ -54,9 +50,13 @@ void racconta(Vendita& v, int idMovimento, EsitoCommit esito) {
 
 }  // namespace
 
+EsitoCommit cercaCancellazione(OperatorPort& operatore, const std::set<int>& righe) {
+    return cercaDopoCommitPerso(operatore, sorgente(), [&] { return sparite(righe); });
+}
+
 bool dopoCancellazionePersa(Vendita& v, int idMovimento) {
     std::set<int> righe = righeRegistrate(v.flxVB);
-    const EsitoCommit esito = cerca(v, righe);
+    const EsitoCommit esito = cercaCancellazione(v.schermo.operatore(), righe);
     if (esito == EsitoCommit::Ignoto) v.cancellazioneIncerta = std::move(righe);
     racconta(v, idMovimento, esito);
     return esito == EsitoCommit::Registrato;
@@ -64,7 +64,7 @@ bool dopoCancellazionePersa(Vendita& v, int idMovimento) {
 
 EsitoCommit chiarisciCancellazione(Vendita& v) {
     if (v.cancellazioneIncerta.empty()) return EsitoCommit::NonRegistrato;
-    const EsitoCommit esito = cerca(v, v.cancellazioneIncerta);
+    const EsitoCommit esito = cercaCancellazione(v.schermo.operatore(), v.cancellazioneIncerta);
     if (esito != EsitoCommit::Ignoto) v.cancellazioneIncerta.clear();
     if (esito != EsitoCommit::NonRegistrato) racconta(v, v.rid(), esito);
     return esito;

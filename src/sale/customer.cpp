@@ -86,6 +86,22 @@ bool apreNuovoConto(Vendita& v, const QString& domanda, const QString& codice) {
     return true;
 }
 
+// Rows rung up before the customer was named would go when another document takes their place.
+bool lasciaLeRighe(Vendita& v) {
+    if (!v.venditaModificata || v.flxVB.righe() <= 1) return true;
+    return v.schermo.operatore().chiedeSi(
+        "Le righe già battute non sono state salvate e andrebbero perse.\n"
+        "Mostrare comunque il documento esistente?",
+        OperatorPort::Icona::Esclamazione);
+}
+
+// An open document of the customer takes the place of the new sale, if the operator wants it.
+void offriDocumentoAperto(Vendita& v) {
+    if (v.cliente() == gClientePredefinito || v.rid() >= 0) return;
+    const int documento = getDocumentoForCliente(v, v.cliente());
+    if (documento > 0 && lasciaLeRighe(v)) showVendita(v, documento, -1, 1, -1);
+}
+
 // Loads and shows a customer; `trovato` runs behind that.
 template <class Trovato>
 bool prendiCliente(Vendita& v, int id, const QString& codice, Trovato trovato) {
@@ -109,14 +125,7 @@ bool mostraCliente(Vendita& v, int id) {
 bool getCliente(Vendita& v, int id, const QString& codice) {
     return protetto(
         moduloFrmMain, "getCliente",
-        [&] {
-            return prendiCliente(v, id, codice, [&v] {
-                if (v.cliente() == gClientePredefinito || v.rid() >= 0) return;
-                const int documento = getDocumentoForCliente(v, v.cliente());
-                if (documento > 0) showVendita(v, documento, -1, 1, -1);
-            });
-        },
-        false);
+        [&] { return prendiCliente(v, id, codice, [&v] { offriDocumentoAperto(v); }); }, false);
 }
 
 void txtCodCliente_Invio(Vendita& v) {

@@ -1,7 +1,26 @@
+#include "core/run_time_error.h"
 #include "counter/counter_shop.h"
 #include "counter/keys.h"
 
 namespace {
+
+// A store whose disk is full.
+class ImpostazioniGuaste final : public SettingsStore {
+  public:
+    explicit ImpostazioniGuaste(SettingsInMemory& vere) : mVere(vere) { impostaImpostazioni(this); }
+    ~ImpostazioniGuaste() override { impostaImpostazioni(&mVere); }
+
+    QString leggi(const QString& applicazione, const QString& sezione, const QString& chiave,
+                  const QString& predefinito) override {
+        return mVere.leggi(applicazione, sezione, chiave, predefinito);
+    }
+    void scriviTutte(const QString&, const std::vector<Voce>&) override {
+        throw RunTimeError(RunTimeError::ErroreApplicazione, "disco pieno");
+    }
+
+  private:
+    SettingsInMemory& mVere;
+};
 
 class Keys : public BancoDiProva {
   protected:
@@ -77,6 +96,33 @@ TEST_F(Keys, ShiftAndControlAreRemembered) {
     EXPECT_TRUE(c.vendita().tastoCtrl);
     Form_KeyUp(c, Qt::Key_Control, Qt::NoModifier);
     EXPECT_FALSE(c.vendita().tastoCtrl);
+}
+
+TEST_F(Keys, AnErrorAtAKeyThatComesUpIsIgnored) {
+    ContoDiProva& c = n.apriConto();
+    {
+        const ImpostazioniGuaste guaste(n.impostazioni);
+        c.tasto(Qt::Key_F4);
+    }
+    c.scansiona("8001");
+    EXPECT_EQ(c.vendita().flxVB.ultima(), 1);
+    EXPECT_TRUE(n.operatore.avvisi.empty());
+}
+
+TEST_F(Keys, AnErrorInACommandThatAKeyPressesIsReported) {
+    ContoDiProva& c = contoConVendita();
+    c.incassi.emplace_back([](Currency) -> EsitoIncasso { throw RunTimeError(RunTimeError::Overflow); });
+    gMonitor = 1;
+    n.operatore.attendiAvviso("frmMain.cmdComando_Click");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(vendite(), 0);
+}
+
+TEST_F(Keys, F3InAFieldWithoutASearchDoesNothing) {
+    ContoDiProva& c = contoConVendita();
+    c.clic(c.vendita().txtQta);
+    c.tasto(Qt::Key_F3);
+    EXPECT_TRUE(c.ricercheAperte.empty());
 }
 
 // ---- Cursor keys

@@ -24,18 +24,39 @@ class RecoveryJournal : public BancoDiProva {
     // The program dies: nothing of it is left but its file. Then it starts again, up to the first account.
     void muoreERiparte() {
         giornale->annota();
-        const QByteArray file = contenuto();
+        riparteCon(contenuto());
+    }
+    // A start that finds that file.
+    void riparteCon(const QByteArray& file) {
         for (auto& conto : gConti)
             conto.reset();
         giornale.reset();
-        QFile nuovo(percorso);
+        QFile::remove(percorso);
         if (!file.isEmpty()) {
+            QFile nuovo(percorso);
             ASSERT_TRUE(nuovo.open(QIODevice::WriteOnly));
             nuovo.write(file);
-            nuovo.close();
         }
         giornale.emplace(percorso);
         getConto(0, false);
+    }
+    // F5, and the file as it stood just before the commit.
+    QByteArray salvaFinoAlCommit(ContoDiProva& c) {
+        giornale->annota();
+        QByteArray file;
+        auto annota = c.vendita().primaDelCommit;
+        c.vendita().primaDelCommit = [&](const SalvataggioIncerto& s) {
+            annota(s);
+            file = contenuto();
+        };
+        c.tasto(Qt::Key_F5);
+        EXPECT_FALSE(file.isEmpty());
+        return file;
+    }
+    // The books as they were before the last save.
+    void ilCommitNonCE() {
+        n.sql("DELETE FROM DettagliMovimento");
+        n.sql("DELETE FROM Movimenti");
     }
     void riprende(Risposta risposta = Risposta::Si) {
         n.operatore.attendiDomanda(offerta, risposta);
@@ -213,54 +234,149 @@ TEST_F(RecoveryJournal, DeathWhileBringingBackLosesNothing) {
 }
 
 TEST_F(RecoveryJournal, SaleWhoseCommitSucceededIsNotOffered) {
-    ContoDiProva& c = contoConVendita();
-    giornale->annota();
-    QByteArray primaDelCommit;
-    auto annota = c.vendita().primaDelCommit;
-    c.vendita().primaDelCommit = [&](const SalvataggioIncerto& s) {
-        annota(s);
-        primaDelCommit = contenuto();
-    };
-    c.tasto(Qt::Key_F5);
-    giornale->annota();
-    // Death came right after the commit.
-    QFile file(percorso);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(primaDelCommit);
-    file.close();
-    giornale.emplace(percorso);
+    riparteCon(salvaFinoAlCommit(contoConVendita()));
     nonOffre();
     EXPECT_FALSE(fileCe());
 }
 
 TEST_F(RecoveryJournal, SaleWhoseCommitDidNotComeIsOffered) {
-    ContoDiProva& c = contoConVendita();
-    giornale->annota();
-    QByteArray primaDelCommit;
-    auto annota = c.vendita().primaDelCommit;
-    c.vendita().primaDelCommit = [&](const SalvataggioIncerto& s) {
-        annota(s);
-        primaDelCommit = contenuto();
-    };
-    c.tasto(Qt::Key_F5);
-    // Death came just before the commit: the archive never had it.
-    n.sql("DELETE FROM DettagliMovimento");
-    n.sql("DELETE FROM Movimenti");
-    for (auto& conto : gConti)
-        conto.reset();
-    giornale.reset();
-    QFile file(percorso);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(primaDelCommit);
-    file.close();
-    giornale.emplace(percorso);
-    getConto(0, false);
+    const QByteArray file = salvaFinoAlCommit(contoConVendita());
+    ilCommitNonCE();
+    riparteCon(file);
     riprende();
     EXPECT_EQ(n.vendita(0).flxVB.ultima(), 1);
     EXPECT_EQ(n.vendita(0).idPrimaNota, -1);
     EXPECT_EQ(n.vendita(0).idPNPagamento, -1);
     EXPECT_EQ(n.vendita(0).txtProg.testo(), "(Auto)");
 }
+
+// ---- Death in the save of a sale whose total was changed at the tender, to 10,00
+
+class RecoveryAfterTender : public RecoveryJournal {
+  protected:
+    RecoveryAfterTender() { gMonitor = 1; }
+    ContoDiProva& conIncasso(ContoDiProva& c) {
+        c.incassi.emplace_back([](Currency) { return EsitoIncasso{Currency::daDouble(10), {}}; });
+        return c;
+    }
+    // A sale of the books with one row more.
+    ContoDiProva& richiamata() {
+        gMonitor = 0;
+        ContoDiProva& c = contoConVendita();
+        c.tasto(Qt::Key_F5);
+        gMonitor = 1;
+        c.scansiona("8002");
+        n.operatore.attendiDomanda(
+            "Questa vendita è già registrata: con il totale cambiato tutte le sue righe verrebbero "
+            "registrate "
+            "un'altra volta.\nUsare comunque il nuovo totale?",
+            Risposta::No);
+        return c;
+    }
+};
+
+TEST_F(RecoveryAfterTender, BehindTheCommitTheSaleIsInTheBooksOnce) {
+    riparteCon(salvaFinoAlCommit(conIncasso(contoConVendita())));
+    nonOffre();
+    EXPECT_EQ(n.righe("SELECT QUANTITA + 0.0 FROM DettagliMovimento"), QStringList{"1"});
+    EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "10");
+}
+
+TEST_F(RecoveryAfterTender, BeforeTheCommitTheSaleComesBackAsItWasBeforeTheTender) {
+    const QByteArray file = salvaFinoAlCommit(conIncasso(contoConVendita()));
+    ilCommitNonCE();
+    riparteCon(file);
+    riprende();
+    EXPECT_EQ(n.vendita(0).flxVB.ultima(), 1);
+    EXPECT_EQ(n.vendita(0).flxVB.cella(1, Colonna::Importo), "12,20");
+    EXPECT_EQ(n.vendita(0).lblMainDisplay.testo(), "12,20");
+}
+
+TEST_F(RecoveryAfterTender, BroughtBackItIsSavedOnce) {
+    const QByteArray file = salvaFinoAlCommit(conIncasso(contoConVendita()));
+    ilCommitNonCE();
+    riparteCon(file);
+    riprende();
+    conIncasso(n.apriConto(0)).tasto(Qt::Key_F5);
+    EXPECT_EQ(n.conta("DettagliMovimento"), 1);
+    EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "10");
+}
+
+TEST_F(RecoveryAfterTender, ASaleOfTheBooksIsThereOnceBehindTheCommit) {
+    riparteCon(salvaFinoAlCommit(conIncasso(richiamata())));
+    nonOffre();
+    EXPECT_EQ(n.righe("SELECT CODPRODOTTO FROM DettagliMovimento ORDER BY RID"), QStringList({"A", "B"}));
+    EXPECT_EQ(vendite(), 1);
+}
+
+TEST_F(RecoveryAfterTender, ASaleOfTheBooksComesBackWithItsRowsOnceBeforeTheCommit) {
+    const QByteArray file = salvaFinoAlCommit(conIncasso(richiamata()));
+    n.sql("DELETE FROM DettagliMovimento WHERE CODPRODOTTO = 'B'");
+    n.sql("UPDATE Movimenti SET TOTDOCUMENTO = 12.2");
+    riparteCon(file);
+    riprende();
+    EXPECT_EQ(n.vendita(0).flxVB.ultima(), 2);
+    EXPECT_EQ(n.vendita(0).flxVB.gestione(1), RigaInvariata);
+    EXPECT_EQ(n.vendita(0).flxVB.gestione(2), RigaNuova);
+    gMonitor = 0;
+    n.apriConto(0).tasto(Qt::Key_F5);
+    EXPECT_EQ(n.righe("SELECT CODPRODOTTO FROM DettagliMovimento ORDER BY RID"), QStringList({"A", "B"}));
+}
+
+// ---- Death in a deletion
+
+class RecoveryAfterDeletion : public RecoveryJournal {
+  protected:
+    // A sale of the books with one row more, written down; then Shift+F7, and the file as it stood when the
+    // operator was asked.
+    QByteArray cancellaFinoAllaDomanda(Risposta risposta) {
+        ContoDiProva& c = contoConVendita();
+        c.tasto(Qt::Key_F5);
+        c.scansiona("8002");
+        giornale->annota();
+        QByteArray file;
+        n.operatore.attendiDomanda("Eliminare il movimento con progressivo 0001/0001?", risposta,
+                                   [&] { file = contenuto(); });
+        c.tasto(Qt::Key_F7, Qt::ShiftModifier);
+        return file;
+    }
+};
+
+TEST_F(RecoveryAfterDeletion, SaleThatLeftTheBooksIsNotOffered) {
+    const QByteArray file = cancellaFinoAllaDomanda(Risposta::Si);
+    ASSERT_EQ(n.conta("DettagliMovimento"), 0);
+    riparteCon(file);
+    nonOffre();
+    EXPECT_FALSE(fileCe());
+}
+
+TEST_F(RecoveryAfterDeletion, SaleThatIsStillInTheBooksIsOffered) {
+    riparteCon(cancellaFinoAllaDomanda(Risposta::No));
+    riprende();
+    EXPECT_EQ(n.vendita(0).flxVB.ultima(), 2);
+    EXPECT_TRUE(n.vendita(0).cancellazioneIncerta.empty());
+}
+
+TEST_F(RecoveryAfterDeletion, DeletionOfWhichNothingIsKnownIsStillLookedForAfterwards) {
+    ContoDiProva& c = contoConVendita();
+    c.tasto(Qt::Key_F5);
+    c.scansiona("8002");
+    const int riga = c.vendita().flxVB.chiave(1, Colonna::Rid);
+    c.vendita().cancellazioneIncerta = {riga};
+    muoreERiparte();
+    riprende();
+    EXPECT_EQ(n.vendita(0).cancellazioneIncerta, std::set<int>{riga});
+}
+
+TEST_F(RecoveryAfterDeletion, UnsavedSaleHasNothingToDelete) {
+    ContoDiProva& c = contoConVendita();
+    giornale->annota();
+    const QByteArray prima = contenuto();
+    c.tasto(Qt::Key_F7, Qt::ShiftModifier);
+    EXPECT_EQ(contenuto(), prima);
+}
+
+// ----
 
 TEST_F(RecoveryJournal, EveryDeskAndArchiveHasItsOwn) {
     const QString questa = GiornaleVendite::percorsoUtente();

@@ -281,6 +281,22 @@ TEST_F(SuspendedSales, SalesOfTheWalkInCustomerPrintedOnesAndOtherDesksAreNotLis
     EXPECT_EQ(offerti, QStringList());
 }
 
+TEST_F(SuspendedSales, DocumentsOfAnotherTypeAreNotListed) {
+    n.cliente(7, "ROSSI");
+    n.cliente(8, "BIANCHI");
+    n.sql(
+        "INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE) VALUES "
+        "(2, 'FT', 'Fattura', 1, 2)");
+    ContoDiProva& c = n.apriConto();
+    salvaPer(7);
+    salvaPer(8);
+    n.sql("UPDATE Movimenti SET FK_TIPODOCUMENTO = 2 WHERE RID = 1");
+    quandoCerca(c, [](Ricerca& r) { r.rigaCorrente(0); });
+    c.tasto(Qt::Key_F11);
+    ASSERT_EQ(offerti.size(), 1);
+    EXPECT_TRUE(offerti[0].endsWith("VB|BIANCHI|16/03/2026|Vendita al banco")) << offerti[0].toStdString();
+}
+
 TEST_F(SuspendedSales, WithoutAFreeAccountTheChoiceIsRefused) {
     n.cliente(7, "ROSSI");
     ContoDiProva& c = n.apriConto();
@@ -293,6 +309,48 @@ TEST_F(SuspendedSales, WithoutAFreeAccountTheChoiceIsRefused) {
         "Nessun conto disponibile per aprire il documento selezionato!\nChiudere prima un conto e riprovare.",
         OperatorPort::Icona::Critica);
     c.tasto(Qt::Key_F11);
+}
+
+// ---- Payment reasons
+
+class PaymentReasons : public Searches {
+  protected:
+    void causale(const QString& codice, bool alBanco) {
+        n.sql(QString("INSERT INTO Causali (CODICE, DESCRIZIONE, MOSTRAVB) VALUES ('%1', 'Causale %1', %2)")
+                  .arg(codice)
+                  .arg(alBanco ? 1 : 0));
+    }
+    void cercaCausale(ContoDiProva& c) {
+        constexpr int altriPagamenti = 10;
+        quandoCerca(c, [](Ricerca& r) { r.rigaCorrente(0); });
+        c.premiComando(altriPagamenti);
+    }
+};
+
+TEST_F(PaymentReasons, OneThatIsNotForTheCounterIsNotOffered) {
+    causale("A1", false);
+    causale("B1", true);
+    cercaCausale(contoConVendita());
+    EXPECT_EQ(offerti, (QStringList{"B1|Causale B1", "INC|Incasso contanti"}));
+}
+
+TEST_F(PaymentReasons, TheTenthIsNotOffered) {
+    for (const char* codice : {"05", "10", "01", "09", "02", "08", "03", "07", "04", "06"})
+        causale(codice, true);
+    cercaCausale(contoConVendita());
+    EXPECT_EQ(offerti.size(), 9);
+    EXPECT_EQ(offerti.front(), "01|Causale 01");
+    EXPECT_EQ(offerti.back(), "09|Causale 09");
+}
+
+TEST_F(PaymentReasons, WithoutAnyTheSaleKeepsItsOwn) {
+    n.sql("UPDATE Causali SET MOSTRAVB = 0");
+    ContoDiProva& c = contoConVendita();
+    cercaCausale(c);
+    EXPECT_EQ(offerti, QStringList());
+    EXPECT_EQ(c.vendita().lblDescPagamento.tag(), QString::number(gCausalePagVb));
+    EXPECT_EQ(c.vendita().flxVB.ultima(), 1);
+    EXPECT_FALSE(gConti[1]);
 }
 
 }  // namespace

@@ -1,11 +1,53 @@
+#include <atomic>
+#include <condition_variable>
 #include <gtest/gtest.h>
+#include <mutex>
 
 #include <QFile>
 #include <QTemporaryDir>
 
 #include "data/append_log.h"
+#include "data/disk.h"
 
 namespace {
+
+// Counts what reaches the disk, and says when. It fails on demand.
+class DiscoDiProva final : public Disco {
+  public:
+    DiscoDiProva() { impostaDisco(this); }
+    ~DiscoDiProva() override { impostaDisco(nullptr); }
+    DiscoDiProva(const DiscoDiProva&) = delete;
+    DiscoDiProva& operator=(const DiscoDiProva&) = delete;
+
+    bool scarica(int file) override { return conta(mFile, Disco::scarica(file) && !guasto); }
+    bool scaricaCartellaDi(const QString& file) override {
+        return conta(mCartelle, Disco::scaricaCartellaDi(file) && !guasto);
+    }
+    int cartelle() {
+        const std::lock_guard serratura(mSerratura);
+        return mCartelle;
+    }
+    // Waits for the thread that brings records to the disk.
+    bool aspettaCartelle(int quante) {
+        std::unique_lock serratura(mSerratura);
+        return mCambiato.wait_for(serratura, std::chrono::seconds(10), [&] { return mCartelle >= quante; });
+    }
+
+    std::atomic<bool> guasto = false;
+
+  private:
+    bool conta(int& contatore, bool esito) {
+        const std::lock_guard serratura(mSerratura);
+        ++contatore;
+        mCambiato.notify_all();
+        return esito;
+    }
+
+    std::mutex mSerratura;
+    std::condition_variable mCambiato;
+    int mFile = 0;
+    int mCartelle = 0;
+};
 
 class AppendLog : public testing::Test {
   protected:
@@ -108,4 +150,58 @@ TEST_F(AppendLog, ManyRecordsAndSynchronisationsGoTogether) {
     }
     EXPECT_EQ(letti().size(), 2000);
     EXPECT_EQ(letti().back(), "1999");
+}
+
+// ---- The name of the file, which a power cut can take as well
+
+TEST_F(AppendLog, TheNameOfANewFileReachesTheDiskByItself) {
+    DiscoDiProva disco;
+    RegistroAppeso registro(percorso);
+    registro.aggiungi("uno");
+    EXPECT_TRUE(disco.aspettaCartelle(1));
+}
+
+TEST_F(AppendLog, TheNameReachesTheDiskOnceForEachFileAndNotForEachRecord) {
+    DiscoDiProva disco;
+    RegistroAppeso registro(percorso);
+    for (int file = 1; file <= 3; ++file) {
+        registro.aggiungi("uno");
+        ASSERT_TRUE(disco.aspettaCartelle(file));
+        for (int i = 0; i < 100; ++i)
+            registro.aggiungi("due");
+        EXPECT_TRUE(registro.sincronizza());
+        EXPECT_EQ(disco.cartelle(), file);
+        registro.elimina();
+    }
+}
+
+TEST_F(AppendLog, SynchronisedTheNameIsOnTheDisk) {
+    DiscoDiProva disco;
+    RegistroAppeso registro(percorso);
+    registro.aggiungi("uno");
+    EXPECT_TRUE(registro.sincronizza());
+    EXPECT_GE(disco.cartelle(), 1);
+}
+
+TEST_F(AppendLog, ADiskThatDoesNotTakeItIsAnswered) {
+    DiscoDiProva disco;
+    disco.guasto = true;
+    RegistroAppeso registro(percorso);
+    registro.aggiungi("uno");
+    EXPECT_FALSE(registro.sincronizza());
+    disco.guasto = false;
+    EXPECT_TRUE(registro.sincronizza());
+}
+
+TEST_F(AppendLog, NothingWrittenIsSynchronisedAtOnce) {
+    DiscoDiProva disco;
+    RegistroAppeso registro(percorso);
+    EXPECT_TRUE(registro.sincronizza());
+    EXPECT_EQ(disco.cartelle(), 0);
+}
+
+TEST(Disk, AFolderThatIsNotThereIsAnswered) {
+    const QTemporaryDir cartella;
+    EXPECT_TRUE(Disco().scaricaCartellaDi(cartella.path() + "/file"));
+    EXPECT_FALSE(Disco().scaricaCartellaDi(cartella.path() + "/manca/file"));
 }

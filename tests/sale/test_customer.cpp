@@ -275,6 +275,20 @@ struct WaitingDocument : Customer {
                       "VALUES (40,12,2026,'2026-03-10',1,%1,255)")
                   .arg(id));
     }
+    // Enter on the customer behind a row that was rung up first.
+    void digitaDopoUnaRiga(ContoDiProva& conto) {
+        n.prodotto({.codice = "P", .listino1 = 100});
+        conto.clic(conto.vendita().txtCodProdotto);
+        vendi(conto, "P");
+        n.operatore.attendiDomanda(domanda, OperatorPort::Risposta::Si);
+        n.operatore.attendiDomanda(righePerse, perseComunque);
+        scrivi(conto, conto.vendita().txtCodCliente, "7");
+        conto.invio();
+    }
+    OperatorPort::Risposta perseComunque = OperatorPort::Risposta::No;
+    const QString righePerse =
+        "Le righe già battute non sono state salvate e andrebbero perse.\n"
+        "Mostrare comunque il documento esistente?";
     const QString domanda =
         "Attenzione per il cliente selezionato [ROSSI], \nesiste già un documento non ancora "
         "stampato.\nContinuare con quello esistente?";
@@ -292,6 +306,33 @@ TEST_F(WaitingDocument, NoStartsAnother) {
     digitaCliente("7");
     EXPECT_EQ(v.rid(), -1);
     EXPECT_EQ(v.cliente(), id);
+}
+
+TEST_F(WaitingDocument, RowsRungUpBeforeTheCustomerStayOnNo) {
+    digitaDopoUnaRiga(c);
+    EXPECT_EQ(v.rid(), -1);
+    EXPECT_EQ(v.cliente(), id);
+    EXPECT_EQ(cella(v, 1, Colonna::Codice), "P");
+    EXPECT_TRUE(v.venditaModificata);
+}
+
+TEST_F(WaitingDocument, RowsRungUpBeforeTheCustomerGoOnYes) {
+    perseComunque = OperatorPort::Risposta::Si;
+    digitaDopoUnaRiga(c);
+    EXPECT_EQ(v.rid(), 40);
+    EXPECT_EQ(v.flxVB.ultima(), 0);
+    EXPECT_FALSE(v.venditaModificata);
+}
+
+TEST_F(WaitingDocument, RowsOfTheTillStayToo) {
+    const QString contoUno =
+        "Non è possibile utilizzare il CONTO1 per clienti diversi da quello predefinito.\n"
+        "Aprire un nuovo conto?";
+    n.operatore.attendiDomanda(contoUno, OperatorPort::Risposta::No);
+    digitaDopoUnaRiga(till);
+    EXPECT_EQ(till.vendita().rid(), -1);
+    EXPECT_EQ(till.vendita().cliente(), id);
+    EXPECT_EQ(cella(till.vendita(), 1, Colonna::Codice), "P");
 }
 
 TEST_F(WaitingDocument, PrintedOneIsNotOffered) {

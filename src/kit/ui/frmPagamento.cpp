@@ -34,6 +34,10 @@ frmPagamento::frmPagamento(QWidget* padre) : QDialog(padre) {
     setObjectName("frmPagamento");
     setWindowTitle("Pagamento e resto");
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    // The key that saves goes on with the save.
+    mFunzioni.evtFunctionKey([this](int tasto, int modificatori, Campo*) {
+        if (tasto == Qt::Key_F5 && modificatori == Qt::NoModifier) accept();
+    });
 }
 
 frmPagamento::~frmPagamento() {
@@ -123,8 +127,11 @@ void frmPagamento::costruisci() {
 }
 
 void frmPagamento::keyPressEvent(QKeyEvent* evento) {
-    const bool esce = evento->key() == Qt::Key_Escape || evento->key() == Qt::Key_F5;
-    if (esce && !evento->isAutoRepeat()) return accept();
+    if (evento->key() == Qt::Key_Escape && !evento->isAutoRepeat()) return accept();
+    auto* casella = qobject_cast<CampoEdit*>(focusWidget());
+    if (!evento->isAutoRepeat())
+        mFunzioni.setFunctionKey(evento->key(), static_cast<int>(evento->modifiers()),
+                                 casella == nullptr ? nullptr : &casella->campo());
     // Enter belongs to the boxes.
     if (evento->key() != Qt::Key_Return && evento->key() != Qt::Key_Enter) QDialog::keyPressEvent(evento);
 }

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+#include "kit/cKeyFunction.h"
 #include "kit/tender.h"
 
 class CampoEdit;
@@ -30,5 +31,6 @@ class frmPagamento final : public QDialog {
     QBoxLayout* tasti();
 
     MonitorResto* mMonitor = nullptr;
+    cKeyFunction mFunzioni;
     QWidget* mContenuto = nullptr;
 };

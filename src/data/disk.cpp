@@ -1,0 +1,35 @@
+#include "data/disk.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+Disco* discoInForza = nullptr;
+
+}  // namespace
+
+bool Disco::scarica(int file) {
+    return ::fdatasync(file) == 0;
+}
+
+bool Disco::scaricaCartellaDi(const QString& file) {
+    const QByteArray cartella = QFile::encodeName(QFileInfo(file).absolutePath());
+    const int aperta = ::open(cartella.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (aperta < 0) return false;
+    const bool scaricata = ::fsync(aperta) == 0;
+    ::close(aperta);
+    return scaricata;
+}
+
+Disco& disco() {
+    static Disco macchina;
+    return discoInForza != nullptr ? *discoInForza : macchina;
+}
+
+void impostaDisco(Disco* disco) {
+    discoInForza = disco;
+}
