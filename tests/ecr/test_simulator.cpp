@@ -3,9 +3,7 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 
-#include "ecr/conformance.h"
 #include "ecr/journal.h"
 #include "ecr/simulator.h"
 
@@ -141,66 +139,4 @@ TEST(Journal, EachReceiptIsAFileAndNumbersGoOn) {
     ASSERT_TRUE(giornale.scrivi(s));
     EXPECT_TRUE(QFile::exists(cartella.path() + "/Scontrini/2026-03-16_0041.txt"));
     EXPECT_EQ(giornale.prossimoNumero(), 42);
-}
-
-// ---- The conformance check, which waits for its answers: the program that it checks has a thread of its own
-
-namespace {
-
-std::vector<Conformita::Esito> verificata(Guasto guasto) {
-    QThread filo;
-    filo.start();
-    auto* simulatore = new Simulatore;
-    const int porta = [&] {
-        int numero = 0;
-        simulatore->moveToThread(&filo);
-        QMetaObject::invokeMethod(
-            simulatore,
-            [&] {
-                simulatore->ascolta(0);
-                simulatore->guasto(guasto, false);
-                numero = simulatore->porta();
-            },
-            Qt::BlockingQueuedConnection);
-        return numero;
-    }();
-    auto esiti = Conformita(porta, 500).esegui();
-    QMetaObject::invokeMethod(
-        simulatore, [&] { delete simulatore; }, Qt::BlockingQueuedConnection);
-    filo.quit();
-    filo.wait();
-    return esiti;
-}
-
-QStringList difetti(Guasto guasto) {
-    QStringList tutti;
-    for (const auto& esito : verificata(guasto)) {
-        if (!esito.difetto.isEmpty()) tutti << esito.difetto;
-    }
-    return tutti;
-}
-
-}  // namespace
-
-TEST(Conformance, TheSimulatorConforms) {
-    EXPECT_EQ(difetti(Guasto::Nessuno), QStringList());
-}
-
-TEST(Conformance, SilenceIsSaid) {
-    const QStringList detti = difetti(Guasto::Muto);
-    EXPECT_TRUE(detti.contains("nessuna risposta a RST")) << detti.join("\n").toStdString();
-}
-
-TEST(Conformance, ErrorGluedToAnAckIsSaid) {
-    EXPECT_FALSE(difetti(Guasto::Unisci).isEmpty());
-}
-
-TEST(Conformance, NobodyThereIsSaidOnce) {
-    QTcpServer occupata;
-    occupata.listen(QHostAddress::LocalHost);
-    const int porta = occupata.serverPort();
-    occupata.close();
-    const auto esiti = Conformita(porta, 500).esegui();
-    ASSERT_EQ(esiti.size(), 1u);
-    EXPECT_EQ(esiti[0].difetto, "nessuno ascolta su 127.0.0.1:" + QString::number(porta));
 }
