@@ -11,6 +11,7 @@
 
 #include "core/globals.h"
 #include "kit_ui/modal.h"
+#include "register/fake_socket.h"
 #include "register/interface_link.h"
 #include "register/ui/frmBuffer.h"
 #include "register/ui/frmErrRegCassa.h"
@@ -18,22 +19,6 @@
 #include "register/ui/register_windows.h"
 
 namespace {
-
-// A socket that is connected when the test says so.
-class PresaFinta final : public PresaRegCassa {
-  public:
-    void connetti(const QString&, int) override { ++tentativi; }
-    void chiudi() override {}
-    void invia(const QByteArray&) override {}
-    QByteArray leggi() override { return std::exchange(arrivati, {}); }
-    void apri() { notifiche().connessa(); }
-    void arriva(const QByteArray& dati) {
-        arrivati = dati;
-        notifiche().datiArrivati();
-    }
-    int tentativi = 0;
-    QByteArray arrivati;
-};
 
 class RegisterWindows : public testing::Test {
   protected:

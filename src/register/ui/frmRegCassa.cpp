@@ -169,8 +169,7 @@ void frmRegCassa::aggiornaMancanti() {
     int riga = 0;
     for (const RegistroScontrini::Voce& voce : voci) {
         int colonna = 0;
-        for (const QString& testo :
-             {voce.ora.toString("HH:mm:ss"), voce.vendita, descrizioneEsito(voce.esito)}) {
+        for (const QString& testo : {voce.ora.toString("HH:mm:ss"), voce.vendita, descrizione(voce)}) {
             lswSenzaScontrino->setItem(riga, colonna++, new QTableWidgetItem(testo));
         }
         ++riga;
