@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
@@ -115,6 +116,29 @@ TEST_F(SimulatorTest, HangingUpIsNoAnswer) {
     simulatore.guasto(Guasto::Chiudi, false);
     cassa.write(reset);
     EXPECT_TRUE(QTest::qWaitFor([&] { return cassa.state() == QAbstractSocket::UnconnectedState; }));
+}
+
+TEST_F(SimulatorTest, SlowRegisterAnswersEachFrameAfterASecond) {
+    simulatore.guasto(Guasto::Lento, false);
+    QElapsedTimer orologio;
+    orologio.start();
+    EXPECT_EQ(manda(reset), ack);
+    EXPECT_GE(orologio.elapsed(), 950);  // timers may fire a twentieth early
+}
+
+TEST_F(SimulatorTest, SlowAnswersKeepTheirOrder) {
+    simulatore.guasto(Guasto::Lento, true);
+    EXPECT_EQ(manda(reset + "\x02RST48\x03", 2).front(), '\x06');
+}
+
+TEST_F(SimulatorTest, DyingRegisterAnswersNothingAndEndsTheProgram) {
+    bool morto = false;
+    QObject::connect(&simulatore, &Simulatore::morto, [&] { morto = true; });
+    simulatore.guasto(Guasto::Muori, false);
+    cassa.write(reset);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cassa.state() == QAbstractSocket::UnconnectedState; }));
+    EXPECT_TRUE(morto);
+    EXPECT_EQ(cassa.bytesAvailable(), 0);
 }
 
 TEST_F(SimulatorTest, EveryFaultHasANameOfItsOwn) {
