@@ -156,8 +156,10 @@ void Conto::scarica() {
     mVendita.inChiusura = true;
     ContoAperto questo = std::move(posto(mVendita.indice));
     if (GiornaleVendite* giornale = giornaleVendite()) giornale->annota();
-    if (std::all_of(gConti.begin(), gConti.end(), [](const ContoAperto& c) { return !c; }) && chiudi)
-        chiudi();
+    if (std::any_of(gConti.begin(), gConti.end(), [](const ContoAperto& c) { return !!c; })) return;
+    if (chiudi) chiudi();
+    // The program has ended by now: the register is told nothing, and sees its connection close.
+    gFrmRegCassa().disconnect();
 }
 
 void impostaFabbricaConti(std::function<Conto*(int indice)> fabbrica) {

@@ -16,6 +16,7 @@
 #include "postings/stock.h"
 #include "postings/stored_row.h"
 #include "postings/stored_sale.h"
+#include "register/interface_link.h"
 #include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -177,6 +178,7 @@ bool salvataggioChiarito(Vendita& v) {
         return false;
     }
     v.salvataggioIncerto.reset();
+    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, esito == EsitoCommit::Registrato);
     if (esito == EsitoCommit::NonRegistrato) return true;
     showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
     operatore.messaggio(QString(testoGiaSalvata).arg(v.numero()), Icona::Esclamazione);

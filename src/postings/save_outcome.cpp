@@ -74,6 +74,7 @@ void dopoErroreECommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelS
         return;
     }
     prima.ripristina(v);
+    if (esito == EsitoCommit::Ignoto) gFrmRegCassa().scontrini.salvataggioIncerto();
     operatore.messaggio(esito == EsitoCommit::Ignoto ? testoDaControllare : testoNonSalvata, Icona::Critica);
 }
 
@@ -110,7 +111,10 @@ bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvatag
     }
     prima.ripristina(v);
     salvataggio.schermo = descriviSchermo(v);
-    if (esito == EsitoCommit::Ignoto) v.salvataggioIncerto = std::move(salvataggio);
+    if (esito == EsitoCommit::Ignoto) {
+        salvataggio.scontrino = gFrmRegCassa().scontrini.salvataggioIncerto();
+        v.salvataggioIncerto = std::move(salvataggio);
+    }
     operatore.messaggio(esito == EsitoCommit::Ignoto ? testoIncerta : testoNonSalvata, Icona::Critica);
     return false;
 }
@@ -125,6 +129,7 @@ std::optional<bool> riprendiSalvataggio(Vendita& v) {
     }
     const SalvataggioIncerto salvataggio = *v.salvataggioIncerto;
     v.salvataggioIncerto.reset();
+    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, esito == EsitoCommit::Registrato);
     if (esito == EsitoCommit::NonRegistrato) return std::nullopt;
     const bool immutata = descriviSchermo(v) == salvataggio.schermo;
     showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);

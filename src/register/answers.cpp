@@ -18,6 +18,10 @@ GenereRisposta genereRisposta(const QString& pezzo) {
     return pezzo.startsWith(mSTX) ? GenereRisposta::Comando : GenereRisposta::Ignota;
 }
 
+bool contieneRisposte(QStringView seguito) {
+    return seguito.contains(mACK) || seguito.contains(mNAK) || seguito.contains(mSTX);
+}
+
 bool comandoErrore(const QString& pezzo) {
     return QStringView(pezzo).mid(1, 3) == u"ERR";
 }

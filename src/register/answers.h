@@ -11,6 +11,8 @@ enum class GenereRisposta {
     Ignota,
 };
 GenereRisposta genereRisposta(const QString& pezzo);
+// Whether answers stand in what is not looked at.
+bool contieneRisposte(QStringView seguito);
 
 struct ErroreRegCassa {
     int codice = 0;

@@ -116,7 +116,9 @@ void InterfacciaRegCassa::inviaProssimo() {
     mBuffer.remove(0, fine);
     if (!mUltimoInvio.isEmpty()) scontrini.inviata();
     mPresa->invia(inAnsi(mUltimoInvio));
-    scambio(mUltimoInvio.isEmpty() ? Scambio::Nessuno : Scambio::InAttesa);
+    if (!mUltimoInvio.isEmpty()) return scambio(Scambio::InAttesa);
+    // A queue whose first frame has no end that can be seen is stuck.
+    scambio(mBuffer.isEmpty() ? Scambio::Nessuno : Scambio::Errore);
 }
 
 void InterfacciaRegCassa::retry() {
@@ -149,8 +151,11 @@ void InterfacciaRegCassa::connessa() {
 
 void InterfacciaRegCassa::chiusa() {
     mConnesso = false;
+    scontrini.collegamentoPerso();
     emit eventi.evtStop();
     monitor.scriviMonitor("INF: Connessione Chiusa", true);
+    // "OFF" found nobody: no send of it completes any more.
+    if (mChiusura) return scarica();
     emit eventi.statoCambiato();
 }
 
@@ -171,6 +176,7 @@ void InterfacciaRegCassa::analizzaRicevuto(const QString& pezzo) {
     const QString riga = "REC: " + pezzo;
     switch (genereRisposta(pezzo)) {
         case GenereRisposta::Accettata:
+            if (contieneRisposte(QStringView(pezzo).mid(1))) scontrini.rispostaNascosta();
             scontrini.accettata();
             inviaProssimo();
             monitor.scriviMonitor(riga, false);

@@ -5,61 +5,131 @@
 
 #include "core/clock.h"
 
+// ---- The books
+
+void RegistroScontrini::inizia(const QString& vendita) {
+    // A save that begins anew within itself has failed so far.
+    if (mSalvataggio != 0) salvataggioConcluso(false);
+    mVendita = vendita;
+    mSalvataggio = ++mUltimoSalvataggio;
+}
+
+RegistroScontrini::Voce RegistroScontrini::nuovaVoce(Esito esito) const {
+    return {orologio().adesso(), mVendita, esito, mSalvataggio};
+}
+
 void RegistroScontrini::nonConsegnato(Esito esito) {
-    mNonConsegnato = {orologio().adesso(), mVendita, esito};
+    archivia(nuovaVoce(esito));
 }
 
 void RegistroScontrini::consegnato(qsizetype cornici) {
-    mCoda.push_back({{orologio().adesso(), mVendita, Esito::InCoda}, cornici});
-    mConsegnato = true;
+    // What has no answer by now is not waited for: it would be taken from the next receipt.
+    if (std::exchange(mRisposteAttese, false)) {
+        segnaInVolo(Esito::Dubbio);
+        mSenzaRisposta = 0;
+    }
+    archiviaInviati();
+    mCoda.push_back({nuovaVoce(Esito::InCoda), cornici});
     cambiato();
 }
 
-// A sale that was not saved needs no receipt; one that went out for it says what never happened. It may have
-// been printed before the failed save has ended.
 void RegistroScontrini::salvataggioConcluso(bool salvata) {
-    const auto mancante = std::exchange(mNonConsegnato, std::nullopt);
-    auto stampato = std::exchange(mStampato, std::nullopt);
-    const bool consegnato = std::exchange(mConsegnato, false);
     mVendita.clear();
-    if (salvata && mancante) aggiungi(*mancante);
-    if (!salvata && stampato) {
-        stampato->esito = Esito::NonSalvata;
-        aggiungi(*stampato);
-    } else if (!salvata && consegnato && !mCoda.empty()) {
-        mCoda.back().voce.esito = Esito::NonSalvata;
+    chiarisci(std::exchange(mSalvataggio, 0), salvata);
+}
+
+int RegistroScontrini::salvataggioIncerto() {
+    const int numero = std::exchange(mSalvataggio, 0);
+    mVendita.clear();
+    for (Voce& voce : mInSospeso) {
+        voce.incerta |= voce.salvataggio == numero;
+    }
+    for (Lotto& lotto : mCoda) {
+        lotto.voce.incerta |= numero != 0 && lotto.voce.salvataggio == numero;
+    }
+    cambiato();
+    return numero;
+}
+
+void RegistroScontrini::chiarisci(int salvataggio, bool salvata) {
+    if (salvataggio == 0) return;
+    for (Lotto& lotto : mCoda) {
+        Voce& voce = lotto.voce;
+        if (voce.salvataggio != salvataggio) continue;
+        voce.salvataggio = 0;
+        voce.incerta = false;
+        if (!salvata) voce.esito = Esito::NonSalvata;
+    }
+    const auto sue = std::stable_partition(mInSospeso.begin(), mInSospeso.end(),
+                                           [=](const Voce& v) { return v.salvataggio != salvataggio; });
+    const std::vector<Voce> decise(sue, mInSospeso.end());
+    mInSospeso.erase(sue, mInSospeso.end());
+    for (const Voce& voce : decise) {
+        decidi(voce, salvata);
     }
     cambiato();
 }
 
+// A sale that was not saved needs no receipt; one that went out for it says what never happened.
+void RegistroScontrini::decidi(Voce voce, bool salvata) {
+    const bool uscito =
+        voce.esito != Esito::Scollegato && voce.esito != Esito::Sospeso && voce.esito != Esito::Annullato;
+    if (!salvata && !uscito) return;
+    if (!salvata) voce.esito = Esito::NonSalvata;
+    voce.salvataggio = 0;
+    voce.incerta = false;
+    archivia(std::move(voce));
+}
+
+// ---- The link
+
 void RegistroScontrini::inviata() {
+    if (mOrfane > 0) {
+        --mOrfane;
+        mInVolo = -1;
+        return;
+    }
     const auto primo =
         std::find_if(mCoda.begin(), mCoda.end(), [](const Lotto& l) { return l.daInviare > 0; });
     if (primo == mCoda.end()) return;
     --primo->daInviare;
     mInVolo = static_cast<int>(primo - mCoda.begin());
+    ++mSenzaRisposta;
 }
 
 void RegistroScontrini::accettata() {
-    bool finito = false;
-    for (; !mCoda.empty() && mCoda.front().daInviare == 0; finito = true) {
-        archivia(mCoda.front());
-        mCoda.pop_front();
-        --mInVolo;
-    }
-    mInVolo = std::max(mInVolo, -1);
-    if (finito) cambiato();
+    mSenzaRisposta = std::max(0, mSenzaRisposta - 1);
+    mRisposteAttese = mSenzaRisposta > 0 && std::all_of(mCoda.begin(), mCoda.end(),
+                                                        [](const Lotto& l) { return l.daInviare == 0; });
+    archiviaInviati();
+}
+
+void RegistroScontrini::rispostaNascosta() {
+    segnaInVolo(Esito::Dubbio);
 }
 
 void RegistroScontrini::rifiutata() {
-    if (mInVolo >= 0) mCoda[static_cast<size_t>(mInVolo)].rifiutato = true;
+    if (mSenzaRisposta == 0) return;
+    segnaInVolo(Esito::Incompleto);
+    // With two in flight it is the later one that a retry sends again, whichever was refused.
+    mRiprendibile = mSenzaRisposta == 1;
+    --mSenzaRisposta;
+    cambiato();
 }
 
 void RegistroScontrini::ripresa() {
-    if (mInVolo < 0) return;
+    if (mInVolo < 0) {
+        ++mOrfane;
+        return;
+    }
     Lotto& lotto = mCoda[static_cast<size_t>(mInVolo)];
-    lotto.rifiutato = false;
+    if (!std::exchange(mRiprendibile, false)) {
+        lotto.difetto = Esito::Dubbio;
+    } else if (lotto.difetto != Esito::Dubbio) {
+        lotto.difetto.reset();
+    }
     ++lotto.daInviare;
+    cambiato();
 }
 
 void RegistroScontrini::annullate() {
@@ -67,28 +137,62 @@ void RegistroScontrini::annullate() {
         // Nothing was printed for what was not saved either: nobody needs to know.
         if (lotto.voce.esito == Esito::NonSalvata) continue;
         lotto.voce.esito = Esito::Annullato;
-        aggiungi(std::move(lotto.voce));
+        archivia(std::move(lotto.voce));
     }
     mInVolo = -1;
+    mSenzaRisposta = 0;
+    mOrfane = 0;
+    mRisposteAttese = false;
+    mRiprendibile = false;
     cambiato();
 }
 
-void RegistroScontrini::archivia(const Lotto& lotto) {
-    Voce voce = lotto.voce;
-    if (voce.esito != Esito::NonSalvata) {
-        if (!lotto.rifiutato) {
-            if (mConsegnato && mCoda.size() == 1) mStampato = voce;
-            return;
-        }
-        voce.esito = Esito::Incompleto;
-    }
-    aggiungi(std::move(voce));
+void RegistroScontrini::collegamentoPerso() {
+    if (mSenzaRisposta == 0) return;
+    segnaInVolo(Esito::Interrotto);
+    mRiprendibile = mSenzaRisposta == 1;
+    mSenzaRisposta = 0;
+    mRisposteAttese = false;
+    cambiato();
 }
 
-void RegistroScontrini::aggiungi(Voce voce) {
+void RegistroScontrini::segnaInVolo(Esito difetto) {
+    if (mSenzaRisposta == 0) return;
+    for (int i = 0; i <= mInVolo; ++i) {
+        Lotto& lotto = mCoda[static_cast<size_t>(i)];
+        if (lotto.difetto != Esito::Dubbio) lotto.difetto = difetto;
+    }
+}
+
+void RegistroScontrini::archiviaInviati() {
+    if (mSenzaRisposta > 0) return;
+    bool finito = false;
+    for (; !mCoda.empty() && mCoda.front().daInviare == 0; finito = true) {
+        Voce voce = mCoda.front().comeSta();
+        if (voce.esito == Esito::InCoda) voce.esito = Esito::Stampato;
+        mCoda.pop_front();
+        archivia(std::move(voce));
+        mInVolo = std::max(mInVolo - 1, -1);
+    }
+    if (finito) cambiato();
+}
+
+// ---- The list
+
+RegistroScontrini::Voce RegistroScontrini::Lotto::comeSta() const {
+    Voce questa = voce;
+    if (questa.esito != Esito::NonSalvata) questa.esito = difetto.value_or(questa.esito);
+    return questa;
+}
+
+void RegistroScontrini::archivia(Voce voce) {
     if (voce.vendita.isEmpty()) return;
-    mMancanti.push_back(std::move(voce));
-    if (mMancanti.size() > vociMassime) mMancanti.pop_front();
+    if (voce.salvataggio != 0) {
+        mInSospeso.push_back(std::move(voce));
+    } else if (voce.esito != Esito::Stampato) {
+        mMancanti.push_back(std::move(voce));
+        if (mMancanti.size() > vociMassime) mMancanti.pop_front();
+    }
 }
 
 void RegistroScontrini::cambiato() const {
@@ -97,8 +201,10 @@ void RegistroScontrini::cambiato() const {
 
 std::vector<RegistroScontrini::Voce> RegistroScontrini::voci() const {
     std::vector<Voce> tutte(mMancanti.begin(), mMancanti.end());
+    std::copy_if(mInSospeso.begin(), mInSospeso.end(), std::back_inserter(tutte),
+                 [](const Voce& v) { return v.incerta; });
     for (const Lotto& lotto : mCoda) {
-        if (!lotto.voce.vendita.isEmpty()) tutte.push_back(lotto.voce);
+        if (!lotto.voce.vendita.isEmpty()) tutte.push_back(lotto.comeSta());
     }
     std::stable_sort(tutte.begin(), tutte.end(), [](const Voce& a, const Voce& b) { return a.ora < b.ora; });
     return tutte;
@@ -117,8 +223,18 @@ QString descrizioneEsito(RegistroScontrini::Esito esito) {
             return "annullato dall'operatore";
         case Esito::Incompleto:
             return "un comando rifiutato non è stato ripreso";
+        case Esito::Interrotto:
+            return "collegamento caduto durante la stampa";
+        case Esito::Dubbio:
+            return "manca una risposta: controllare lo scontrino";
+        case Esito::Stampato:
+            return "scontrino stampato";
         case Esito::NonSalvata:
             return "scontrino inviato, salvataggio NON riuscito";
     }
     return {};
+}
+
+QString descrizione(const RegistroScontrini::Voce& voce) {
+    return descrizioneEsito(voce.esito) + (voce.incerta ? ", salvataggio incerto" : "");
 }

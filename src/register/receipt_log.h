@@ -8,8 +8,11 @@
 #include <QDateTime>
 #include <QString>
 
-// Which sales since the start of the program have no receipt, or one that does not tell the truth about
-// them. The books say what they hand over, the link what becomes of it.
+// Which sales since the start of the program have no receipt, or one that may not tell the truth about them.
+// The books say what they hand over and how the save ends, the link what becomes of the receipt.
+//
+// The wire numbers nothing, so an answer belongs to whatever is in flight: while receipts overlap, all of
+// them wait on the list until each frame has its answer.
 class RegistroScontrini {
   public:
     enum class Esito {
@@ -18,30 +21,40 @@ class RegistroScontrini {
         Sospeso,     // sending was suspended
         Annullato,   // thrown away by the operator
         Incompleto,  // a refused command was left out
+        Interrotto,  // the link was lost while a command was in flight
+        Dubbio,      // an answer is missing or was not read, or a command went out twice
+        Stampato,    // all went well
         NonSalvata,  // printed or on its way, but the save did not succeed
     };
     struct Voce {
         QDateTime ora;
         QString vendita;
         Esito esito;
+        int salvataggio = 0;   // the save that has not ended, by its number; 0 when it has
+        bool incerta = false;  // nobody knows how it has ended
     };
     // The oldest entries go beyond this number.
     static constexpr size_t vociMassime = 10000;
 
     // ---- The books
     // The sale under way, named for a person; without a name it is not listed.
-    void inizia(const QString& vendita) { mVendita = vendita; }
+    void inizia(const QString& vendita);
     void nonConsegnato(Esito esito);
     void consegnato(qsizetype cornici);
-    // How the save that handed over the latest receipt has ended.
+    // How the save under way has ended.
     void salvataggioConcluso(bool salvata);
+    // It has ended, and nobody knows how. Its entry stays until chiarisci() is told the number answered here.
+    int salvataggioIncerto();
+    void chiarisci(int salvataggio, bool salvata);
 
     // ---- The link
-    void inviata();    // a frame left the queue
-    void accettata();  // the frame in flight was taken
-    void rifiutata();  // it was refused
-    void ripresa();    // it goes back into the queue
-    void annullate();  // the queue was emptied
+    void inviata();            // a frame left the queue
+    void accettata();          // the frame in flight was taken
+    void rispostaNascosta();   // behind an answer stood another one, which was not read
+    void rifiutata();          // the frame in flight was refused
+    void ripresa();            // the last frame goes back into the queue
+    void annullate();          // the queue was emptied
+    void collegamentoPerso();  // what is in flight gets no answer any more
 
     // Sales without a good receipt, by time.
     std::vector<Voce> voci() const;
@@ -52,23 +65,33 @@ class RegistroScontrini {
     struct Lotto {
         Voce voce;
         qsizetype daInviare;
-        bool rifiutato = false;
+        std::optional<Esito> difetto = {};
+        Voce comeSta() const;
     };
 
-    void archivia(const Lotto& lotto);
-    void aggiungi(Voce voce);
+    Voce nuovaVoce(Esito esito) const;
+    // The receipts of which some frame has no answer.
+    void segnaInVolo(Esito difetto);
+    void archiviaInviati();
+    // An entry out of the queue: listed as far as it must be, once its save has ended.
+    void archivia(Voce voce);
+    void decidi(Voce voce, bool salvata);
     void cambiato() const;
 
     std::deque<Voce> mMancanti;
+    std::vector<Voce> mInSospeso;  // out of the queue, or never in it, of saves that have not ended
     std::deque<Lotto> mCoda;
-    int mInVolo = -1;  // place in the queue of the receipt whose frame was sent last
+    int mInVolo = -1;              // place in the queue of the receipt whose frame was sent last
+    int mSenzaRisposta = 0;        // frames in flight
+    int mOrfane = 0;               // frames to be sent again whose receipt is no longer in the queue
+    bool mRisposteAttese = false;  // the link is done with the queue, but answers are missing
+    bool mRiprendibile = false;    // sending the last frame again makes its receipt whole
     QString mVendita;
-    // Of the save under way: its receipt is in the queue, or has left it, or was never handed over.
-    bool mConsegnato = false;
-    std::optional<Voce> mStampato;
-    std::optional<Voce> mNonConsegnato;
+    int mSalvataggio = 0;  // number of the save under way; 0: none
+    int mUltimoSalvataggio = 0;
     std::function<void()> mOsservatore;
 };
 
 // What the screen says of such a sale.
 QString descrizioneEsito(RegistroScontrini::Esito esito);
+QString descrizione(const RegistroScontrini::Voce& voce);

@@ -26,4 +26,5 @@ struct SalvataggioIncerto {
     RigaScritta testata;  // of the Movimenti row
     RigheSalvate righe;
     QStringList schermo;  // the sale as it stood on the screen behind the save
+    int scontrino = 0;    // the save's number in the list of sales without a receipt; 0: none
 };

@@ -35,9 +35,25 @@ TEST(SimulatorArguments, EveryWordIsTaken) {
 }
 
 TEST(SimulatorArguments, MistakesAreNamed) {
-    EXPECT_EQ(erroreDi({"--porta", "abc"}), "--porta vuole il numero di una porta");
-    EXPECT_EQ(erroreDi({"--porta", "70000"}), "--porta vuole il numero di una porta");
+    EXPECT_EQ(erroreDi({"--porta", "abc"}), "--porta vuole il numero di una porta, da 1 a 32767");
+    EXPECT_EQ(erroreDi({"--porta", "70000"}), "--porta vuole il numero di una porta, da 1 a 32767");
+    EXPECT_EQ(erroreDi({"--verifica", "0"}), "--verifica vuole il numero di una porta, da 1 a 32767");
     EXPECT_EQ(erroreDi({"--guasto", "carte"}), "Guasto sconosciuto: carte");
     EXPECT_EQ(erroreDi({"--verifica"}), "--verifica vuole un valore");
     EXPECT_EQ(erroreDi({"--boh"}), "Parola sconosciuta: --boh");
+}
+
+TEST(SimulatorArguments, PortsAreThoseThatATillCanHave) {
+    QString errore;
+    EXPECT_EQ(leggiArgomenti({"--porta", "32767"}, errore)->porta, 32767);
+    EXPECT_EQ(erroreDi({"--porta", "32768"}), "--porta vuole il numero di una porta, da 1 a 32767");
+    EXPECT_EQ(erroreDi({"--porta", "40000"}), "--porta vuole il numero di una porta, da 1 a 32767");
+}
+
+TEST(SimulatorArguments, PortOfTheSettingsIsReadAsTheTillReadsIt) {
+    EXPECT_EQ(portaDelleImpostazioni("4311"), 4311);
+    EXPECT_EQ(portaDelleImpostazioni(" 4311 cassa"), 4311);
+    EXPECT_EQ(portaDelleImpostazioni("40000"), 4310);
+    EXPECT_EQ(portaDelleImpostazioni("-1"), 4310);
+    EXPECT_EQ(portaDelleImpostazioni(""), 4310);
 }

@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QThread>
 
-#include "ecr/conformance.h"
 #include "ecr/journal.h"
 #include "ecr/simulator.h"
 
@@ -119,6 +118,29 @@ TEST_F(SimulatorTest, HangingUpIsNoAnswer) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return cassa.state() == QAbstractSocket::UnconnectedState; }));
 }
 
+TEST_F(SimulatorTest, SlowRegisterAnswersEachFrameAfterASecond) {
+    simulatore.guasto(Guasto::Lento, false);
+    QElapsedTimer orologio;
+    orologio.start();
+    EXPECT_EQ(manda(reset), ack);
+    EXPECT_GE(orologio.elapsed(), 950);  // timers may fire a twentieth early
+}
+
+TEST_F(SimulatorTest, SlowAnswersKeepTheirOrder) {
+    simulatore.guasto(Guasto::Lento, true);
+    EXPECT_EQ(manda(reset + "\x02RST48\x03", 2).front(), '\x06');
+}
+
+TEST_F(SimulatorTest, DyingRegisterAnswersNothingAndEndsTheProgram) {
+    bool morto = false;
+    QObject::connect(&simulatore, &Simulatore::morto, [&] { morto = true; });
+    simulatore.guasto(Guasto::Muori, false);
+    cassa.write(reset);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cassa.state() == QAbstractSocket::UnconnectedState; }));
+    EXPECT_TRUE(morto);
+    EXPECT_EQ(cassa.bytesAvailable(), 0);
+}
+
 TEST_F(SimulatorTest, EveryFaultHasANameOfItsOwn) {
     for (const VoceGuasto& voce : guasti()) {
         EXPECT_EQ(guastoDiNome(voce.nome), voce.guasto);
@@ -141,66 +163,4 @@ TEST(Journal, EachReceiptIsAFileAndNumbersGoOn) {
     ASSERT_TRUE(giornale.scrivi(s));
     EXPECT_TRUE(QFile::exists(cartella.path() + "/Scontrini/2026-03-16_0041.txt"));
     EXPECT_EQ(giornale.prossimoNumero(), 42);
-}
-
-// ---- The conformance check, which waits for its answers: the program that it checks has a thread of its own
-
-namespace {
-
-std::vector<Conformita::Esito> verificata(Guasto guasto) {
-    QThread filo;
-    filo.start();
-    auto* simulatore = new Simulatore;
-    const int porta = [&] {
-        int numero = 0;
-        simulatore->moveToThread(&filo);
-        QMetaObject::invokeMethod(
-            simulatore,
-            [&] {
-                simulatore->ascolta(0);
-                simulatore->guasto(guasto, false);
-                numero = simulatore->porta();
-            },
-            Qt::BlockingQueuedConnection);
-        return numero;
-    }();
-    auto esiti = Conformita(porta, 500).esegui();
-    QMetaObject::invokeMethod(
-        simulatore, [&] { delete simulatore; }, Qt::BlockingQueuedConnection);
-    filo.quit();
-    filo.wait();
-    return esiti;
-}
-
-QStringList difetti(Guasto guasto) {
-    QStringList tutti;
-    for (const auto& esito : verificata(guasto)) {
-        if (!esito.difetto.isEmpty()) tutti << esito.difetto;
-    }
-    return tutti;
-}
-
-}  // namespace
-
-TEST(Conformance, TheSimulatorConforms) {
-    EXPECT_EQ(difetti(Guasto::Nessuno), QStringList());
-}
-
-TEST(Conformance, SilenceIsSaid) {
-    const QStringList detti = difetti(Guasto::Muto);
-    EXPECT_TRUE(detti.contains("nessuna risposta a RST")) << detti.join("\n").toStdString();
-}
-
-TEST(Conformance, ErrorGluedToAnAckIsSaid) {
-    EXPECT_FALSE(difetti(Guasto::Unisci).isEmpty());
-}
-
-TEST(Conformance, NobodyThereIsSaidOnce) {
-    QTcpServer occupata;
-    occupata.listen(QHostAddress::LocalHost);
-    const int porta = occupata.serverPort();
-    occupata.close();
-    const auto esiti = Conformita(porta, 500).esegui();
-    ASSERT_EQ(esiti.size(), 1u);
-    EXPECT_EQ(esiti[0].difetto, "nessuno ascolta su 127.0.0.1:" + QString::number(porta));
 }

@@ -19,6 +19,7 @@ void RotoloDiCarta::stampa(const QByteArray& cornice) {
         mRighe << QString::fromLatin1(corpo.split('\xA4').value(2));
     } else if (corpo.startsWith("TOT")) {
         mScontrini.push_back(mRighe);
+        mCause.push_back(causaInForza);
         mRighe.clear();
     }
 }
@@ -179,8 +180,12 @@ void Giornata::vendeConGuasto(Causa causa) {
         &Giornata::guastoRiprovaDueConti, &Giornata::guastoRollbackDopo,
     };
     peer.dimentica();
+    rotolo.causaInForza = causa;
     (this->*guasti[static_cast<size_t>(causa)])();
     rimettiInOrdine();
+    // The link is done as soon as one of two frames in flight has its answer.
+    if (causa != Causa::Nessuna) lasciaArrivare();
+    rotolo.causaInForza = Causa::Nessuna;
 }
 
 void Giornata::vendeConDisturbo(int disturbo) {

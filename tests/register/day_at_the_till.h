@@ -2,21 +2,9 @@
 
 #include <map>
 #include <random>
+#include <set>
 
 #include "register/shop_with_register.h"
-
-// A paper roll: the receipts that a register has printed, as its peer understands the frames.
-class RotoloDiCarta {
-  public:
-    // A frame that the register took.
-    void stampa(const QByteArray& cornice);
-    // Quantities of the rows of each receipt that was closed by a total, receipt by receipt.
-    const std::vector<QStringList>& scontrini() const { return mScontrini; }
-
-  private:
-    QStringList mRighe;
-    std::vector<QStringList> mScontrini;
-};
 
 // Why a sale and its receipt may differ, by the design of the link.
 enum class Causa {
@@ -33,6 +21,23 @@ enum class Causa {
     RollbackDopo,
 };
 constexpr int numeroCause = 11;
+
+// A paper roll: the receipts that a register has printed, as its peer understands the frames.
+class RotoloDiCarta {
+  public:
+    // A frame that the register took.
+    void stampa(const QByteArray& cornice);
+    // Quantities of the rows of each receipt that was closed by a total, receipt by receipt.
+    const std::vector<QStringList>& scontrini() const { return mScontrini; }
+    // The fault under which each of them came out.
+    const std::vector<Causa>& cause() const { return mCause; }
+    Causa causaInForza = Causa::Nessuna;
+
+  private:
+    QStringList mRighe;
+    std::vector<QStringList> mScontrini;
+    std::vector<Causa> mCause;
+};
 
 // A day of sales of one row each, told apart by their quantity: sale number i sells i pieces.
 class Giornata : public NegozioConRegistratore {
@@ -52,6 +57,7 @@ class Giornata : public NegozioConRegistratore {
 
     RotoloDiCarta rotolo;
     std::map<int, Causa> cause;  // by sale
+    std::set<int> tranquille;    // sales under no fault
     std::mt19937 dado{20260316};
 
   private:
@@ -63,7 +69,7 @@ class Giornata : public NegozioConRegistratore {
     void spingiConUnAltra();
     // The next sale differs from its receipt by that cause.
     void guasta(Causa causa);
-    void vendeSenzaGuasto() { vende(); }
+    void vendeSenzaGuasto() { tranquille.insert(vende()); }
     void guastoScollegato();
     void guastoSospeso();
     void guastoAnnullato();

@@ -42,7 +42,7 @@ class NegozioConRegistratore : public testing::Test {
     QStringList senzaScontrino() const {
         QStringList tutte;
         for (const auto& voce : link.scontrini.voci()) {
-            tutte << voce.vendita + " | " + descrizioneEsito(voce.esito);
+            tutte << voce.vendita + " | " + descrizione(voce);
         }
         return tutte;
     }

@@ -13,6 +13,16 @@ TEST(Answers, FirstCharacterAloneTellsTheKind) {
     EXPECT_EQ(genereRisposta(""), GenereRisposta::Ignota);
 }
 
+TEST(Answers, AnswersBehindAnAnswerAreToldFromJunk) {
+    EXPECT_TRUE(contieneRisposte(u"\x06"));
+    EXPECT_TRUE(contieneRisposte(u"zz\x15"));
+    EXPECT_TRUE(
+        contieneRisposte(u"\x02"
+                         "ERR05 x12\x03"));
+    EXPECT_FALSE(contieneRisposte(u"\r\n"));
+    EXPECT_FALSE(contieneRisposte(u""));
+}
+
 TEST(Answers, OnlyErrIsAnErrorCommand) {
     EXPECT_TRUE(
         comandoErrore("\x02"

@@ -1,6 +1,8 @@
+#include "core/program_folder.h"
 #include "data/gateway.h"
 #include "data/server_driver.h"
 #include "register/shop_with_register.h"
+#include "register/start.h"
 
 // Which sale becomes which receipt, and when.
 class Dispatch : public NegozioConRegistratore {
@@ -87,6 +89,30 @@ TEST_F(Dispatch, DeskWithoutARegisterCollectsNothing) {
     EXPECT_EQ(n.conta("Movimenti"), 1);
     EXPECT_EQ(peer.ricevuti(), QByteArray());
     EXPECT_EQ(senzaScontrino(), QStringList());
+}
+
+TEST_F(Dispatch, CounterShowsALampOnADeskWithARegisterAlone) {
+    EXPECT_TRUE(n.apriConto(0).vendita().shRegCassa.visibile());
+    gRegCassa.clear();
+    ContoDiProva& senza = n.apriConto(1);
+    EXPECT_FALSE(senza.vendita().shRegCassa.visibile());
+    EXPECT_FALSE(senza.vendita().lblRegCassa.visibile());
+}
+
+TEST_F(Dispatch, SaleOnADeskWhoseInterfaceProgramIsMissingIsBookedWithoutAWord) {
+    const QTemporaryDir vuota;
+    impostaCartellaProgramma(vuota.path());
+    n.operatore.attendiMessaggio("Impossibile avviare l'interfaccia del Registratore di cassa: Prova",
+                                 OperatorPort::Icona::Critica);
+    setRegCassa(n.operatore);
+    impostaCartellaProgramma({});
+    ContoDiProva& c = n.apriConto();
+    vendi(c, "A");
+    c.tasto(Qt::Key_F5);
+    lasciaArrivare();
+    EXPECT_EQ(n.conta("Movimenti"), 1);
+    EXPECT_FALSE(link.statoConnessione());
+    EXPECT_EQ(senzaScontrino().size(), 1);
 }
 
 TEST_F(Dispatch, SeparatorsInADescriptionAreNotEscaped) {

@@ -147,6 +147,15 @@ TEST_F(Failures, RetryAfterTheLastAckSendsAnEmptyText) {
     EXPECT_EQ(peer.cornici(), corpi());
 }
 
+TEST_F(Failures, RetryWithNoFrameTakenOffSendsWhatTheQueueHolds) {
+    link.sendData(scontrino);  // waits: nobody is connected
+    connetti();
+    dialoghi.attendi(DialoghiRegCassa::Riprova);
+    peer.manda(PeerDiProva::errore("09", "Coperchio"));
+    EXPECT_TRUE(diventa([&] { return dialoghi.esauriti() && finito(); }));
+    EXPECT_EQ(peer.cornici(), corpi());
+}
+
 TEST_F(Failures, EveryScreenAsksInTurn) {
     QObject altroSchermo;
     QObject::connect(&link.eventi, &EventiRegCassa::evtError, &altroSchermo,

@@ -1,3 +1,4 @@
+#include "register/fake_socket.h"
 #include "register/link_bench.h"
 
 // The wire byte by byte, against a peer on a real socket.
@@ -138,6 +139,7 @@ TEST_F(Link, FrameOfTenThousandCharactersStopsThePump) {
     lasciaArrivare();
     EXPECT_EQ(peer.ricevuti(), reset);
     EXPECT_TRUE(link.Buffer().startsWith("\2REPxx"));
+    EXPECT_EQ(link.stato(), StatoRegCassa::Fermo);
 }
 
 TEST_F(Link, DisconnectSaysOffAheadOfTheQueue) {
@@ -149,6 +151,20 @@ TEST_F(Link, DisconnectSaysOffAheadOfTheQueue) {
     EXPECT_TRUE(diventa([&] { return peer.ricevuti() == reset + "\2OFF19\3" && !link.statoConnessione(); }));
     EXPECT_TRUE(link.Buffer().startsWith("\2REPABC1"));
     EXPECT_EQ(righe().last(), "SND: <STX>RST49<ETX>");
+}
+
+TEST_F(Link, DisconnectThatFindsNobodyEndsWithTheConnection) {
+    auto* presa = new PresaFinta;
+    InterfacciaRegCassa altro{std::unique_ptr<PresaRegCassa>(presa)};
+    int scaricato = 0;
+    QObject::connect(&altro.eventi, &EventiRegCassa::scaricato, &schermo, [&] { ++scaricato; });
+    presa->apri();
+    altro.disconnect();
+    EXPECT_EQ(presa->inviati, "\2OFF19\3");
+    EXPECT_EQ(scaricato, 0);
+    presa->cade();
+    EXPECT_EQ(scaricato, 1);
+    EXPECT_FALSE(altro.statoConnessione());
 }
 
 TEST_F(Link, DisconnectWithoutAConnectionEndsAtOnce) {

@@ -21,7 +21,7 @@ class ReceiptLog : public testing::Test {
     QStringList voci() const {
         QStringList tutte;
         for (const auto& voce : r.voci()) {
-            tutte << voce.vendita + ": " + descrizioneEsito(voce.esito);
+            tutte << voce.vendita + ": " + descrizione(voce);
         }
         return tutte;
     }
@@ -116,4 +116,199 @@ TEST_F(ReceiptLog, OldestEntriesGoBeyondTheLimit) {
     }
     EXPECT_EQ(r.voci().size(), RegistroScontrini::vociMassime);
     EXPECT_EQ(r.voci().front().vendita, "1");
+}
+
+TEST_F(ReceiptLog, SaveThatBeginsAnewWithinItselfHasFailedSoFar) {
+    consegna("A", 1);
+    r.inviata();
+    r.accettata();
+    consegna("B", 1);
+    r.inviata();
+    r.salvataggioConcluso(true);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: scontrino inviato, salvataggio NON riuscito"});
+}
+
+// ---- A save of which nobody knows how it has ended
+
+TEST_F(ReceiptLog, UncertainSaleStaysListedUntilItIsKnown) {
+    consegna("A", 1);
+    r.inviata();
+    const int numero = r.salvataggioIncerto();
+    EXPECT_EQ(voci(), QStringList{"A: in attesa del registratore, salvataggio incerto"});
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: scontrino stampato, salvataggio incerto"});
+    r.chiarisci(numero, true);
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, UncertainSaleThatIsNotInTheBooksHasAReceiptTooMany) {
+    consegna("A", 1);
+    r.inviata();
+    const int numero = r.salvataggioIncerto();
+    r.accettata();
+    r.chiarisci(numero, false);
+    EXPECT_EQ(voci(), QStringList{"A: scontrino inviato, salvataggio NON riuscito"});
+}
+
+TEST_F(ReceiptLog, UncertainSaleStillInTheQueueIsKnownBeforeItIsPrinted) {
+    consegna("A", 1);
+    const int numero = r.salvataggioIncerto();
+    r.chiarisci(numero, false);
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: scontrino inviato, salvataggio NON riuscito"});
+}
+
+TEST_F(ReceiptLog, UncertainSaleWithoutAReceiptIsListedOnceItIsInTheBooks) {
+    r.inizia("A");
+    r.nonConsegnato(Esito::Scollegato);
+    const int numero = r.salvataggioIncerto();
+    EXPECT_EQ(voci(), QStringList{"A: registratore scollegato, salvataggio incerto"});
+    r.salvataggioConcluso(false);
+    EXPECT_EQ(voci().size(), 1);
+    r.chiarisci(numero, true);
+    EXPECT_EQ(voci(), QStringList{"A: registratore scollegato"});
+}
+
+TEST_F(ReceiptLog, UncertainSaleWithoutAReceiptIsForgottenWhenItIsNotInTheBooks) {
+    r.inizia("A");
+    r.nonConsegnato(Esito::Sospeso);
+    r.chiarisci(r.salvataggioIncerto(), false);
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, AnotherSaleDoesNotDecideAnUncertainOne) {
+    consegna("A", 1);
+    r.inviata();
+    const int numero = r.salvataggioIncerto();
+    r.accettata();
+    consegna("B", 1);
+    r.inviata();
+    r.salvataggioConcluso(true);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: scontrino stampato, salvataggio incerto"});
+    r.chiarisci(numero, true);
+    EXPECT_EQ(voci(), QStringList());
+}
+
+// ---- Answers that are missing
+
+TEST_F(ReceiptLog, LinkLostInMidReceiptLeavesItListedEvenWhenItsRestIsPrinted) {
+    consegna("A", 3);
+    r.salvataggioConcluso(true);
+    invia(2);
+    r.collegamentoPerso();
+    EXPECT_EQ(voci(), QStringList{"A: collegamento caduto durante la stampa"});
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    invia(2);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: collegamento caduto durante la stampa"});
+}
+
+TEST_F(ReceiptLog, RetryBehindALostLinkMakesTheReceiptWhole) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    invia(2);
+    r.collegamentoPerso();
+    r.ripresa();
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, LinkLostBetweenTwoReceiptsMakesNoDifference) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    r.collegamentoPerso();
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, ReceiptsThatOverlapAreGoodWhenEveryFrameHasItsAnswer) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci().size(), 2);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, ReceiptsThatOverlapAreInDoubtWhenAnAnswerIsMissing) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();  // its answer never comes
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    invia(2);
+    r.accettata();
+    consegna("C", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), (QStringList{"A: manca una risposta: controllare lo scontrino",
+                                   "B: manca una risposta: controllare lo scontrino"}));
+}
+
+TEST_F(ReceiptLog, AnswerThatWasNotReadLeavesTheReceiptInDoubt) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rispostaNascosta();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: controllare lo scontrino"});
+}
+
+TEST_F(ReceiptLog, RetryOfOneOfTwoFramesInFlightLeavesBothReceiptsListed) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rifiutata();
+    r.ripresa();
+    r.inviata();
+    r.accettata();
+    r.accettata();
+    EXPECT_EQ(voci(), (QStringList{"A: un comando rifiutato non è stato ripreso",
+                                   "B: manca una risposta: controllare lo scontrino"}));
+}
+
+TEST_F(ReceiptLog, FrameThatIsRetriedTwiceLeavesTheReceiptInDoubt) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rifiutata();
+    for (int schermo = 0; schermo < 2; ++schermo) {
+        r.ripresa();
+        r.inviata();
+    }
+    r.accettata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: controllare lo scontrino"});
+}
+
+TEST_F(ReceiptLog, FrameRetriedBehindACancelBelongsToNoLaterReceipt) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rifiutata();
+    r.annullate();
+    r.ripresa();
+    r.inviata();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: in attesa del registratore"}));
+    r.accettata();
+    EXPECT_EQ(voci().size(), 2);
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: annullato dall'operatore"});
 }

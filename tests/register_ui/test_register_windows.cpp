@@ -11,6 +11,7 @@
 
 #include "core/globals.h"
 #include "kit_ui/modal.h"
+#include "register/fake_socket.h"
 #include "register/interface_link.h"
 #include "register/ui/frmBuffer.h"
 #include "register/ui/frmErrRegCassa.h"
@@ -18,22 +19,6 @@
 #include "register/ui/register_windows.h"
 
 namespace {
-
-// A socket that is connected when the test says so.
-class PresaFinta final : public PresaRegCassa {
-  public:
-    void connetti(const QString&, int) override { ++tentativi; }
-    void chiudi() override {}
-    void invia(const QByteArray&) override {}
-    QByteArray leggi() override { return std::exchange(arrivati, {}); }
-    void apri() { notifiche().connessa(); }
-    void arriva(const QByteArray& dati) {
-        arrivati = dati;
-        notifiche().datiArrivati();
-    }
-    int tentativi = 0;
-    QByteArray arrivati;
-};
 
 class RegisterWindows : public testing::Test {
   protected:
@@ -43,6 +28,9 @@ class RegisterWindows : public testing::Test {
     static void spunta(QWidget& finestra, const char* nome) { finestra.findChild<QCheckBox*>(nome)->click(); }
     static QString testo(QWidget& finestra, const char* nome) {
         return finestra.findChild<QPlainTextEdit*>(nome)->toPlainText();
+    }
+    static QString scritta(QWidget& finestra, const char* nome) {
+        return finestra.findChild<QPushButton*>(nome)->text();
     }
     static void fotografa(QWidget& finestra, const QString& nome) {
         QDir().mkpath("schermate");
@@ -109,10 +97,21 @@ TEST_F(RegisterWindows, HugeErrorTextIsCutAndLeavesTheDialogueItsSize) {
     finestra.startMe(QString(100000, u'x'), "");
 }
 
+TEST_F(RegisterWindows, ButtonsOfTheFailureDialogueSayWhatTheyDo) {
+    decide([](QWidget* f) {
+        EXPECT_EQ(scritta(*f, "cmdRiprova"), "Riprova");
+        EXPECT_EQ(scritta(*f, "cmdAnnulla"), "Annulla tutto");
+        EXPECT_EQ(scritta(*f, "cmdInterrompi"), "Interrompi");
+        EXPECT_EQ(scritta(*f, "cmdBuffer"), "Visualizza il buffer");
+        f->close();
+    });
+}
+
 TEST_F(RegisterWindows, LongQueueIsCut) {
-    frmBuffer finestra;
-    finestra.startMe(QString(1000000, u'x'), false);
-    EXPECT_EQ(testo(finestra, "txtBuffer").size(), 20001);
+    QWidget sotto;
+    gFrmBuffer().startMe(QString(1000000, u'x'), false, &sotto);
+    EXPECT_EQ(testo(gFrmBuffer(), "txtBuffer").size(), 20001);
+    gFrmBuffer().hide();
 }
 
 TEST_F(RegisterWindows, QueueIsShownAndTheDialogueStaysOpen) {
@@ -128,11 +127,65 @@ TEST_F(RegisterWindows, QueueIsShownAndTheDialogueStaysOpen) {
     });
 }
 
-TEST_F(RegisterWindows, EmptyQueueIsAnEmptyBox) {
-    frmBuffer finestra;
-    finestra.startMe({}, false);
-    EXPECT_EQ(testo(finestra, "txtBuffer"), "");
-    EXPECT_FALSE(finestra.isModal());
+TEST_F(RegisterWindows, EmptyQueueIsAnEmptyBoxAndTheDialogueStaysOpen) {
+    frmErrRegCassa finestra;
+    quandoModale([](QWidget* f) {
+        quandoModale([](QWidget* buffer) {
+            EXPECT_EQ(buffer->windowTitle(), "Buffer");
+            EXPECT_EQ(testo(*buffer, "txtBuffer"), "");
+            buffer->close();
+        });
+        premi(*f, "cmdBuffer");
+        EXPECT_TRUE(f->isVisible());
+        f->close();
+    });
+    finestra.startMe("Errore 5 - Carta finita", "");
+    EXPECT_EQ(finestra.risultato(), DialoghiRegCassa::Nessuna);
+}
+
+TEST_F(RegisterWindows, QueueOfASecondFailureTakesTheFormOfTheFirst) {
+    QWidget* primoForm = nullptr;
+    decide([&](QWidget* primo) {
+        quandoModale([&](QWidget* buffer) {
+            primoForm = buffer;
+            decide([&](QWidget* secondo) {
+                quandoModale([&](QWidget* ancora) {
+                    EXPECT_EQ(ancora, primoForm);
+                    ancora->close();
+                });
+                premi(*secondo, "cmdBuffer");
+                EXPECT_FALSE(primoForm->isVisible());
+                secondo->close();
+            });
+        });
+        premi(*primo, "cmdBuffer");
+        EXPECT_TRUE(primo->isVisible());
+        primo->close();
+    });
+    EXPECT_EQ(primoForm, &gFrmBuffer());
+}
+
+// ---- The monitor
+
+TEST_F(RegisterWindows, WordsOfTheMonitorAreItsOwn) {
+    frmRegCassa finestra(link);
+    EXPECT_EQ(finestra.findChild<QLabel*>("Label1")->text(), "Messaggi:");
+    EXPECT_EQ(finestra.findChild<QCheckBox*>("chkMonitor")->text(), "Monitor");
+    EXPECT_EQ(finestra.findChild<QCheckBox*>("chkConnessione")->text(), "Attiva");
+    EXPECT_EQ(scritta(finestra, "cmdConnect"), "Connetti");
+    EXPECT_EQ(scritta(finestra, "Command1"), "Buffer");
+    EXPECT_EQ(scritta(finestra, "cmdHide"), "Nascondi");
+}
+
+TEST_F(RegisterWindows, MonitorShowsTheQueueWithoutWaiting) {
+    frmRegCassa finestra(link);
+    finestra.mostra();
+    link.sendData("REPa¥TOT1");
+    premi(finestra, "Command1");
+    EXPECT_TRUE(gFrmBuffer().isVisible());
+    EXPECT_FALSE(gFrmBuffer().isModal());
+    EXPECT_EQ(testo(gFrmBuffer(), "txtBuffer"), "<STX>RST49<ETX><STX>REPa28<ETX><STX>TOT196<ETX>");
+    gFrmBuffer().hide();
 }
 
 TEST_F(RegisterWindows, MonitorFollowsTheWireWhileItIsSeen) {

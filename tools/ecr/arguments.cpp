@@ -1,19 +1,24 @@
 #include "ecr/arguments.h"
 
-#include <limits>
+#include "core/run_time_error.h"
+#include "data/setting_values.h"
 
 namespace {
+
+constexpr int portaPredefinita = 4310;
+// The till keeps it as a signed number of 16 bits.
+constexpr int portaMassima = 32767;
 
 std::optional<int> comePorta(const QString& testo) {
     bool riuscito = false;
     const int porta = testo.toInt(&riuscito);
-    if (!riuscito || porta < 1 || porta > std::numeric_limits<quint16>::max()) return std::nullopt;
+    if (!riuscito || porta < 1 || porta > portaMassima) return std::nullopt;
     return porta;
 }
 
 bool prendiPorta(const QString& parola, const QString& valore, std::optional<int>& porta, QString& errore) {
     porta = comePorta(valore);
-    if (!porta) errore = parola + " vuole il numero di una porta";
+    if (!porta) errore = parola + " vuole il numero di una porta, da 1 a 32767";
     return porta.has_value();
 }
 
@@ -38,6 +43,15 @@ bool* interruttore(const QString& parola, ArgomentiEcr& a) {
 }
 
 }  // namespace
+
+int portaDelleImpostazioni(const QString& testo) {
+    try {
+        const int porta = valNelTipo(testo, TipoIntero::Int16);
+        return porta >= 1 ? porta : portaPredefinita;
+    } catch (const RunTimeError&) {
+        return portaPredefinita;
+    }
+}
 
 std::optional<ArgomentiEcr> leggiArgomenti(const QStringList& parole, QString& errore) {
     const QStringList conValore{"--porta", "--verifica", "--giornale", "--guasto"};
@@ -65,7 +79,7 @@ std::optional<ArgomentiEcr> leggiArgomenti(const QStringList& parole, QString& e
 QString testoAiuto() {
     QString testo =
         "prgECRSimulatore: un registratore di cassa simulato, per prove e dimostrazioni.\n\n"
-        "  --porta N          ascolta su 127.0.0.1:N (altrimenti la porta delle impostazioni)\n"
+        "  --porta N          ascolta su 127.0.0.1:N, da 1 a 32767 (altrimenti la porta delle impostazioni)\n"
         "  --giornale CARTELLA  dove scrive gli scontrini (altrimenti \"Scontrini\" accanto al programma)\n"
         "  --senza-finestra   non mostra la striscia\n"
         "  --guasto NOME      si comporta male; --una-volta: solo al primo comando\n"

@@ -18,6 +18,10 @@ struct ArgomentiEcr {
     bool aiuto = false;
 };
 
+// The port that a till reads from its setting `TCPPort`: the number at the head of the text, 4310 for one
+// that is no port from 1 to 32767.
+int portaDelleImpostazioni(const QString& testo);
+
 // Nothing when a word is not known; `errore` then says which.
 std::optional<ArgomentiEcr> leggiArgomenti(const QStringList& parole, QString& errore);
 QString testoAiuto();

@@ -17,16 +17,34 @@ const QByteArray riga(
     "22\xA4");
 const QByteArray totale("TOT3\xA4");
 constexpr int attesaSilenzio = 300;  // milliseconds
+const QByteArray inizioErrore(
+    "\x02"
+    "ERR");
+constexpr char etx = 3;
+// STX, "ERR", two digits of code, one character, two digits of checksum, ETX.
+constexpr qsizetype lunghezzaErrore = 10;
 
 QString leggibile(QByteArray byte) {
     byte.replace('\x02', "<STX>").replace('\x03', "<ETX>").replace('\x06', "<ACK>").replace('\x15', "<NAK>");
     return QString::fromLatin1(byte);
 }
 
-bool rifiuto(const QByteArray& risposta) {
-    return risposta == nak || risposta.startsWith(
-                                  "\x02"
-                                  "ERR");
+bool cifra(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// What is wrong with a frame that is to say an error; the till cuts it by position.
+QString difettoErrore(const QByteArray& risposta, bool inPezzi) {
+    const QString quale = "la cornice d'errore " + leggibile(risposta) + " ";
+    if (inPezzi) return quale + "arriva in più pezzi: la cassa non la vede";
+    if (risposta.size() < lunghezzaErrore || !risposta.endsWith(etx))
+        return quale + "è troppo corta: ha meno di 10 byte";
+    if (!cifra(risposta[4]) || !cifra(risposta[5])) return quale + "non ha un codice di due cifre";
+    const QByteArray scritto = risposta.chopped(1).right(2);
+    if (!cifra(scritto[0]) || !cifra(scritto[1])) return quale + "non ha un checksum di due cifre";
+    const QByteArray giusto = controllo(risposta.mid(1).chopped(3)).rightJustified(2, '0');
+    if (scritto != giusto) return quale + "ha il checksum sbagliato: doveva essere " + leggibile(giusto);
+    return {};
 }
 
 // Each check answers what is wrong, or an empty text.
@@ -96,21 +114,36 @@ class Prove {
     }
 
   private:
+    struct Risposta {
+        enum { Nessuna, Ack, Rifiuto, Altra } genere;
+        QByteArray byte;
+        QString difetto = {};  // of a refusal
+    };
+    Risposta leggi() {
+        const QByteArray byte = mCassa.risposta();
+        if (byte.isEmpty()) return {Risposta::Nessuna, byte};
+        if (byte == ack) return {Risposta::Ack, byte};
+        if (byte == nak) return {Risposta::Rifiuto, byte};
+        if (!byte.startsWith(inizioErrore)) return {Risposta::Altra, byte};
+        return {Risposta::Rifiuto, byte, difettoErrore(byte, mCassa.inPezzi())};
+    }
     QString vuoleAck(const QByteArray& cosa) {
-        const QByteArray risposta = mCassa.risposta();
-        if (risposta == ack) return {};
-        if (risposta.isEmpty()) return "nessuna risposta a " + leggibile(cosa);
-        return "a " + leggibile(cosa) + " risponde " + leggibile(risposta);
+        const Risposta risposta = leggi();
+        if (risposta.genere == Risposta::Ack) return {};
+        if (risposta.genere == Risposta::Nessuna) return "nessuna risposta a " + leggibile(cosa);
+        return "a " + leggibile(cosa) + " risponde " + leggibile(risposta.byte);
     }
     QString vuoleRifiuto(const QString& cosa) {
-        const QByteArray risposta = mCassa.risposta();
-        if (rifiuto(risposta)) return {};
-        return risposta == ack ? "accetta " + cosa : "non rifiuta " + cosa + ": " + leggibile(risposta);
+        const Risposta risposta = leggi();
+        if (risposta.genere == Risposta::Rifiuto) return risposta.difetto;
+        return risposta.genere == Risposta::Ack ? "accetta " + cosa
+                                                : "non rifiuta " + cosa + ": " + leggibile(risposta.byte);
     }
     QString vuoleRisposta(const QString& cosa) {
-        const QByteArray risposta = mCassa.risposta();
-        if (risposta == ack || rifiuto(risposta)) return {};
-        return risposta.isEmpty() ? "nessuna risposta a " + cosa : "a " + cosa + ": " + leggibile(risposta);
+        const Risposta risposta = leggi();
+        if (risposta.genere == Risposta::Nessuna) return "nessuna risposta a " + cosa;
+        return risposta.genere == Risposta::Altra ? "a " + cosa + ": " + leggibile(risposta.byte)
+                                                  : risposta.difetto;
     }
 
     int mPorta;

@@ -38,8 +38,11 @@ QByteArray LatoCassa::prendi() {
 
 QByteArray LatoCassa::risposta() {
     const QDeadlineTimer termine(mAttesa);
+    mInPezzi = false;
     for (;;) {
-        mResto += mPresa.readAll();
+        const QByteArray venuti = mPresa.readAll();
+        mInPezzi = mInPezzi || (!mResto.isEmpty() && !venuti.isEmpty());
+        mResto += venuti;
         const QByteArray intera = prendi();
         if (!intera.isEmpty()) return intera;
         if (!mPresa.waitForReadyRead(static_cast<int>(termine.remainingTime())) &&

@@ -15,6 +15,8 @@ class LatoCassa {
     void manda(const QByteArray& byte);
     // What comes back until an answer is complete (ACK, NAK or a frame) or the time is over.
     QByteArray risposta();
+    // The latest answer came in more than one chunk: a till takes each for an answer of its own.
+    bool inPezzi() const { return mInPezzi; }
     // What comes although nothing was asked, within `millisecondi`.
     QByteArray inatteso(int millisecondi);
 
@@ -25,4 +27,5 @@ class LatoCassa {
     int mAttesa;
     QTcpSocket mPresa;
     QByteArray mResto;
+    bool mInPezzi = false;
 };

@@ -1,8 +1,11 @@
 #include "register/ui/frmBuffer.h"
 
 #include <QBoxLayout>
+#include <QEventLoop>
+#include <QHideEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QWindow>
 
 #include "kit/ui/touch_widgets.h"
 #include "register/failure.h"
@@ -15,8 +18,12 @@ constexpr qsizetype bufferMostrato = 20000;
 
 }  // namespace
 
-frmBuffer::frmBuffer(QWidget* genitore)
-    : QDialog(genitore), txtBuffer(testoDelFilo("txtBuffer", "Comandi in attesa", this)) {
+frmBuffer& gFrmBuffer() {
+    static frmBuffer& unico = *new frmBuffer;  // lives as long as the process
+    return unico;
+}
+
+frmBuffer::frmBuffer() : txtBuffer(testoDelFilo("txtBuffer", "Comandi in attesa", this)) {
     setObjectName("frmBuffer");
     setWindowTitle("Buffer");
     resize(640, 360);
@@ -28,13 +35,22 @@ frmBuffer::frmBuffer(QWidget* genitore)
     tutto->addWidget(chiudi, 0, Qt::AlignRight);
 }
 
-void frmBuffer::startMe(const QString& buffer, bool modale) {
+void frmBuffer::startMe(const QString& buffer, bool modale, QWidget* sopra) {
+    hide();
     txtBuffer->setPlainText(abbreviato(bufferLeggibile(buffer), bufferMostrato));
-    if (modale) {
-        exec();
-    } else {
-        show();
-        raise();
-        activateWindow();
-    }
+    setWindowModality(modale ? Qt::ApplicationModal : Qt::NonModal);
+    winId();
+    windowHandle()->setTransientParent(sopra->window()->windowHandle());
+    // A loop of its own each time: a further failure may ask for the form while it is up.
+    QEventLoop attesa;
+    connect(this, &frmBuffer::nascosta, &attesa, &QEventLoop::quit);
+    show();
+    raise();
+    activateWindow();
+    if (modale) attesa.exec();
+}
+
+void frmBuffer::hideEvent(QHideEvent* evento) {
+    QDialog::hideEvent(evento);
+    if (!evento->spontaneous()) emit nascosta();
 }

@@ -8,11 +8,21 @@ class QPlainTextEdit;
 class frmBuffer : public QDialog {
     Q_OBJECT
   public:
-    explicit frmBuffer(QWidget* genitore = nullptr);
+    frmBuffer();
 
-    // Shows the text; modally it returns when the window was closed.
-    void startMe(const QString& buffer, bool modale);
+    // Shows the text in front of that window; modally it returns when the form was closed. A form that is up
+    // already comes up anew, since there is one for the whole program.
+    void startMe(const QString& buffer, bool modale, QWidget* sopra);
+
+  signals:
+    void nascosta();
+
+  protected:
+    void hideEvent(QHideEvent* evento) override;
 
   private:
     QPlainTextEdit* txtBuffer;
 };
+
+// The one form of the program, left loaded.
+frmBuffer& gFrmBuffer();

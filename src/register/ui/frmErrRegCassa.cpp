@@ -60,7 +60,7 @@ void frmErrRegCassa::componi() {
     aggiungi("Interrompi", "cmdInterrompi", DialoghiRegCassa::Interrompi, pulsanti);
     QPushButton* cmdBuffer = pulsante("Visualizza il buffer", "cmdBuffer", pulsanti);
     pulsanti->layout()->addWidget(cmdBuffer);
-    connect(cmdBuffer, &QPushButton::clicked, this, [this] { frmBuffer(this).startMe(mBuffer, true); });
+    connect(cmdBuffer, &QPushButton::clicked, this, [this] { gFrmBuffer().startMe(mBuffer, true, this); });
 
     auto* tutto = new QVBoxLayout(this);
     tutto->addLayout(testata);

@@ -12,6 +12,7 @@
 
 #include "kit/ui/touch_widgets.h"
 #include "register/interface_link.h"
+#include "register/ui/frmBuffer.h"
 #include "register/ui/wire_text.h"
 
 namespace {
@@ -110,7 +111,7 @@ void frmRegCassa::collegaComandi() {
     connect(chkConnessione, &QCheckBox::toggled, this, [this](bool attiva) { mCollegamento.attiva(attiva); });
     connect(cmdConnect, &QPushButton::clicked, this, [this] { mCollegamento.connetti(); });
     connect(Command1, &QPushButton::clicked, this,
-            [this] { mBuffer.startMe(mCollegamento.Buffer(), false); });
+            [this] { gFrmBuffer().startMe(mCollegamento.Buffer(), false, this); });
     connect(cmdHide, &QPushButton::clicked, this, &QWidget::hide);
     connect(&mCollegamento.eventi, &EventiRegCassa::statoCambiato, this, &frmRegCassa::aggiornaStato);
     connect(&mCollegamento.eventi, &EventiRegCassa::scaricato, this, &QWidget::hide);
@@ -169,8 +170,7 @@ void frmRegCassa::aggiornaMancanti() {
     int riga = 0;
     for (const RegistroScontrini::Voce& voce : voci) {
         int colonna = 0;
-        for (const QString& testo :
-             {voce.ora.toString("HH:mm:ss"), voce.vendita, descrizioneEsito(voce.esito)}) {
+        for (const QString& testo : {voce.ora.toString("HH:mm:ss"), voce.vendita, descrizione(voce)}) {
             lswSenzaScontrino->setItem(riga, colonna++, new QTableWidgetItem(testo));
         }
         ++riga;

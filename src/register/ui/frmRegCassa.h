@@ -2,8 +2,6 @@
 
 #include <QWidget>
 
-#include "register/ui/frmBuffer.h"
-
 class InterfacciaRegCassa;
 class QCheckBox;
 class QLabel;
@@ -43,5 +41,4 @@ class frmRegCassa : public QWidget {
     QPushButton* cmdHide;
     QTableWidget* lswSenzaScontrino;
     QLabel* lblSenzaScontrino;
-    frmBuffer mBuffer;
 };

@@ -7,7 +7,6 @@
 
 #include <QApplication>
 
-#include "core/numbers.h"
 #include "core/program_folder.h"
 #include "data/client_settings.h"
 #include "data/settings_store.h"
@@ -31,7 +30,7 @@ int eseguiSimulatore(const ArgomentiEcr& argomenti) {
     const Giornale giornale(argomenti.giornale.isEmpty() ? cartellaScrivibile() + "/Scontrini"
                                                          : argomenti.giornale);
     Simulatore simulatore(giornale.prossimoNumero());
-    const int porta = argomenti.porta.value_or(valIntero(impostazione("TCPPort", "4310")));
+    const int porta = argomenti.porta.value_or(portaDelleImpostazioni(impostazione("TCPPort", "")));
     if (!simulatore.ascolta(porta)) {
         scriviRiga(std::cerr, "La porta " + QString::number(porta) + " è occupata.");
         return EXIT_FAILURE;
