@@ -122,8 +122,9 @@ class cAdoSqlServer {
     };
 
     bool esegui(const QString& sql, Recordset* righe);
-    bool eseguiAdattata(const QString& sql, const QString& sorgente, const QString& operazione,
-                        const QString& dettagli, Recordset* righe);
+    std::unique_ptr<Recordset> leggi(QString& sql, const QString& sorgente, const char* operazione,
+                                     const char* nomeTesto);
+    bool apri();
     bool apriSeServe();
     void chiudiSeServe();
     void restituisci(Voce& voce);
@@ -135,6 +136,7 @@ class cAdoSqlServer {
     bool chiudiTransazione(bool conferma, const QString& sorgente);
     bool transazioneViva();
     QVariant primoValore(const QString& sql, const QString& sorgente);
+    QVariant primoValore(std::unique_ptr<Recordset> righe);
     QString adatta(QString& sql);
     AttesaServer attesa() const;
 
