@@ -37,6 +37,33 @@ void salvataggi(benchmark::State& stato, LibriGemelli& libri) {
     libri.mostra(stato, righe);
 }
 
+// One row of ten has another quantity.
+void risalvataggi(benchmark::State& stato, LibriGemelli& libri) {
+    libri.prepara(righeRisalvate);
+    libri.scrivi([&] { return salva(libri); });
+    int quantita = 0;
+    for (auto _ : stato) {
+        libri.richiama();
+        libri.conto().clicRiga(1);
+        libri.conto().clic(libri.vendita().txtQta);
+        libri.conto().digita(QString::number(++quantita % 5 + 2));
+        libri.conto().tasto(Qt::Key_F6);
+        libri.misura(stato, [&] { return salva(libri); });
+    }
+    libri.mostra(stato, righeRisalvate);
+}
+
+void cancellazioni(benchmark::State& stato, LibriGemelli& libri) {
+    const auto righe = static_cast<int>(stato.range(0));
+    for (auto _ : stato) {
+        libri.prepara(righe);
+        libri.scrivi([&] { return salva(libri); });
+        libri.richiama();
+        libri.misura(stato, [&] { return cancella(libri); });
+    }
+    libri.mostra(stato, righe);
+}
+
 }  // namespace
 
 #define MISURA UseManualTime()->Iterations(ripetizioni)->Unit(benchmark::kMicrosecond)
@@ -60,35 +87,28 @@ static void salvaRigheSuUnMilione(benchmark::State& stato) {
 }
 BENCHMARK(salvaRigheSuUnMilione)->Arg(1)->Arg(10)->Arg(100)->MISURA;
 
-// One row of ten has another quantity.
 static void risalvaUnaRiga(benchmark::State& stato) {
     LibriGemelli libri;
-    libri.prepara(righeRisalvate);
-    libri.scrivi([&] { return salva(libri); });
-    int quantita = 0;
-    for (auto _ : stato) {
-        libri.richiama();
-        libri.conto().clicRiga(1);
-        libri.conto().clic(libri.vendita().txtQta);
-        libri.conto().digita(QString::number(++quantita % 5 + 2));
-        libri.conto().tasto(Qt::Key_F6);
-        libri.misura(stato, [&] { return salva(libri); });
-    }
-    libri.mostra(stato, righeRisalvate);
+    risalvataggi(stato, libri);
 }
 BENCHMARK(risalvaUnaRiga)->MISURA;
 
+static void risalvaUnaRigaSuUnMilione(benchmark::State& stato) {
+    LibriGemelli libri(&milioneDiRighe);
+    risalvataggi(stato, libri);
+}
+BENCHMARK(risalvaUnaRigaSuUnMilione)->MISURA;
+
 static void cancellaRighe(benchmark::State& stato) {
     LibriGemelli libri;
-    const auto righe = static_cast<int>(stato.range(0));
-    for (auto _ : stato) {
-        libri.prepara(righe);
-        libri.scrivi([&] { return salva(libri); });
-        libri.richiama();
-        libri.misura(stato, [&] { return cancella(libri); });
-    }
-    libri.mostra(stato, righe);
+    cancellazioni(stato, libri);
 }
 BENCHMARK(cancellaRighe)->Arg(1)->Arg(10)->Arg(100)->MISURA;
+
+static void cancellaRigheSuUnMilione(benchmark::State& stato) {
+    LibriGemelli libri(&milioneDiRighe);
+    cancellazioni(stato, libri);
+}
+BENCHMARK(cancellaRigheSuUnMilione)->Arg(1)->Arg(10)->Arg(100)->MISURA;
 
 #undef MISURA

@@ -23,7 +23,10 @@ MovimentoMerce movimento(const Vendita& v, int riga, Currency taglio) {
     m.idDestinazione = v.magazzinoDestinazione;
     m.informazioni =
         "Prodotto [" + g.cella(riga, Colonna::Codice) + " - " + g.cella(riga, Colonna::Descrizione) + "]";
-    if (v.mGestioneTaglio && !m.trasferimento()) m.taglioVecchio = g.currency(riga, Colonna::Taglio);
+    // Of a row that was never saved the cell tells a price, and there is no layer to be undone.
+    const bool salvata = g.chiave(riga, Colonna::Rid) > 0;
+    if (v.mGestioneTaglio && salvata && !m.trasferimento())
+        m.taglioVecchio = g.currency(riga, Colonna::Taglio);
     return m;
 }
 

@@ -22,8 +22,9 @@ QStringList schermata(const Vendita& v) {
         }
         righe << celle.join('|');
     }
-    for (const Campo* campo : {&v.lblRID, &v.txtProg, &v.txtSottoProg, &v.txtData, &v.txtCodCliente,
-                               &v.lblTotConto, &v.lblMainDisplay, &v.lblUltimaVendita}) {
+    for (const Campo* campo :
+         {&v.lblRID, &v.txtProg, &v.txtSottoProg, &v.txtData, &v.txtCodCliente, &v.lblTotConto,
+          &v.lblMainDisplay, &v.lblLastMainDisplay, &v.lblUltimaVendita}) {
         righe << campo->nome() + "=" + campo->testo();
     }
     righe << QString("chiavi=%1/%2/%3").arg(v.idPagamento).arg(v.idPrimaNota).arg(v.idPNPagamento);

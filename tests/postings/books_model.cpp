@@ -10,6 +10,7 @@
 const QString tipoBanco = "VB";
 const QString tipoFattura = "FT";
 const QString tipoCarico = "CAR";
+const QString tipoTrasferimento = "DT";
 
 namespace {
 
@@ -27,6 +28,7 @@ const std::map<QString, Tipo>& tipi() {
         {tipoBanco, {1, 1, "Vendita al banco"}},
         {tipoFattura, {3, 2, "Fattura"}},
         {tipoCarico, {9, 9, "Carico"}},
+        {tipoTrasferimento, {4, 4, "Trasferimento"}},
     };
     return tutti;
 }
@@ -49,8 +51,11 @@ QString titolo(const QString& inizio, int numero, QDate data) {
            data.toString("dd/MM/yyyy");
 }
 
-Importo ivaUnitaria(const ModelloLibri::Prodotto& p) {
-    return p.prezzo * p.aliquota / 100;
+// To the cent, a half away from zero.
+Importo alCentesimo(Importo importo) {
+    constexpr Importo centesimo = 100;
+    const Importo meta = importo < 0 ? -centesimo / 2 : centesimo / 2;
+    return (importo + meta) / centesimo * centesimo;
 }
 
 }  // namespace
@@ -59,15 +64,29 @@ int ModelloLibri::aggiungiProdotto(const Prodotto& prodotto, int giacenza, Impor
     mProdotti.push_back(prodotto);
     mGiacenze.push_back(giacenza);
     mStrati.emplace_back();
+    mDeposito.emplace_back();
     if (prodotto.gestito) mStrati.back().push_back({costo, giacenza});
     return static_cast<int>(mProdotti.size()) - 1;
 }
 
+std::vector<ModelloLibri::Riga> ModelloLibri::righeDi(int prodotto, int quantita) const {
+    std::vector<Riga> righe{{prodotto, quantita, -1}};
+    for (const auto& [parte, pezzi] : mProdotti[static_cast<size_t>(prodotto)].parti)
+        righe.push_back({parte, quantita * pezzi, -1, true});
+    return righe;
+}
+
+void ModelloLibri::cambiaQuantita(std::vector<RigaRisalvata>& righe, size_t riga, int quantita) const {
+    for (const Riga& nuova : righeDi(righe[riga].riga.prodotto, quantita)) {
+        righe[riga].riga.quantita = nuova.quantita;
+        righe[riga++].stato = RigaRisalvata::Modificata;
+    }
+}
+
 // ---- Stock
 
-std::vector<ModelloLibri::Strato>::iterator ModelloLibri::strato(int prodotto, Importo costo) {
-    auto& strati = mStrati[static_cast<size_t>(prodotto)];
-    if (mPrezzoMedio) return strati.begin();
+ModelloLibri::Strati::iterator ModelloLibri::strato(Strati& strati, Importo costo) const {
+    if (mPrezzoMedio && !strati.empty()) return strati.begin();
     const auto trovato =
         std::find_if(strati.begin(), strati.end(), [&](const Strato& s) { return s.costo == costo; });
     return trovato != strati.end() ? trovato : strati.insert(strati.end(), {costo, 0});
@@ -90,26 +109,30 @@ Importo ModelloLibri::costoMedio(int prodotto, QDate oggi) const {
                                                            static_cast<long double>(pezzi)));
 }
 
+Importo ModelloLibri::costoDaScaricare(const Strati& strati) {
+    const auto pieno =
+        std::find_if(strati.begin(), strati.end(), [](const Strato& s) { return s.quantita > 0; });
+    return (pieno != strati.end() ? pieno : strati.begin())->costo;
+}
+
 void ModelloLibri::muovi(int prodotto, int delta, Importo& taglio, QDate oggi) {
     if (!mProdotti[static_cast<size_t>(prodotto)].gestito) {
         taglio = std::max(taglio, Importo{0});
         return;
     }
-    auto& strati = mStrati[static_cast<size_t>(prodotto)];
+    Strati& strati = mStrati[static_cast<size_t>(prodotto)];
     if (mPrezzoMedio) {
         taglio = strati.front().costo = costoMedio(prodotto, oggi);
     } else if (taglio < 0) {
-        const auto pieno =
-            std::find_if(strati.begin(), strati.end(), [](const Strato& s) { return s.quantita > 0; });
-        taglio = (pieno != strati.end() ? pieno : strati.begin())->costo;
+        taglio = costoDaScaricare(strati);
     }
-    strato(prodotto, taglio)->quantita -= delta;
+    strato(strati, taglio)->quantita -= delta;
     mGiacenze[static_cast<size_t>(prodotto)] -= delta;
 }
 
 void ModelloLibri::carica(int prodotto, int quantita, Importo costo, QDate data) {
     mCarichi.push_back({prodotto, quantita, costo, data});
-    strato(prodotto, costo)->quantita += quantita;
+    strato(mStrati[static_cast<size_t>(prodotto)], costo)->quantita += quantita;
     mGiacenze[static_cast<size_t>(prodotto)] += quantita;
     Documento& d = mDocumenti[nuovoDocumento(tipoCarico, 0, data, false)];
     d.vendite[1].push_back({prodotto, quantita, costo});
@@ -117,11 +140,25 @@ void ModelloLibri::carica(int prodotto, int quantita, Importo costo, QDate data)
 
 // ---- Documents
 
+Importo ModelloLibri::netto(const Riga& r) const {
+    const Prodotto& p = mProdotti[static_cast<size_t>(r.prodotto)];
+    if (!p.parti.empty()) return 0;
+    return r.alCosto ? alCentesimo(r.taglio * r.quantita) : p.prezzo * r.quantita;
+}
+
+// At the cost a server's fraction of the tax is cut twice: to four decimals, and then to the cent.
+Importo ModelloLibri::imposta(const Riga& r) const {
+    const Prodotto& p = mProdotti[static_cast<size_t>(r.prodotto)];
+    if (!p.parti.empty()) return 0;
+    if (!r.alCosto) return p.prezzo * p.aliquota / 100 * r.quantita;
+    return alCentesimo((r.taglio * p.aliquota + 50) / 100) * r.quantita;
+}
+
 Importo ModelloLibri::impostaDelleRighe(const Documento& d) const {
     Importo somma = 0;
     for (const auto& [extra, righe] : d.vendite) {
         for (const Riga& r : righe)
-            somma += r.quantita * ivaUnitaria(mProdotti[static_cast<size_t>(r.prodotto)]);
+            somma += imposta(r);
     }
     return somma;
 }
@@ -130,7 +167,7 @@ Importo ModelloLibri::totaleDelleRighe(const Documento& d) const {
     Importo somma = impostaDelleRighe(d);
     for (const auto& [extra, righe] : d.vendite) {
         for (const Riga& r : righe)
-            somma += r.quantita * mProdotti[static_cast<size_t>(r.prodotto)].prezzo;
+            somma += netto(r);
     }
     return somma;
 }
@@ -179,8 +216,8 @@ bool ModelloLibri::cancella(int documento, int extra, QDate oggi) {
         muovi(r.prodotto, -r.quantita, r.taglio, oggi);
     d.vendite.erase(extra);
     const Importo totale = totaleDelleRighe(d);
-    const Importo imposta = impostaDelleRighe(d);
-    if (imposta < 0) {
+    const Importo dovuta = impostaDelleRighe(d);
+    if (dovuta < 0) {
         *this = prima;
         return false;
     }
@@ -193,9 +230,8 @@ bool ModelloLibri::cancella(int documento, int extra, QDate oggi) {
     // Posted anew for what remains, under words of its own; the header keeps the totals of the last save.
     const QString resto = titolo("Vendita al Banco", d.numero, d.data);
     const QString partita = "VB/" + QString::number(d.numero);
-    registra(d.registrazione,
-             {d.data, tipi().at(d.tipo).causale, d.cliente, resto, partita, totale, imposta});
-    registra(d.incasso, {d.data, causaleIncasso, d.cliente, "Incasso " + resto, partita, totale, imposta});
+    registra(d.registrazione, {d.data, tipi().at(d.tipo).causale, d.cliente, resto, partita, totale, dovuta});
+    registra(d.incasso, {d.data, causaleIncasso, d.cliente, "Incasso " + resto, partita, totale, dovuta});
     return true;
 }
 
@@ -203,6 +239,26 @@ void ModelloLibri::converti(int documento, const QString& tipo, QDate oggi) {
     const Documento origine = mDocumenti[documento];
     salva(tipo, origine.cliente, oggi, origine.pagato, origine.vendite.begin()->second);
     cancella(documento, origine.vendite.begin()->first, oggi);
+}
+
+// Both ends at the layer of the shop's that the goods are taken from; nobody owes anything for them.
+int ModelloLibri::trasferisci(QDate data, std::vector<Riga> righe) {
+    const int chiave = nuovoDocumento(tipoTrasferimento, 0, data, false);
+    for (Riga& r : righe) {
+        const size_t p = static_cast<size_t>(r.prodotto);
+        r.alCosto = true;
+        r.taglio = mProdotti[p].gestito ? costoDaScaricare(mStrati[p]) : 0;
+        if (!mProdotti[p].gestito) continue;
+        strato(mStrati[p], r.taglio)->quantita -= r.quantita;
+        const auto arrivo = strato(mDeposito[p], r.taglio);
+        arrivo->quantita += r.quantita;
+        arrivo->costo = r.taglio;
+    }
+    Documento& d = mDocumenti[chiave];
+    d.vendite[1] = righe;
+    d.totale = totaleDelleRighe(d);
+    d.imposta = impostaDelleRighe(d);
+    return chiave;
 }
 
 // ---- Journal
@@ -234,16 +290,21 @@ void ModelloLibri::contabilizza(Documento& d) {
 
 // ---- As lines
 
+void ModelloLibri::statoMagazzino(const QString& inizio, const Strati& strati, QStringList& righe) {
+    for (size_t s = 0; s < strati.size(); ++s)
+        righe << QString("DettagliProdotto|%1|%2|%3|%4")
+                     .arg(inizio)
+                     .arg(s)
+                     .arg(testo(strati[s].costo))
+                     .arg(strati[s].quantita);
+}
+
 void ModelloLibri::statoGiacenze(QStringList& righe) const {
     for (size_t p = 0; p < mProdotti.size(); ++p) {
         const QString& codice = mProdotti[p].codice;
         righe << "Prodotti|" + codice + "|" + QString::number(mGiacenze[p]);
-        for (size_t s = 0; s < mStrati[p].size(); ++s)
-            righe << QString("DettagliProdotto|%1|%2|%3|%4")
-                         .arg(codice)
-                         .arg(s)
-                         .arg(testo(mStrati[p][s].costo))
-                         .arg(mStrati[p][s].quantita);
+        statoMagazzino(codice + "|1", mStrati[p], righe);
+        statoMagazzino(codice + "|2", mDeposito[p], righe);
     }
 }
 
@@ -265,17 +326,20 @@ void ModelloLibri::statoDocumenti(QStringList& righe) const {
                                  numero(d.incasso)}
                          .join('|');
         for (const auto& [extra, vendute] : d.vendite) {
+            size_t testa = 0;
             for (size_t i = 0; i < vendute.size(); ++i) {
-                const Prodotto& p = mProdotti[static_cast<size_t>(vendute[i].prodotto)];
-                const Importo iva = d.tipo == tipoCarico ? 0 : vendute[i].quantita * ivaUnitaria(p);
-                const Importo netto = d.tipo == tipoCarico ? 0 : vendute[i].quantita * p.prezzo;
-                righe << QString("DettagliMovimento|%1|%2|%3|%4|%5|%6|%7|%8")
+                const Riga& r = vendute[i];
+                if (!r.componente) testa = i + 1;
+                const Importo iva = d.tipo == tipoCarico ? 0 : imposta(r);
+                const Importo imponibile = d.tipo == tipoCarico ? 0 : netto(r);
+                righe << QString("DettagliMovimento|%1|%2|%3|%4|%5|%6|%7|%8|%9")
                              .arg(nome)
                              .arg(extra)
                              .arg(i + 1)
-                             .arg(p.codice)
-                             .arg(vendute[i].quantita)
-                             .arg(testo(iva), testo(netto + iva), testo(vendute[i].taglio));
+                             .arg(r.componente ? QString::number(testa) : QString(),
+                                  mProdotti[static_cast<size_t>(r.prodotto)].codice)
+                             .arg(r.quantita)
+                             .arg(testo(iva), testo(imponibile + iva), testo(r.taglio));
             }
         }
     }
@@ -324,17 +388,15 @@ QStringList lette(const Negozio& n, const QString& tabella, const QString& query
     return righe;
 }
 
-// The layers of a product count from 0, the oldest first.
+// The layers of a product in a warehouse count from 0, the oldest first.
 QStringList stratiLetti(const Negozio& n) {
     QStringList righe;
     std::map<QString, int> visti;
-    for (const QString& riga : n.righe("SELECT P.CODICE, D.TAGLIO, D.QUANTITA FROM DettagliProdotto D INNER "
-                                       "JOIN Prodotti P ON D.FK_PRODOTTO = P.RID ORDER BY D.RID")) {
-        const QString codice = riga.section('|', 0, 0);
-        righe << QString("DettagliProdotto|%1|%2|%3")
-                     .arg(codice)
-                     .arg(visti[codice]++)
-                     .arg(riga.section('|', 1));
+    for (const QString& riga : n.righe("SELECT P.CODICE, D.FK_MAGAZZINO, D.TAGLIO, D.QUANTITA FROM "
+                                       "DettagliProdotto D INNER JOIN Prodotti P ON D.FK_PRODOTTO = P.RID "
+                                       "ORDER BY D.RID")) {
+        const QString dove = riga.section('|', 0, 1);
+        righe << QString("DettagliProdotto|%1|%2|%3").arg(dove).arg(visti[dove]++).arg(riga.section('|', 2));
     }
     return righe;
 }
@@ -352,9 +414,10 @@ QStringList statoLibri(const Negozio& n) {
                    "JOIN PrimaNota P ON M.FK_PRIMANOTA = P.RID LEFT JOIN PrimaNota I ON M.FK_PNPAGAMENTO = "
                    "I.RID WHERE T.CODICE <> 'CAR'");
     righe += lette(n, "DettagliMovimento",
-                   "SELECT T.CODICE, M.PROGRESSIVO, D.EXTRAPROG, D.POS, D.CODPRODOTTO, D.QUANTITA, "
+                   "SELECT T.CODICE, M.PROGRESSIVO, D.EXTRAPROG, D.POS, K.POS, D.CODPRODOTTO, D.QUANTITA, "
                    "D.TOTALEIVA, D.TOTALERIGA, D.TAGLIO FROM DettagliMovimento D INNER JOIN Movimenti M ON "
-                   "D.FK_MOVIMENTO = M.RID INNER JOIN TipoDocumenti T ON M.FK_TIPODOCUMENTO = T.RID");
+                   "D.FK_MOVIMENTO = M.RID INNER JOIN TipoDocumenti T ON M.FK_TIPODOCUMENTO = T.RID LEFT "
+                   "JOIN DettagliMovimento K ON D.IK_DETTAGLIOMOVIMENTO = K.RID");
     righe += lette(n, "PrimaNota",
                    "SELECT P.PROGRESSIVO, P.DATA, P.FK_CAUSALE, A.NUMERO, P.DESCRIZIONE, P.IMPORTO, "
                    "P.CODICEPARTITA FROM PrimaNota P INNER JOIN Anagrafiche A ON P.FK_ANAGRAFE = A.RID");

@@ -9,8 +9,9 @@
 // Money in ten-thousandths.
 using Decimillesimi = long long;
 
-// What the books of a shop with one warehouse must hold, kept by the rules in plain values and nothing of
-// the program. Products, documents and customers are told by their own numbers; all dates are of one year.
+// What the books of a shop with a warehouse and a store behind it must hold, kept by the rules in plain
+// values and nothing of the program. Products, documents and customers are told by their own numbers; all
+// dates are of one year.
 class ModelloLibri {
   public:
     struct Prodotto {
@@ -19,11 +20,15 @@ class ModelloLibri {
         int aliquota;          // per cent
         Decimillesimi prezzoAcquisto;
         bool gestito;  // has stock
+        // Of a kit, which has no price and no stock of its own: products, and how many of each.
+        std::vector<std::pair<int, int>> parti = {};
     };
     struct Riga {
         int prodotto;
         int quantita;              // negative: a return
         Decimillesimi taglio = 0;  // the cost layer that it moved
+        bool componente = false;   // of the kit above it
+        bool alCosto = false;      // goes to the store
     };
     // One row of a saved sale as it is saved again.
     struct RigaRisalvata {
@@ -50,6 +55,11 @@ class ModelloLibri {
     const std::vector<Prodotto>& prodotti() const { return mProdotti; }
     const std::map<int, Documento>& documenti() const { return mDocumenti; }
 
+    // The rows that a product makes: its own, and below a kit's the components.
+    std::vector<Riga> righeDi(int prodotto, int quantita) const;
+    // Another quantity, for the components of a kit too; `riga` is no component.
+    void cambiaQuantita(std::vector<RigaRisalvata>& righe, size_t riga, int quantita) const;
+
     // A purchase: a new layer, or more of one that has that cost.
     void carica(int prodotto, int quantita, Decimillesimi costo, QDate data);
     // A new sale; the walk-in customer's goes under the header of its day. Answers the document's key here.
@@ -59,6 +69,9 @@ class ModelloLibri {
     bool cancella(int documento, int extra, QDate oggi);
     // The only sale of a document becomes a document of the other type.
     void converti(int documento, const QString& tipo, QDate oggi);
+
+    // Goods that go to the store, at their cost.
+    int trasferisci(QDate data, std::vector<Riga> righe);
 
     // VAT and total of what stands under a document.
     Decimillesimi impostaDelleRighe(const Documento& d) const;
@@ -85,14 +98,21 @@ class ModelloLibri {
         std::vector<std::pair<QDate, Decimillesimi>> scadenze = {};
     };
 
+    using Strati = std::vector<Strato>;  // the oldest first
+
+    Decimillesimi netto(const Riga& riga) const;
+    Decimillesimi imposta(const Riga& riga) const;
+    // The layer that a row takes its goods from.
+    static Decimillesimi costoDaScaricare(const Strati& strati);
     int nuovoDocumento(const QString& tipo, int cliente, QDate data, bool pagato);
     // Takes `delta` pieces from the stock; `taglio` below 0 is chosen, and holds the layer moved after it.
     void muovi(int prodotto, int delta, Decimillesimi& taglio, QDate oggi);
     Decimillesimi costoMedio(int prodotto, QDate oggi) const;
-    std::vector<Strato>::iterator strato(int prodotto, Decimillesimi costo);
+    Strati::iterator strato(Strati& strati, Decimillesimi costo) const;
     void contabilizza(Documento& d);
     void registra(int& numero, const Registrazione& registrazione);
     void scadenzia(const Documento& d, Decimillesimi importo);
+    static void statoMagazzino(const QString& inizio, const Strati& strati, QStringList& righe);
     void statoGiacenze(QStringList& righe) const;
     void statoDocumenti(QStringList& righe) const;
     void statoContabile(QStringList& righe) const;
@@ -100,7 +120,8 @@ class ModelloLibri {
     bool mPrezzoMedio;
     std::vector<Prodotto> mProdotti;
     std::vector<int> mGiacenze;
-    std::vector<std::vector<Strato>> mStrati;  // of each product, the oldest first
+    std::vector<Strati> mStrati;    // of each product in the shop
+    std::vector<Strati> mDeposito;  // and in the store
     std::vector<Carico> mCarichi;
     std::map<int, Documento> mDocumenti;
     int mUltimaChiave = 0;
@@ -112,6 +133,7 @@ class ModelloLibri {
 extern const QString tipoBanco;
 extern const QString tipoFattura;
 extern const QString tipoCarico;
+extern const QString tipoTrasferimento;
 // How far back the average looks.
 constexpr int mesiDelModello = 1;
 

@@ -220,6 +220,17 @@ TEST_F(BooksOfALoad, ChangedCostMovesTheGoodsToALayerOfTheirOwn) {
     EXPECT_EQ(n.verifica(), QStringList());
 }
 
+// The screen shows such a cost with two decimals: that is no other layer, now or when the row is changed.
+TEST_F(BooksOfALoad, ACostOfThreeDecimalsMakesOneLayer) {
+    n.sql("UPDATE Prodotti SET SCONTO = 33.35 WHERE RID = 1");
+    caricaCinqueA();
+    EXPECT_EQ(leggiLibri(n).strati, (QStringList{"1|1|6|4", "1|1|7|6", "1|1|6.665|5"}));
+    cambiaQuantita(1, "7");
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(leggiLibri(n).strati, (QStringList{"1|1|6|4", "1|1|7|6", "1|1|6.665|7"}));
+    EXPECT_EQ(n.valore("SELECT GIACENZA FROM Prodotti WHERE RID = 1"), "17");
+}
+
 // Only an origin warehouse gets its goods back.
 TEST_F(BooksOfALoad, DeletingItMovesNoStock) {
     caricaCinqueA();

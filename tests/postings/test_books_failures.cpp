@@ -1,7 +1,10 @@
 #include <csignal>
 
+#include "core/globals.h"
 #include "data/gateway.h"
 #include "postings/full_shop.h"
+#include "postings/save_sale.h"
+#include "sale/document_info.h"
 
 // A save, a second save and a deletion that are disturbed at each of their statements in turn: the books are
 // as before, or as after, and the same thing done again succeeds.
@@ -11,7 +14,7 @@ namespace {
 // More statements than any of the three runs.
 constexpr int troppe = 400;
 
-enum class Lavoro { Salva, Risalva, Cancella };
+enum class Lavoro { Salva, Risalva, Cancella, Trasferisci };
 
 struct Caso {
     Lavoro lavoro;
@@ -20,10 +23,9 @@ struct Caso {
 };
 
 void PrintTo(const Caso& c, std::ostream* uscita) {
-    *uscita << (c.lavoro == Lavoro::Salva     ? "Save"
-                : c.lavoro == Lavoro::Risalva ? "SecondSave"
-                                              : "Deletion")
-            << (c.banco ? "OfTheCounter" : "OfACustomer") << (c.prezzoMedio ? "AtTheAverage" : "ByLayers");
+    static const char* const nomi[] = {"Save", "SecondSave", "Deletion", "Transfer"};
+    *uscita << nomi[static_cast<int>(c.lavoro)] << (c.banco ? "OfTheCounter" : "OfACustomer")
+            << (c.prezzoMedio ? "AtTheAverage" : "ByLayers");
 }
 
 std::string nome(const testing::TestParamInfo<Caso>& caso) {
@@ -37,10 +39,31 @@ ErroreServer guastoDelServer() {
 // A shop in which the work stands ready to be done.
 struct Banco : BottegaCompleta {
     explicit Banco(const Caso& caso) : BottegaCompleta(caso.banco, caso.prezzoMedio), caso(caso) {
-        if (caso.lavoro != Lavoro::Salva) salva();
+        if (caso.lavoro == Lavoro::Trasferisci) preparaTrasferimento();
+        if (caso.lavoro == Lavoro::Risalva || caso.lavoro == Lavoro::Cancella) salva();
         if (caso.lavoro == Lavoro::Risalva) ritocca();
     }
-    void fai() { caso.lavoro == Lavoro::Cancella ? cancella() : salva(); }
+    void fai() {
+        if (caso.lavoro == Lavoro::Trasferisci) {
+            // A till goes on asking its books.
+            if (salvaVendita(vendita(), false, -1)) gAdo.getDataOraServer("prova");
+        } else {
+            caso.lavoro == Lavoro::Cancella ? cancella() : salva();
+        }
+    }
+    // The rows go to the store instead, at their cost; some of their amount was counted in a balance.
+    void preparaTrasferimento() {
+        n.sql("INSERT INTO Magazzini (RID, CODICE, DESCRIZIONE) VALUES (2,'DEP','Deposito')");
+        n.sql(
+            "INSERT INTO Causali (RID, CODICE, OPERAZIONE, ORIGINE, DESTINAZIONE, FK_MAGAZZINOORIG, "
+            "FK_MAGAZZINODEST, GENERAPN) VALUES (4,'DT',1,3,3,1,2,1)");
+        n.sql(
+            "INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
+            "ACCOMPAGNATORIO) VALUES (4,'DT','Trasferimento',4,4,0,1)");
+        gTipoDocVb = 4;
+        setInfoDocumento(vendita(), 4);
+        vendita().lblLastMainDisplay.testo("12,34");
+    }
 
     const Caso caso;
 };
@@ -172,6 +195,7 @@ const Caso salvaCliente{Lavoro::Salva, false};
 const Caso risalvaCliente{Lavoro::Risalva, false};
 const Caso cancellaBanco{Lavoro::Cancella, true};
 const Caso cancellaCliente{Lavoro::Cancella, false};
+const Caso trasferisci{Lavoro::Trasferisci, false};
 
 // Every kind of sale, work and valuation.
 std::vector<Caso> tutti() {
@@ -182,6 +206,8 @@ std::vector<Caso> tutti() {
                 casi.push_back({lavoro, banco, prezzoMedio});
         }
     }
+    for (const int prezzoMedio : {0, 1})
+        casi.push_back({Lavoro::Trasferisci, false, prezzoMedio});
     return casi;
 }
 
@@ -196,7 +222,9 @@ TEST_P(BooksFailures, AStatementThatFailsLeavesTheBooks) {
     EXPECT_GE(falliteDiSeguito(GetParam()), 30);
 }
 INSTANTIATE_TEST_SUITE_P(Every, BooksFailures,
-                         testing::Values(salvaCliente, risalvaCliente, cancellaBanco, cancellaCliente), nome);
+                         testing::Values(salvaCliente, risalvaCliente, cancellaBanco, cancellaCliente,
+                                         trasferisci),
+                         nome);
 
 TEST_P(BooksFailuresLong, AStatementThatFailsLeavesTheBooks) {
     EXPECT_GE(falliteUnaAUna(GetParam()), 30);
@@ -206,8 +234,8 @@ INSTANTIATE_TEST_SUITE_P(Every, BooksFailuresLong, testing::ValuesIn(tutti()), n
 TEST_P(BooksKilled, TheProcessLeavesTheBooksWhole) {
     EXPECT_GE(mortiDiSeguito(GetParam()), 30);
 }
-INSTANTIATE_TEST_SUITE_P(Every, BooksKilled, testing::Values(salvaCliente, risalvaCliente, cancellaBanco),
-                         nome);
+INSTANTIATE_TEST_SUITE_P(Every, BooksKilled,
+                         testing::Values(salvaCliente, risalvaCliente, cancellaBanco, trasferisci), nome);
 
 TEST_P(BooksKilledLong, TheProcessLeavesTheBooksWhole) {
     const Morti morti = mortiUnaAUna(GetParam());

@@ -101,6 +101,23 @@ TEST_F(BooksTable, NamedCustomerPaidAtTheCounter) {
            });
 }
 
+// The walk-in customer's sale is collected whatever the tick says, and never due by instalments.
+TEST_F(BooksTable, CashSaleByAPaymentWithInstalmentsIsCollectedAndNotScheduled) {
+    Vendita& v = dueAETreB();
+    v.chkPagato.valore(0);
+    v.idPagamento = 10;
+    ASSERT_TRUE(v.generaScad);
+    ASSERT_TRUE(salvaERilegge(v));
+    LibriAttesi attesi = libriACredito("10", {});
+    attesi.movimenti = {"1|1|2026|2026-03-16|1|1||1|10|255|0|35|5.9|40.9|1|2|0|"};
+    attesi.primaNota = {
+        "1|1|2026-03-16|2026-03-16|1|1|Vendita al banco N° 0001 del 16/03/2026|||40.9|VB/1|10|",
+        "2|2|2026-03-16|2026-03-16|2|1|Incasso Vendita al banco N° 0001 del 16/03/2026|||40.9|VB/1|10|"};
+    attesi.righePrimaNota << "2|2|40.9|0"
+                          << "2|1|0|40.9";
+    confrontaLibri(n, attesi);
+}
+
 TEST_F(BooksTable, NamedCustomerOnCredit) {
     aCredito(9);
     confrontaLibri(n, libriACredito("9", {"1||2026-04-15|20.45", "1||2026-05-15|20.45"}));

@@ -1,3 +1,5 @@
+#include <QRegularExpression>
+
 #include "core/globals.h"
 #include "doubles/kit_di_prova.h"
 #include "postings/delete_sale.h"
@@ -33,6 +35,15 @@ TEST_F(DeleteSale, NoLeavesTheBooksAndOpensNoTransaction) {
     EXPECT_FALSE(cancellaVendita(v, v.rid(), true));
     EXPECT_FALSE(prove.accaduto);
     EXPECT_EQ(libri(n), prima);
+}
+
+TEST_F(DeleteSale, WithoutAQuestionTheScreenStaysAsItStands) {
+    vendi(c, "A", "2");
+    vendiESalva("B", "1");
+    QStringList prima = schermata(v);
+    ASSERT_TRUE(cancella());
+    prima.replaceInStrings(QRegularExpression("^lblTotConto=.*"), "lblTotConto=0,00");
+    EXPECT_EQ(schermata(v), prima);
 }
 
 TEST_F(DeleteSale, NothingHappensWithoutAKey) {

@@ -3,6 +3,7 @@
 
 #include "core/format.h"
 #include "core/globals.h"
+#include "doubles/kit_di_prova.h"
 #include "postings/books.h"
 #include "postings/books_model.h"
 #include "postings/delete_sale.h"
@@ -21,7 +22,10 @@ using Risposta = OperatorPort::Risposta;
 using RigaRisalvata = ModelloLibri::RigaRisalvata;
 
 constexpr int clienti[] = {7, 8};
-constexpr int passiTraVerifiche = 25;
+// Places of the products in the list; the first keys are given in its order.
+constexpr int primoSenzaMezzi = 2;
+constexpr int vite = 4;
+constexpr int staffa = 5;
 
 unsigned seme() {
     bool detto = false;
@@ -32,7 +36,8 @@ unsigned seme() {
 class Passeggiata {
   public:
     explicit Passeggiata(int prezzoMedio);
-    void passi(int quanti);
+    // The archive tool looks at the books after so many steps each time.
+    void passi(int quanti, int traVerifiche);
 
   private:
     struct Scelta {
@@ -49,13 +54,16 @@ class Passeggiata {
     // Puts it on a screen: the till's for the walk-in customer, an account of its own for the others.
     ContoDiProva& mostra(const Scelta& s);
     ContoDiProva& contoDel(int cliente);
-    void aggiungi(ContoDiProva& c, const ModelloLibri::Riga& riga);
-    std::vector<ModelloLibri::Riga> righeNuove();
+    void aggiungi(ContoDiProva& c, int prodotto, int quantita);
+    std::vector<std::pair<int, int>> merceNuova();
+    // On the screen, and the rows that come of it.
+    std::vector<ModelloLibri::Riga> aggiungi(ContoDiProva& c, const std::vector<std::pair<int, int>>& merce);
 
     void nuova();
     void ritocca();
     void cancella();
     void converti();
+    void trasferisci();
     void carica();
     void nuovoGiorno();
     void confronta();
@@ -85,23 +93,24 @@ void Passeggiata::allestisci() {
     for (const Merce& p : {Merce{"A", 1000, 1, 22, 30000, 5},
                            {"B", 550, 2, 10, 12000, 5},
                            {"C", 200, 1, 22, 0, -1},
-                           {"D", 50, 3, 4, 2000, 5}}) {
+                           {"D", 50, 3, 4, 2000, 5},
+                           {"VITE", 100, 1, 22, 5000, 5},
+                           {"STAFFA", 400, 1, 22, 15000, 5}}) {
         const bool gestito = p.giacenza >= 0;
         const int giacenza = gestito ? p.giacenza : 0;
-        const int rid = n.prodotto({.codice = p.codice,
-                                    .listino1 = p.centesimi / 100.0,
-                                    .idIva = p.idIva,
-                                    .giacenza = static_cast<double>(giacenza),
-                                    .gestioneGiacenza = gestito,
-                                    .prezzoAcquisto = p.costo / 10000.0});
+        n.prodotto({.codice = p.codice,
+                    .listino1 = p.centesimi / 100.0,
+                    .idIva = p.idIva,
+                    .giacenza = static_cast<double>(giacenza),
+                    .gestioneGiacenza = gestito,
+                    .prezzoAcquisto = p.costo / 10000.0});
         m.aggiungiProdotto({p.codice, p.centesimi * 100LL, p.aliquota, p.costo, gestito}, giacenza, p.costo);
-        if (gestito)
-            n.sql(QString("INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) VALUES "
-                          "(%1,1,%2,%3)")
-                      .arg(rid)
-                      .arg(p.costo / 10000.0)
-                      .arg(giacenza));
     }
+    n.sql(
+        "INSERT INTO DettagliProdotto (FK_PRODOTTO, FK_MAGAZZINO, TAGLIO, QUANTITA) SELECT RID, 1, "
+        "PREZZOACQUISTO, GIACENZA FROM Prodotti WHERE SETGIACENZA <> 0 ORDER BY RID");
+    distinta(n, "%KIT", {{vite + 1, 2, 0}, {staffa + 1, 1, 0}});
+    m.aggiungiProdotto({"%KIT", 0, 22, 0, false, {{vite, 2}, {staffa, 1}}}, 0, 0);
     for (const int cliente : clienti)
         n.cliente(cliente, "CLIENTE " + QString::number(cliente));
     n.sql(
@@ -117,9 +126,14 @@ void Passeggiata::allestisci() {
     n.sql(
         "INSERT INTO Causali (RID, CODICE, OPERAZIONE, ORIGINE, DESTINAZIONE, FK_MAGAZZINODEST) VALUES "
         "(9,'CAR',1,2,3,1)");
+    n.sql("INSERT INTO Magazzini (RID, CODICE, DESCRIZIONE) VALUES (2,'DEP','Deposito')");
+    n.sql(
+        "INSERT INTO Causali (RID, CODICE, OPERAZIONE, ORIGINE, DESTINAZIONE, FK_MAGAZZINOORIG, "
+        "FK_MAGAZZINODEST, GENERAPN, GENERASCAD) VALUES (4,'DT',1,3,3,1,2,1,1)");
     n.sql(
         "INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
-        "NONSTAMPAREVB) VALUES (2,'FT','Fattura',3,2,0,1),(9,'CAR','Carico',9,9,0,1)");
+        "NONSTAMPAREVB) VALUES "
+        "(2,'FT','Fattura',3,2,0,1),(4,'DT','Trasferimento',4,4,0,1),(9,'CAR','Carico',9,9,0,1)");
 }
 
 // ---- Screens
@@ -173,26 +187,37 @@ ContoDiProva& Passeggiata::contoDel(int cliente) {
     return c;
 }
 
-void Passeggiata::aggiungi(ContoDiProva& c, const ModelloLibri::Riga& riga) {
+void Passeggiata::aggiungi(ContoDiProva& c, int prodotto, int quantita) {
     c.clic(c.vendita().txtCodProdotto);
-    c.digita(m.prodotti()[static_cast<size_t>(riga.prodotto)].codice);
+    c.digita(m.prodotti()[static_cast<size_t>(prodotto)].codice);
     c.invio();
-    if (riga.quantita < 0) c.tasto(Qt::Key_F6, Qt::ShiftModifier);
+    if (quantita < 0) c.tasto(Qt::Key_F6, Qt::ShiftModifier);
     c.clic(c.vendita().txtQta);
-    c.digita(QString::number(std::abs(riga.quantita)));
+    c.digita(QString::number(std::abs(quantita)));
     c.tasto(Qt::Key_F6);
 }
 
-// Up to three products, now and then one that comes back.
-std::vector<ModelloLibri::Riga> Passeggiata::righeNuove() {
+std::vector<ModelloLibri::Riga> Passeggiata::aggiungi(ContoDiProva& c,
+                                                      const std::vector<std::pair<int, int>>& merce) {
     std::vector<ModelloLibri::Riga> righe;
+    for (const auto& [prodotto, quantita] : merce) {
+        aggiungi(c, prodotto, quantita);
+        for (const ModelloLibri::Riga& riga : m.righeDi(prodotto, quantita))
+            righe.push_back(riga);
+    }
+    return righe;
+}
+
+// Some products and how many, now and then one that comes back.
+std::vector<std::pair<int, int>> Passeggiata::merceNuova() {
+    std::vector<std::pair<int, int>> scelti;
     for (int p = 0; p < static_cast<int>(m.prodotti().size()); ++p) {
         if (caso(2) == 0) continue;
         const int quantita = 1 + caso(6);
-        righe.push_back({p, caso(8) == 0 ? -quantita : quantita, -1});
+        scelti.emplace_back(p, caso(8) == 0 ? -quantita : quantita);
     }
-    if (righe.empty()) righe.push_back({0, 1, -1});
-    return righe;
+    if (scelti.empty()) scelti.emplace_back(0, 1);
+    return scelti;
 }
 
 // ---- What happens
@@ -202,9 +227,7 @@ void Passeggiata::nuova() {
     const bool pagato = cliente != ModelloLibri::clienteDelBanco && caso(2) == 0;
     ContoDiProva& c = contoDel(cliente);
     if (pagato) c.vendita().chkPagato.valore(1);
-    const auto righe = righeNuove();
-    for (const auto& riga : righe)
-        aggiungi(c, riga);
+    const auto righe = aggiungi(c, merceNuova());
     mDiario << QString("nuova vendita, cliente %1, %2 righe").arg(cliente).arg(righe.size());
     c.tasto(Qt::Key_F5);
     const int chiave = m.salva(tipoBanco, cliente, oggi(), pagato, righe);
@@ -218,36 +241,42 @@ void Passeggiata::ritocca() {
     std::vector<RigaRisalvata> righe;
     for (const auto& riga : m.documenti().at(scelta->documento).vendite.at(scelta->extra))
         righe.push_back({riga, riga.quantita});
-    const int vive = static_cast<int>(righe.size());
-    const size_t r = static_cast<size_t>(caso(vive));
+    std::vector<size_t> intere;  // what stands by itself, in its first row
+    for (size_t i = 0; i < righe.size(); ++i) {
+        if (!righe[i].riga.componente) intere.push_back(i);
+    }
+    const size_t r = intere[static_cast<size_t>(caso(static_cast<int>(intere.size())))];
     mDiario << "ritocca " + numero(*scelta);
     if (caso(2) == 0) {
         const int segno = righe[r].riga.quantita < 0 ? -1 : 1;
-        righe[r].riga.quantita = segno * (std::abs(righe[r].riga.quantita) % 7 + 1);
-        righe[r].stato = RigaRisalvata::Modificata;
+        m.cambiaQuantita(righe, r, segno * (std::abs(righe[r].riga.quantita) % 7 + 1));
         c.clicRiga(static_cast<int>(r) + 1);
         c.clic(c.vendita().txtQta);
         c.digita(QString::number(std::abs(righe[r].riga.quantita)));
         c.tasto(Qt::Key_F6);
         mDiario << "  quantità della riga " + QString::number(r + 1);
-    } else if (vive > 1) {
+    } else if (intere.size() > 1) {
         const QString& codice = m.prodotti()[static_cast<size_t>(righe[r].riga.prodotto)].codice;
-        n.operatore.attendiDomanda("Eliminare il prodotto [" + codice + "]?", Risposta::Si);
+        const QString nome = codice.startsWith('%') ? "Kit " + codice.mid(1) : codice;
+        n.operatore.attendiDomanda("Eliminare il prodotto [" + nome + "]?", Risposta::Si);
         c.clicRiga(static_cast<int>(r) + 1);
         c.tasto(Qt::Key_F9);
         righe[r].stato = RigaRisalvata::Cancellata;
-        // The rows below move up, and are written anew.
-        for (size_t i = r + 1; i < righe.size(); ++i)
-            righe[i].stato = RigaRisalvata::Modificata;
+        // The components go with their kit; the rows below move up, and are written anew.
+        bool sue = true;
+        for (size_t i = r + 1; i < righe.size(); ++i) {
+            sue = sue && righe[i].riga.componente;
+            righe[i].stato = sue ? RigaRisalvata::Cancellata : RigaRisalvata::Modificata;
+        }
         mDiario << "  via la riga " + QString::number(r + 1);
     }
-    for (auto riga : righeNuove()) {
+    for (const auto& merce : merceNuova()) {
         const bool presente = std::any_of(righe.begin(), righe.end(), [&](const RigaRisalvata& altra) {
-            return altra.riga.prodotto == riga.prodotto;
+            return altra.riga.prodotto == merce.first && !altra.riga.componente;
         });
         if (presente || caso(2) == 0) continue;
-        aggiungi(c, riga);
-        righe.push_back({riga, 0, RigaRisalvata::Nuova});
+        for (const auto& riga : aggiungi(c, {merce}))
+            righe.push_back({riga, 0, RigaRisalvata::Nuova});
         mDiario << "  una riga in più";
     }
     c.tasto(Qt::Key_F5);
@@ -298,6 +327,24 @@ void Passeggiata::converti() {
     mChiavi[m.documenti().rbegin()->first] = nuovo;
 }
 
+// At the average only products whose tax on any cost has no middle between two amounts.
+void Passeggiata::trasferisci() {
+    auto merce = merceNuova();
+    std::erase_if(merce, [](const auto& m) { return gPrezzoMedio == 1 && m.first < primoSenzaMezzi; });
+    for (auto& [prodotto, quantita] : merce)
+        quantita = std::abs(quantita);
+    if (merce.empty()) return;
+    mDiario << QString("trasferimento di %1 prodotti").arg(merce.size());
+    gTipoDocVb = 4;
+    ContoDiProva& c = n.apriConto(1);
+    c.vendita().txtCodCliente.tag("1");
+    const auto righe = aggiungi(c, merce);
+    EXPECT_TRUE(salvaVendita(c.vendita(), false, -1));
+    c.scarica();
+    gTipoDocVb = 1;
+    mChiavi[m.trasferisci(oggi(), righe)] = n.valore("SELECT MAX(RID) FROM Movimenti");
+}
+
 // Goods arrive, booked by another program.
 void Passeggiata::carica() {
     const int prodotto = std::array{0, 1, 3}[static_cast<size_t>(caso(3))];
@@ -326,8 +373,8 @@ void Passeggiata::carica() {
     n.sql(d.numero == 1 ? QString("INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO) VALUES (9,'2026',1)")
                         : QString("UPDATE Contatori SET NUMERO = NUMERO + 1 WHERE FK_NUMERATORE = 9"));
     n.sql(QString("UPDATE Prodotti SET GIACENZA = GIACENZA + %1 WHERE RID = %2").arg(quantita).arg(rid));
-    const QString dove =
-        " WHERE FK_PRODOTTO = " + rid + (gPrezzoMedio == 1 ? QString() : " AND TAGLIO = " + prezzo);
+    const QString dove = " WHERE FK_MAGAZZINO = 1 AND FK_PRODOTTO = " + rid +
+                         (gPrezzoMedio == 1 ? QString() : " AND TAGLIO = " + prezzo);
     if (n.conta("DettagliProdotto", dove.mid(7)) > 0) {
         n.sql(QString("UPDATE DettagliProdotto SET QUANTITA = QUANTITA + %1").arg(quantita) + dove);
     } else {
@@ -358,18 +405,18 @@ void Passeggiata::confronta() {
     ADD_FAILURE() << diversi.join('\n').toStdString();
 }
 
-void Passeggiata::passi(int quanti) {
+void Passeggiata::passi(int quanti, int traVerifiche) {
     using Passo = void (Passeggiata::*)();
-    constexpr Passo passi[] = {&Passeggiata::nuova,    &Passeggiata::nuova,      &Passeggiata::nuova,
-                               &Passeggiata::ritocca,  &Passeggiata::ritocca,    &Passeggiata::ritocca,
-                               &Passeggiata::carica,   &Passeggiata::cancella,   &Passeggiata::cancella,
-                               &Passeggiata::converti, &Passeggiata::nuovoGiorno};
+    constexpr Passo passi[] = {&Passeggiata::nuova,    &Passeggiata::nuova,       &Passeggiata::nuova,
+                               &Passeggiata::ritocca,  &Passeggiata::ritocca,     &Passeggiata::ritocca,
+                               &Passeggiata::carica,   &Passeggiata::cancella,    &Passeggiata::cancella,
+                               &Passeggiata::converti, &Passeggiata::nuovoGiorno, &Passeggiata::trasferisci};
     for (int i = 1; i <= quanti && !testing::Test::HasFailure(); ++i) {
         mDiario.clear();
         (this->*passi[caso(std::size(passi))])();
         confronta();
         EXPECT_TRUE(n.operatore.esaurito());
-        if (i % passiTraVerifiche == 0 || i == quanti) {
+        if (i % traVerifiche == 0 || i == quanti) {
             EXPECT_EQ(n.verifica(), QStringList());
         }
         if (testing::Test::HasFailure())
@@ -381,17 +428,17 @@ void Passeggiata::passi(int quanti) {
 }  // namespace
 
 TEST(RandomWalk, BooksAgreeWithTheModelByLayers) {
-    Passeggiata(0).passi(200);
+    Passeggiata(0).passi(200, 5);
 }
 
 TEST(RandomWalk, BooksAgreeWithTheModelAtTheAverage) {
-    Passeggiata(1).passi(200);
+    Passeggiata(1).passi(200, 5);
 }
 
 TEST(RandomWalkLong, BooksAgreeWithTheModelByLayers) {
-    Passeggiata(0).passi(2000);
+    Passeggiata(0).passi(2000, 1);
 }
 
 TEST(RandomWalkLong, BooksAgreeWithTheModelAtTheAverage) {
-    Passeggiata(1).passi(2000);
+    Passeggiata(1).passi(2000, 1);
 }
