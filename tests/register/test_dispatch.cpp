@@ -199,6 +199,23 @@ TEST_F(Dispatch, EveryOpenAccountAsks) {
     lasciaArrivare();
 }
 
+TEST_F(Dispatch, FarewellStandsBehindTheEndOfTheProgram) {
+    connetti();
+    n.apriConto();
+    n.apriConto(1);
+    bool detto = true;
+    impostaChiudiApplicazione([&] {
+        lasciaArrivare();
+        detto = !peer.ricevuti().isEmpty();
+    });
+    gConti[1]->scarica();
+    EXPECT_TRUE(detto);  // an account is open yet
+    gConti[0]->scarica();
+    EXPECT_FALSE(detto);
+    EXPECT_TRUE(diventa([&] { return peer.ricevuti() == "\2OFF19\3" && !link.statoConnessione(); }));
+    impostaChiudiApplicazione({});
+}
+
 TEST_F(Dispatch, NobodyIsAskedWhileTheDeskHasItsTurnToWrite) {
     connetti();
     n.apriConto();
