@@ -226,7 +226,7 @@ QString descrizioneEsito(RegistroScontrini::Esito esito) {
         case Esito::Interrotto:
             return "collegamento caduto durante la stampa";
         case Esito::Dubbio:
-            return "manca una risposta: controllare lo scontrino";
+            return "manca una risposta: da controllare";
         case Esito::Stampato:
             return "scontrino stampato";
         case Esito::NonSalvata:

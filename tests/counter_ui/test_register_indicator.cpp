@@ -4,24 +4,10 @@
 #include "core/globals.h"
 #include "counter_screen.h"
 #include "register/failure.h"
+#include "register/fake_socket.h"
 #include "register/interface_link.h"
 
 namespace {
-
-// A socket that is connected when the test says so.
-class PresaFinta final : public PresaRegCassa {
-  public:
-    void connetti(const QString&, int) override {}
-    void chiudi() override {}
-    void invia(const QByteArray&) override {}
-    QByteArray leggi() override { return std::exchange(arrivati, {}); }
-    void apri() { notifiche().connessa(); }
-    void arriva(const QByteArray& dati) {
-        arrivati = dati;
-        notifiche().datiArrivati();
-    }
-    QByteArray arrivati;
-};
 
 class ContaDialoghi final : public DialoghiRegCassa {
   public:

@@ -58,7 +58,8 @@ class Giornata : public NegozioConRegistratore {
     RotoloDiCarta rotolo;
     std::map<int, Causa> cause;  // by sale
     std::set<int> tranquille;    // sales under no fault
-    std::mt19937 dado{20260316};
+    // --gtest_shuffle --gtest_random_seed=N tries another day.
+    std::mt19937 dado{20260316U + static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed())};
 
   private:
     QByteArray accetta(const QByteArray& cornice);

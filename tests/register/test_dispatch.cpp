@@ -199,6 +199,23 @@ TEST_F(Dispatch, EveryOpenAccountAsks) {
     lasciaArrivare();
 }
 
+TEST_F(Dispatch, FarewellStandsBehindTheEndOfTheProgram) {
+    connetti();
+    n.apriConto();
+    n.apriConto(1);
+    bool detto = true;
+    impostaChiudiApplicazione([&] {
+        lasciaArrivare();
+        detto = !peer.ricevuti().isEmpty();
+    });
+    gConti[1]->scarica();
+    EXPECT_TRUE(detto);  // an account is open yet
+    gConti[0]->scarica();
+    EXPECT_FALSE(detto);
+    EXPECT_TRUE(diventa([&] { return peer.ricevuti() == "\2OFF19\3" && !link.statoConnessione(); }));
+    impostaChiudiApplicazione({});
+}
+
 TEST_F(Dispatch, NobodyIsAskedWhileTheDeskHasItsTurnToWrite) {
     connetti();
     n.apriConto();
@@ -212,11 +229,31 @@ TEST_F(Dispatch, NobodyIsAskedWhileTheDeskHasItsTurnToWrite) {
 }
 
 TEST_F(Dispatch, CounterShowsTheStateOfTheLink) {
-    ContoDiProva& c = n.apriConto();
-    EXPECT_EQ(c.vendita().lblRegCassa.testo(), "REG. CASSA (scollegato)");
+    const Vendita& v = n.apriConto().vendita();
+    const auto mostrato = [&](StatoRegCassa stato, const QString& parole) {
+        EXPECT_EQ(link.stato(), stato);
+        EXPECT_EQ(v.lblRegCassa.testo(), "REG. CASSA (" + parole + ")");
+        EXPECT_EQ(v.shRegCassa.coloreFondo(), coloreStato(stato));
+    };
+    mostrato(StatoRegCassa::Scollegato, "scollegato");
     connetti();
-    EXPECT_EQ(c.vendita().lblRegCassa.testo(), "REG. CASSA (pronto)");
-    EXPECT_EQ(c.vendita().shRegCassa.coloreFondo(), coloreStato(StatoRegCassa::Pronto));
+    mostrato(StatoRegCassa::Pronto, "pronto");
+    peer.risposta = [](const QByteArray&) { return QByteArray(); };
+    link.sendData("REPa¥TOT1");
+    mostrato(StatoRegCassa::AlLavoro, "stampa");
+    dialoghi.attendi(DialoghiRegCassa::Nessuna);
+    peer.manda("\x15");
+    ASSERT_TRUE(diventa([&] { return dialoghi.esauriti(); }));
+    mostrato(StatoRegCassa::Fermo, "FERMO");
     link.interrompi();
-    EXPECT_EQ(c.vendita().lblRegCassa.testo(), "REG. CASSA (sospeso)");
+    mostrato(StatoRegCassa::Sospeso, "sospeso");
+}
+
+TEST_F(Dispatch, WordsOfTheLinkStandOutWhileNoReceiptWillCome) {
+    const Vendita& v = n.apriConto().vendita();
+    EXPECT_EQ(v.lblRegCassa.coloreFondo(), coloreStato(StatoRegCassa::Scollegato));
+    connetti();
+    EXPECT_EQ(v.lblRegCassa.coloreFondo(), std::nullopt);
+    link.interrompi();
+    EXPECT_EQ(v.lblRegCassa.coloreFondo(), coloreStato(StatoRegCassa::Sospeso));
 }

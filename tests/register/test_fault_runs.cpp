@@ -50,6 +50,25 @@ TEST_F(FaultRuns, PeerDiesBetweenTwoFrames) {
     EXPECT_EQ(senzaScontrino().size(), 2);
 }
 
+TEST_F(FaultRuns, ReceiptCutByALostLinkStaysListedWhenItsRestIsPrinted) {
+    connetti();
+    peer.risposta = [this](const QByteArray&) {
+        if (peer.cornici().size() == 2) peer.riaggancia();
+        return QByteArray("\6");
+    };
+    vende();
+    ASSERT_TRUE(diventa([&] { return !link.statoConnessione(); }));
+    peer.risposta = {};
+    peer.dimentica();
+    connetti();
+    vende();
+    ASSERT_TRUE(diventa([&] { return finito(); }));
+    EXPECT_TRUE(scontrino().first().startsWith("TOT"));  // of the first sale, without its row
+    ASSERT_EQ(senzaScontrino().size(), 1);
+    EXPECT_TRUE(senzaScontrino().first().startsWith("N° 0001/0001"));
+    EXPECT_TRUE(senzaScontrino().first().endsWith("collegamento caduto durante la stampa"));
+}
+
 TEST_F(FaultRuns, PeerDiesAfterTheLastFrame) {
     connetti();
     peer.risposta = [this](const QByteArray&) {

@@ -252,8 +252,8 @@ TEST_F(ReceiptLog, ReceiptsThatOverlapAreInDoubtWhenAnAnswerIsMissing) {
     r.salvataggioConcluso(true);
     r.inviata();
     r.accettata();
-    EXPECT_EQ(voci(), (QStringList{"A: manca una risposta: controllare lo scontrino",
-                                   "B: manca una risposta: controllare lo scontrino"}));
+    EXPECT_EQ(voci(), (QStringList{"A: manca una risposta: da controllare",
+                                   "B: manca una risposta: da controllare"}));
 }
 
 TEST_F(ReceiptLog, AnswerThatWasNotReadLeavesTheReceiptInDoubt) {
@@ -262,7 +262,7 @@ TEST_F(ReceiptLog, AnswerThatWasNotReadLeavesTheReceiptInDoubt) {
     r.inviata();
     r.rispostaNascosta();
     r.accettata();
-    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: controllare lo scontrino"});
+    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
 }
 
 TEST_F(ReceiptLog, RetryOfOneOfTwoFramesInFlightLeavesBothReceiptsListed) {
@@ -278,7 +278,7 @@ TEST_F(ReceiptLog, RetryOfOneOfTwoFramesInFlightLeavesBothReceiptsListed) {
     r.accettata();
     r.accettata();
     EXPECT_EQ(voci(), (QStringList{"A: un comando rifiutato non è stato ripreso",
-                                   "B: manca una risposta: controllare lo scontrino"}));
+                                   "B: manca una risposta: da controllare"}));
 }
 
 TEST_F(ReceiptLog, FrameThatIsRetriedTwiceLeavesTheReceiptInDoubt) {
@@ -292,7 +292,7 @@ TEST_F(ReceiptLog, FrameThatIsRetriedTwiceLeavesTheReceiptInDoubt) {
     }
     r.accettata();
     r.accettata();
-    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: controllare lo scontrino"});
+    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
 }
 
 TEST_F(ReceiptLog, FrameRetriedBehindACancelBelongsToNoLaterReceipt) {

@@ -69,7 +69,7 @@ frmRegCassa::frmRegCassa(InterfacciaRegCassa& collegamento)
       lswSenzaScontrino(elencoSenzaScontrino(this)),
       lblSenzaScontrino(etichetta({}, "lblSenzaScontrino", this)) {
     setObjectName("frmRegCassa");
-    resize(820, 560);
+    resize(900, 560);
     componi();
     collegaComandi();
 }
@@ -171,7 +171,9 @@ void frmRegCassa::aggiornaMancanti() {
     for (const RegistroScontrini::Voce& voce : voci) {
         int colonna = 0;
         for (const QString& testo : {voce.ora.toString("HH:mm:ss"), voce.vendita, descrizione(voce)}) {
-            lswSenzaScontrino->setItem(riga, colonna++, new QTableWidgetItem(testo));
+            auto* cella = new QTableWidgetItem(testo);
+            cella->setToolTip(testo);
+            lswSenzaScontrino->setItem(riga, colonna++, cella);
         }
         ++riga;
     }

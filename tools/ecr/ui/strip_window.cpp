@@ -16,8 +16,9 @@ namespace {
 // Lines of paper that are kept.
 constexpr int righeMassime = 2000;
 constexpr int colonneStriscia = 42;
-constexpr int altezzaIniziale = 360;
+constexpr int altezzaIniziale = 300;
 constexpr int margine = 12;
+constexpr int spazio = 6;
 
 QPlainTextEdit* carta(QWidget* genitore) {
     auto* testo = new QPlainTextEdit(genitore);
@@ -37,6 +38,8 @@ QComboBox* sceltaGuasto(QWidget* genitore) {
     scelta->setObjectName("cmbGuasto");
     scelta->setAccessibleName("Guasto");
     scelta->setMinimumHeight(altezzaTocco);
+    scelta->setMinimumContentsLength(12);
+    scelta->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     for (const VoceGuasto& voce : guasti()) {
         scelta->addItem(voce.descrizione, static_cast<int>(voce.guasto));
     }
@@ -50,7 +53,7 @@ FinestraStriscia::FinestraStriscia(Simulatore& simulatore)
       lblStato(etichetta("In attesa della cassa", "lblStato", this)),
       txtStriscia(carta(this)),
       cmbGuasto(sceltaGuasto(this)),
-      chkUnaVolta(new QCheckBox("Solo al prossimo comando", this)),
+      chkUnaVolta(new QCheckBox("Una volta", this)),
       lblComando(etichetta({}, "lblComando", this)) {
     setObjectName("FinestraStriscia");
     setWindowTitle("Registratore simulato");
@@ -60,22 +63,32 @@ FinestraStriscia::FinestraStriscia(Simulatore& simulatore)
     setWindowFlag(Qt::WindowDoesNotAcceptFocus);
     chkUnaVolta->setObjectName("chkUnaVolta");
     chkUnaVolta->setMinimumHeight(altezzaTocco);
-    auto* tutto = new QVBoxLayout(this);
-    tutto->addWidget(lblStato);
-    tutto->addWidget(txtStriscia, 1);
-    tutto->addWidget(lblComando);
-    tutto->addWidget(cmbGuasto);
-    tutto->addWidget(chkUnaVolta);
+    chkUnaVolta->setToolTip("Solo al prossimo comando");
+    componi();
     mettiALato();
     collega();
     mostraGuasto();
 }
 
-// At the right, where the till shows what is not pressed at every sale.
+// A short receipt is seen whole.
+void FinestraStriscia::componi() {
+    auto* guasto = new QHBoxLayout;
+    guasto->addWidget(cmbGuasto, 1);
+    guasto->addWidget(chkUnaVolta);
+    auto* tutto = new QVBoxLayout(this);
+    tutto->setContentsMargins(spazio, spazio, spazio, spazio);
+    tutto->setSpacing(spazio);
+    tutto->addWidget(lblStato);
+    tutto->addWidget(txtStriscia, 1);
+    tutto->addWidget(lblComando);
+    tutto->addLayout(guasto);
+}
+
+// At the right, between the total and the keys of the till.
 void FinestraStriscia::mettiALato() {
     const QRect schermo = screen()->availableGeometry();
     resize(sizeHint().width(), altezzaIniziale);
-    move(schermo.right() - width() - margine, schermo.top() + (schermo.height() - height()) * 3 / 5);
+    move(schermo.right() - width() - margine, schermo.top() + schermo.height() * 41 / 100);
 }
 
 void FinestraStriscia::collega() {

@@ -18,6 +18,7 @@ class FinestraStriscia : public QWidget {
     explicit FinestraStriscia(Simulatore& simulatore);
 
   private:
+    void componi();
     void mettiALato();
     void collega();
     void stampa(const Scontrino& scontrino);
