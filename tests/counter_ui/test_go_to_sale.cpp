@@ -4,7 +4,6 @@
 
 #include "counter/ui/style.h"
 #include "counter_ui/journey.h"
-#include "kit/CTextBox.h"
 
 namespace {
 
