@@ -3,6 +3,8 @@
 #include <charconv>
 #include <cmath>
 
+#include <QVarLengthArray>
+
 #include "core/run_time_error.h"
 
 CifreDecimali::CifreDecimali(double valore) {
@@ -87,14 +89,14 @@ void CifreDecimali::arrotonda(int decimali) {
 }
 
 QString CifreDecimali::testo() const {
-    QString testo;
+    QVarLengthArray<QChar, 64> testo;
     if (mNegativo) testo += u'-';
     for (int posto = std::max(interi(), 1) - 1; posto >= 0; --posto)
         testo += cifra(posto);
     if (decimali() > 0) testo += u',';
     for (int posto = -1; posto >= -decimali(); --posto)
         testo += cifra(posto);
-    return testo;
+    return QString(testo.constData(), testo.size());
 }
 
 QString CifreDecimali::testoEsponente() const {

@@ -9,6 +9,8 @@
 
 namespace {
 
+using Scritto = QVarLengthArray<QChar, 64>;
+
 // What a pattern asks for.
 struct ModelloNumero {
     int interiMinimi = 0;    // shown with zeros in front
@@ -43,11 +45,10 @@ ModelloNumero leggiModello(QStringView modello) {
     return letto;
 }
 
-QString formattaCifre(CifreDecimali cifre, QStringView testoModello) {
-    const ModelloNumero modello = leggiModello(testoModello);
+QString formattaCifre(CifreDecimali cifre, const ModelloNumero& modello) {
     cifre.arrotonda(modello.decimaliMassimi);
 
-    QVarLengthArray<QChar, 64> testo;
+    Scritto testo;
     if (cifre.negativo()) testo += u'-';
     for (int posto = std::max(cifre.interi(), modello.interiMinimi) - 1; posto >= 0; --posto) {
         testo += cifre.cifra(posto);
@@ -60,19 +61,37 @@ QString formattaCifre(CifreDecimali cifre, QStringView testoModello) {
     return QString(testo.constData(), testo.size());
 }
 
-QString aDueCifre(int valore) {
-    return QString::number(valore).rightJustified(2, u'0');
+template <class Numero>
+QString formattaMigliaia(Numero valore, int decimali) {
+    const int posti = std::max(decimali, 0);
+    if (valore != Numero()) return formattaCifre(CifreDecimali(valore), {1, posti, posti, true, true});
+    // Most discounts of a sale are none.
+    QString zero(2 + posti, u'0');
+    zero[1] = u',';
+    return zero;
 }
 
-// One run of the same letter of a date pattern; empty when it stands for itself.
-QString campoData(QChar lettera, qsizetype lunghezza, bool dopoOre, QDate data, QTime ora) {
-    const auto numero = [lunghezza](int valore) {
-        return lunghezza == 1 ? QString::number(valore) : aDueCifre(valore);
+// A number of at least so many digits.
+void scrivi(Scritto& testo, int valore, int cifre) {
+    int potenza = 1;
+    for (; cifre > 1 || valore / potenza >= 10; --cifre)
+        potenza *= 10;
+    for (; potenza > 0; potenza /= 10)
+        testo += QChar(u'0' + valore / potenza % 10);
+}
+
+// One run of the same letter of a date pattern; false when it stands for itself.
+bool scriviCampoData(Scritto& testo, QChar lettera, qsizetype lunghezza, bool dopoOre, QDate data,
+                     QTime ora) {
+    const bool anno = lettera == u'y' && (lunghezza == 2 || lunghezza == 4);
+    if (lettera == u'y' ? !anno : lunghezza > 2) return false;
+    const auto numero = [&](int valore) {
+        scrivi(testo, valore, static_cast<int>(lunghezza));
+        return true;
     };
-    if (lettera == u'y' && lunghezza == 4) return QString::number(data.year()).rightJustified(4, u'0');
-    if (lettera == u'y' && lunghezza == 2) return aDueCifre(data.year() % 100);
-    if (lunghezza > 2) return {};
     switch (lettera.unicode()) {
+        case u'y':
+            return numero(lunghezza == 4 ? data.year() : data.year() % 100);
         case u'd':
             return numero(data.day());
         case u'm':
@@ -84,13 +103,13 @@ QString campoData(QChar lettera, qsizetype lunghezza, bool dopoOre, QDate data, 
         case u's':
             return numero(ora.second());
         default:
-            return {};
+            return false;
     }
 }
 
 QString formattaData(QDate data, QTime ora, QStringView modello) {
     if (!data.isValid()) return {};
-    QString testo;
+    Scritto testo;
     bool dopoOre = false;
     for (qsizetype i = 0; i < modello.size();) {
         const QChar lettera = modello[i].toLower();
@@ -98,34 +117,44 @@ QString formattaData(QDate data, QTime ora, QStringView modello) {
         while (fine < modello.size() && modello[fine].toLower() == lettera)
             ++fine;
 
-        const QString campo = campoData(lettera, fine - i, dopoOre, data, ora);
-        if (campo.isEmpty()) {
-            testo += modello.mid(i, fine - i);
-        } else {
-            testo += campo;
+        if (scriviCampoData(testo, lettera, fine - i, dopoOre, data, ora)) {
             dopoOre = lettera == u'h';
+        } else {
+            testo.append(modello.constData() + i, fine - i);
         }
         i = fine;
     }
-    return testo;
+    return QString(testo.constData(), testo.size());
 }
 
 }  // namespace
 
 QString Format(double valore, QStringView modello) {
-    return formattaCifre(CifreDecimali(valore), modello);
+    return formattaCifre(CifreDecimali(valore), leggiModello(modello));
 }
 
 QString Format(float valore, QStringView modello) {
-    return formattaCifre(CifreDecimali(valore), modello);
+    return formattaCifre(CifreDecimali(valore), leggiModello(modello));
 }
 
 QString Format(Currency valore, QStringView modello) {
-    return formattaCifre(CifreDecimali(valore), modello);
+    return formattaCifre(CifreDecimali(valore), leggiModello(modello));
 }
 
 QString Format(qint64 valore, QStringView modello) {
-    return formattaCifre(CifreDecimali(valore), modello);
+    return formattaCifre(CifreDecimali(valore), leggiModello(modello));
+}
+
+QString formatoMigliaia(double valore, int decimali) {
+    return formattaMigliaia(valore, decimali);
+}
+
+QString formatoMigliaia(float valore, int decimali) {
+    return formattaMigliaia(valore, decimali);
+}
+
+QString formatoMigliaia(Currency valore, int decimali) {
+    return formattaMigliaia(valore, decimali);
 }
 
 QString Format(const QDateTime& valore, QStringView modello) {

@@ -20,6 +20,11 @@ inline QString Format(int valore, QStringView modello) {
     return Format(static_cast<qint64>(valore), modello);
 }
 
+// As Format by "###,##0." with so many "0" behind it (none below 1), which is how every amount is shown.
+QString formatoMigliaia(double valore, int decimali);
+QString formatoMigliaia(float valore, int decimali);
+QString formatoMigliaia(Currency valore, int decimali);
+
 // Format of a date by a pattern, letter case without meaning: DD MM YYYY YY D M, HH hh Hh (hours 0 to 23),
 // Nn (minutes; also MM right behind hours), Ss. Everything else stands for itself. "/" and ":" are
 // written as they are, whatever the machine's locale. An invalid date gives an empty text.

@@ -62,11 +62,6 @@ std::optional<double> doubleDi(const QVariant& valore) {
     return std::nullopt;
 }
 
-template <class Numero>
-QString importo(Numero valore, int decimali) {
-    return Format(valore, "###,##0." + QString(std::max(decimali, 0), u'0'));
-}
-
 QString importoNullo(int decimali) {
     return "0," + QString(std::max(decimali, 0), u'0');
 }
@@ -123,26 +118,26 @@ float getValoreSingle(const QVariant& valore) {
 }
 
 QString formattaImporto(const QVariant& valore, int decimali) {
-    if (valore.typeId() == QMetaType::Float) return importo(valore.toFloat(), decimali);
+    if (valore.typeId() == QMetaType::Float) return formatoMigliaia(valore.toFloat(), decimali);
     const std::optional<double> numero = doubleDi(valore);
-    return numero ? importo(*numero, decimali) : importoNullo(decimali);
+    return numero ? formatoMigliaia(*numero, decimali) : importoNullo(decimali);
 }
 
 QString formattaImporto(const QString& testo, int decimali) {
     const std::optional<double> numero = seDouble(testo);
-    return numero ? importo(*numero, decimali) : importoNullo(decimali);
+    return numero ? formatoMigliaia(*numero, decimali) : importoNullo(decimali);
 }
 
 QString formattaImporto(Currency valore, int decimali) {
-    return importo(valore, decimali);
+    return formatoMigliaia(valore, decimali);
 }
 
 QString formattaImporto(double valore, int decimali) {
-    return importo(valore, decimali);
+    return formatoMigliaia(valore, decimali);
 }
 
 QString formattaImporto(float valore, int decimali) {
-    return importo(valore, decimali);
+    return formatoMigliaia(valore, decimali);
 }
 
 QString formattaIntero(const QVariant& valore) {

@@ -1,5 +1,8 @@
 #include "counter/go_to_sale.h"
 
+#include <algorithm>
+#include <limits>
+
 #include <QScopedValueRollback>
 
 #include "core/clock.h"
@@ -31,6 +34,12 @@ std::optional<Trovata> cercaVendita(const Vendita& v, const VaiVendita& scelta) 
     return Trovata{getProgByData(v, giorno), giorno.year()};
 }
 
+// What a box says as a number. Nobody counts as far as a long row of digits, such as a scan.
+int numeroIn(const Campo& campo) {
+    constexpr double massimo = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(Val(campo.testo()), massimo));
+}
+
 }  // namespace
 
 VaiVendita::VaiVendita() {
@@ -52,24 +61,26 @@ void VaiVendita::cmdCE() {
 
 void VaiVendita::cmdInvio() {
     data.formattaValore();
+    mConfermata = true;
 }
 
 void VaiVendita::cmdEsci() {
+    mConfermata = false;
     for (Campo* campo : {&txtData, &txtProg, &txtSottoProg, &txtAnno}) {
         campo->testo({});
     }
 }
 
 int VaiVendita::progressivo() const {
-    return valIntero(txtProg.testo());
+    return numeroIn(txtProg);
 }
 
 int VaiVendita::sottoProgressivo() const {
-    return valIntero(txtSottoProg.testo());
+    return numeroIn(txtSottoProg);
 }
 
 int VaiVendita::annoScelto() const {
-    const int scelto = valIntero(txtAnno.testo());
+    const int scelto = numeroIn(txtAnno);
     return scelto > 0 ? scelto : orologio().oggi().year();
 }
 
@@ -86,8 +97,8 @@ void vaiAVendita(Conto& conto) {
     }
     Vendita& v = conto.vendita();
     const std::optional<Trovata> trovata = cercaVendita(v, scelta);
-    if (!trovata) return;
-    const auto& [numero, anno] = *trovata;
+    if (!trovata && !scelta.confermata()) return;
+    const auto& [numero, anno] = trovata.value_or(Trovata());
     if (numero.progressivo < 1 || numero.extraProg < 1) {
         return conto.operatore().messaggio("Nessuna vendita trovata!", OperatorPort::Icona::Informazione);
     }

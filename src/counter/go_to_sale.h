@@ -31,13 +31,18 @@ class VaiVendita {
     void cmdInvio();
     // Left without an answer: all boxes empty.
     void cmdEsci();
+    bool confermata() const { return mConfermata; }
 
+    // A number beyond all sales stands for the last one that could be.
     int progressivo() const;
     int sottoProgressivo() const;
     // This year's when the box holds none.
     int annoScelto() const;
     // Invalid when the box holds none.
     QDate giorno() const;
+
+  private:
+    bool mConfermata = false;
 };
 
 // The command: asks before an unsaved sale is left, then for the sale to go to, and shows it. One that is not

@@ -28,19 +28,41 @@ class Recordset {
     bool bof() const { return mRiga < 0 || righe() == 0; }
 
     // The field of the current row. No current row or no such field: RunTimeError 3265.
+    const QVariant& campo(QLatin1StringView nome) const;
+    const QVariant& campo(const char* nome) const { return campo(QLatin1StringView(nome)); }
     const QVariant& campo(const QString& nome) const;
     const QVariant& campo(int posizione) const;
 
-    // The field as a plain value; a Null is the neutral one.
-    QString testo(const QString& nome) const { return campo(nome).toString(); }
-    int intero(const QString& nome) const { return campo(nome).toInt(); }
-    bool vero(const QString& nome) const { return campo(nome).toDouble() != 0.0; }
-    double reale(const QString& nome) const { return campo(nome).toDouble(); }
-    float single(const QString& nome) const { return static_cast<float>(campo(nome).toDouble()); }
+    // The field, by name or position, as a plain value; a Null is the neutral one.
+    template <class Nome>
+    QString testo(const Nome& nome) const {
+        return campo(nome).toString();
+    }
+    template <class Nome>
+    int intero(const Nome& nome) const {
+        return campo(nome).toInt();
+    }
+    template <class Nome>
+    bool vero(const Nome& nome) const {
+        return campo(nome).toDouble() != 0.0;
+    }
+    template <class Nome>
+    double reale(const Nome& nome) const {
+        return campo(nome).toDouble();
+    }
+    template <class Nome>
+    float single(const Nome& nome) const {
+        return static_cast<float>(campo(nome).toDouble());
+    }
     // Exact from a text of digits; a number with more digits than a double has comes as one.
-    Currency importo(const QString& nome) const;
+    template <class Nome>
+    Currency importo(const Nome& nome) const {
+        return importoDi(campo(nome));
+    }
 
   private:
+    static Currency importoDi(const QVariant& valore);
+
     QStringList mColonne;
     std::vector<QVariant> mCelle;  // row by row
     int mRiga = 0;

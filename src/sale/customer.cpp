@@ -108,6 +108,8 @@ bool prendiCliente(Vendita& v, int id, const QString& codice, Trovato trovato) {
     const bool esito = caricaCliente(v, id, codice);
     if (esito) {
         v.lblSaldo.testoETag(formattaImporto(getSaldoCliente(v.cliente()), 2));
+        // Nothing of a sale that was never saved is in that balance; what stood here is the sale before.
+        if (v.rid() < 0) v.lblLastMainDisplay.testo(formattaImporto(0.0, 2));
         trovato();
     }
     mostraSegnala(v);

@@ -67,12 +67,12 @@ void FlexVB::rigaCambiata(int numero) {
 }
 
 const QString& FlexVB::cella(int numero, Colonna colonna) const {
-    return riga(numero).celle[static_cast<size_t>(colonna)];
+    return riga(numero).celle[colonna];
 }
 
 void FlexVB::scrivi(int numero, Colonna colonna, const QString& testo) {
     Riga& questa = riga(numero);
-    QString& cella = questa.celle[static_cast<size_t>(colonna)];
+    QString& cella = questa.celle[colonna];
     if (cella == testo) return;
     if (colonna == Colonna::Gestione) questa.gestione = valIntero(testo);
     cella = testo;
@@ -91,14 +91,25 @@ int FlexVB::chiave(int numero, Colonna colonna) const {
     return valIntero(cella(numero, colonna));
 }
 
-int FlexVB::aggiungi(int posizione) {
-    const int posto = posizione < 1 || posizione > ultima() ? ultima() + 1 : posizione;
+int FlexVB::inserisci(int posto, Riga nuova) {
+    nuova.revisione = ++mRevisione;
     beginInsertRows({}, posto - 1, posto - 1);
-    mRighe.insert(mRighe.begin() + (posto - 1), Riga())->revisione = ++mRevisione;
+    mRighe.insert(mRighe.begin() + (posto - 1), std::move(nuova));
     if (mSelezionata >= posto) ++mSelezionata;
     if (mCorrente >= posto) ++mCorrente;
     endInsertRows();
     return posto;
+}
+
+int FlexVB::aggiungi(int posizione) {
+    return inserisci(posizione < 1 || posizione > ultima() ? ultima() + 1 : posizione, Riga());
+}
+
+int FlexVB::aggiungi(TestiRiga celle) {
+    Riga nuova;
+    nuova.gestione = valIntero(celle[Colonna::Gestione]);
+    nuova.celle = std::move(celle);
+    return inserisci(ultima() + 1, std::move(nuova));
 }
 
 void FlexVB::svuota() {
@@ -165,7 +176,7 @@ QVariant FlexVB::data(const QModelIndex& indice, int ruolo) const {
     const Riga& questa = mRighe[static_cast<size_t>(indice.row())];
     switch (ruolo) {
         case Qt::DisplayRole:
-            return questa.celle[static_cast<size_t>(indice.column())];
+            return questa.celle[static_cast<Colonna>(indice.column())];
         case RuoloSelezionata:
             return indice.row() + 1 == mSelezionata;
         case RuoloColoreTesto:
@@ -194,7 +205,7 @@ QString avvisiPrezzo(bool zero, bool cambiato, bool bloccato) {
 
 // What a view tells of a row besides its texts.
 QVariant FlexVB::segno(const Riga& questa, int ruolo) const {
-    const auto cella = [&](Colonna colonna) { return questa.celle[static_cast<size_t>(colonna)]; };
+    const auto cella = [&](Colonna colonna) { return questa.celle[colonna]; };
     switch (ruolo) {
         case RuoloTestaDistinta:
             return testaDistinta(cella(Colonna::Codice)) && cella(Colonna::IdDistintaBase).isEmpty();

@@ -51,6 +51,16 @@ constexpr int numeroColonne = 35;
 // The row's save state.
 enum Gestione { RigaInvariata = 0, RigaNuova = 1, RigaModificata = 2, RigaCancellata = 3 };
 
+// The text cells of one row.
+class TestiRiga {
+  public:
+    QString& operator[](Colonna colonna) { return mTesti[static_cast<size_t>(colonna)]; }
+    const QString& operator[](Colonna colonna) const { return mTesti[static_cast<size_t>(colonna)]; }
+
+  private:
+    std::array<QString, numeroColonne> mTesti;
+};
+
 // The rows of a sale: a table of text cells, and the only copy of them. Rows count from 1, row 0 is the
 // heading; an empty cell reads as 0. The view's rows are one less.
 class FlexVB final : public QAbstractTableModel {
@@ -95,6 +105,8 @@ class FlexVB final : public QAbstractTableModel {
 
     // A new row of empty cells before `posizione`, or at the end when that is below 1; answers its place.
     int aggiungi(int posizione = -1);
+    // A new row of those cells at the end; answers its place. Whoever watches hears of it once.
+    int aggiungi(TestiRiga celle);
     void svuota();
 
     bool nascosta(int riga) const;
@@ -122,7 +134,7 @@ class FlexVB final : public QAbstractTableModel {
 
   private:
     struct Riga {
-        std::array<QString, numeroColonne> celle;
+        TestiRiga celle;
         bool nascosta = false;
         bool piegata = false;
         int coloreTesto = -1;
@@ -130,6 +142,7 @@ class FlexVB final : public QAbstractTableModel {
         quint64 revisione = 0;
         QString listinoLetto;
     };
+    int inserisci(int posto, Riga riga);
     Riga& riga(int numero);
     const Riga& riga(int numero) const;
     void rigaCambiata(int numero);

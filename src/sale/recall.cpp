@@ -1,6 +1,6 @@
 #include "sale/recall.h"
 
-#include <cmath>
+#include <QStringBuilder>
 
 #include "core/clock.h"
 #include "core/errors.h"
@@ -69,78 +69,6 @@ void mostraUltimaRiga(Vendita& v) {
     mostraOraRiga(v, ultima);
 }
 
-void riempiProdotto(FlexVB& g, int r, const Recordset& d) {
-    g.scrivi(r, Colonna::Key, "DM_" + d.testo("RID"));
-    g.scrivi(r, Colonna::Marca, d.testo("CODMARCA"));
-    g.scrivi(r, Colonna::Codice, d.testo("CODPRODOTTO"));
-    g.scrivi(r, Colonna::IdProdotto, d.testo("FK_PRODOTTO"));
-    g.scrivi(r, Colonna::Descrizione, d.testo("DESCPRODOTTO"));
-    g.scrivi(r, Colonna::IdIva, d.testo("FK_IVA"));
-    g.scrivi(r, Colonna::CodIva, d.testo("CODIVA"));
-    g.scrivi(r, Colonna::DescIva, d.testo("DESCIVA"));
-    g.scrivi(r, Colonna::Iva, formattaImporto(d.campo("VALIVA"), 2));
-    g.scrivi(r, Colonna::IdUm, d.testo("FK_UM"));
-    g.scrivi(r, Colonna::Um, d.testo("CODUM"));
-    g.scrivi(r, Colonna::ElencoSpeciale, QString::number(getChekByBool(d.campo("ELENCOSPECIALE"))));
-    g.scrivi(r, Colonna::BloccaPrezzo, QString::number(getChekByBool(d.campo("BLOCCAPREZZO"))));
-}
-
-// A row without a stored total shows what its net price and VAT come to.
-Currency importoMostrato(const Recordset& d) {
-    const Currency totale = d.importo("TOTALERIGA");
-    const double quantita = d.reale("QUANTITA");
-    if (totale > Currency() || quantita == 0.0) return totale;
-    return Currency::daDouble((d.importo("PREZZONETTO") + d.importo("IVA")).toDouble() * quantita);
-}
-
-void riempiImporti(FlexVB& g, int r, const Recordset& d) {
-    g.scrivi(r, Colonna::Quantita, formattaImporto(d.single("QUANTITA"), 2));
-    g.scrivi(r, Colonna::OldQuantita, testoNumero(d.single("QUANTITA")));
-    g.scrivi(r, Colonna::PrezzoListino, formattaImporto(d.importo("PREZZO"), gDecimaliDopo));
-    g.scrivi(r, Colonna::Sconto1, formattaImporto(d.single("SCONTO"), 2));
-    g.scrivi(r, Colonna::Sconto2, formattaImporto(d.single("SCONTO2"), 2));
-    g.scrivi(r, Colonna::Sconto3, formattaImporto(d.single("SCONTO3"), 2));
-    g.scrivi(r, Colonna::ScontoTesto,
-             g.cella(r, Colonna::Sconto1) + "+" + g.cella(r, Colonna::Sconto2) + "+" +
-                 g.cella(r, Colonna::Sconto3));
-    g.scrivi(r, Colonna::PrezzoNetto, formattaImporto(d.importo("PREZZONETTO"), gDecimaliDopo));
-    g.scrivi(r, Colonna::PrezzoNettoEsteso, d.importo("PREZZONETTO").testo());
-    g.scrivi(r, Colonna::Importo, formattaImporto(importoMostrato(d), 2));
-    g.scrivi(r, Colonna::Taglio, plain(d.campo("TAGLIO")));
-    g.scrivi(r, Colonna::ScNetto, plain(d.campo("SCONTONETTO")));
-    g.scrivi(r, Colonna::TotPrNetto, plain(d.campo("TOTPREZZONETTO")));
-    g.scrivi(r, Colonna::IvaProd, plain(d.campo("IVA")));
-    g.scrivi(r, Colonna::TotIvaProd, formattaImporto(d.importo("TOTALEIVA"), gDecimaliDopo));
-}
-
-// A kit's head carries no money of its own: it shows what its components come to.
-void mostraTotaliFigli(FlexVB& g, int r) {
-    if (!testaDistinta(g.cella(r, Colonna::Codice)) || !g.cella(r, Colonna::IdDistintaBase).isEmpty()) return;
-    Currency lordo;
-    Currency netto;
-    Currency ivato;
-    getTotaliFigli(g.chiave(r, Colonna::Rid), lordo, netto, ivato);
-    g.scrivi(r, Colonna::PrezzoListino, formattaImporto(lordo, gDecimaliDopo));
-    g.scrivi(r, Colonna::PrezzoNetto, formattaImporto(netto, gDecimaliDopo));
-    g.scrivi(r, Colonna::Importo, formattaImporto(ivato, 2));
-}
-
-void aggiungiRiga(Vendita& v, const Recordset& d) {
-    FlexVB& g = v.flxVB;
-    const int r = g.aggiungi();
-    riempiProdotto(g, r, d);
-    riempiImporti(g, r, d);
-    g.scrivi(r, Colonna::Gestione, QString::number(RigaInvariata));
-    g.scrivi(r, Colonna::Rid, d.testo("RID"));
-    if (d.intero("IK_DETTAGLIOMOVIMENTO") > 0)
-        g.scrivi(r, Colonna::IdDistintaBase, d.testo("IK_DETTAGLIOMOVIMENTO"));
-    g.scrivi(r, Colonna::IdVenditore, d.testo("FK_VENDITORE"));
-    g.scrivi(r, Colonna::DescVenditore, d.testo("DESCVENDITORE"));
-    g.scrivi(r, Colonna::Ora, Format(d.campo("ORA").toDateTime(), u"DD/MM/YYYY Hh:Nn:Ss"));
-    mostraTotaliFigli(g, r);
-    checkRowReso(v, r);
-}
-
 QString sqlDettagli(int idMovimento, int extraProg) {
     return "SELECT DM.RID, DM.QUANTITA, DM.PREZZO, DM.SCONTONETTO, DM.PREZZONETTO, DM.TOTPREZZONETTO, "
            "DM.IVA, "
@@ -157,6 +85,116 @@ QString sqlDettagli(int idMovimento, int extraProg) {
            "Venditori V ON DM.FK_VENDITORE = V.RID WHERE DM.FK_MOVIMENTO = " +
            QString::number(idMovimento) + " AND DM.EXTRAPROG = " + QString::number(extraProg) +
            " ORDER BY DM.POS";
+}
+
+// The fields of a row in the order of its query: read by position, since a long sale has thousands.
+struct Letto {
+    enum Campo : int {
+        Rid,
+        Quantita,
+        Prezzo,
+        ScontoNetto,
+        PrezzoNetto,
+        TotPrezzoNetto,
+        Iva,
+        TotaleIva,
+        TotaleRiga,
+        Sconto,
+        Sconto2,
+        Sconto3,
+        Taglio,
+        IkDettaglioMovimento,
+        FkProdotto,
+        CodProdotto,
+        CodMarca,
+        DescProdotto,
+        FkUm,
+        CodUm,
+        FkIva,
+        DescIva,
+        CodIva,
+        ValIva,
+        Ora,
+        FkVenditore,
+        DescVenditore,
+        ElencoSpeciale,
+        BloccaPrezzo,
+    };
+};
+
+void riempiProdotto(TestiRiga& c, const Recordset& d) {
+    c[Colonna::Rid] = d.testo(Letto::Rid);
+    c[Colonna::Key] = "DM_" + c[Colonna::Rid];
+    c[Colonna::Marca] = d.testo(Letto::CodMarca);
+    c[Colonna::Codice] = d.testo(Letto::CodProdotto);
+    c[Colonna::IdProdotto] = d.testo(Letto::FkProdotto);
+    c[Colonna::Descrizione] = d.testo(Letto::DescProdotto);
+    c[Colonna::IdIva] = d.testo(Letto::FkIva);
+    c[Colonna::CodIva] = d.testo(Letto::CodIva);
+    c[Colonna::DescIva] = d.testo(Letto::DescIva);
+    c[Colonna::Iva] = formattaImporto(d.campo(Letto::ValIva), 2);
+    c[Colonna::IdUm] = d.testo(Letto::FkUm);
+    c[Colonna::Um] = d.testo(Letto::CodUm);
+    c[Colonna::ElencoSpeciale] = QString::number(getChekByBool(d.campo(Letto::ElencoSpeciale)));
+    c[Colonna::BloccaPrezzo] = QString::number(getChekByBool(d.campo(Letto::BloccaPrezzo)));
+}
+
+// A row without a stored total shows what its net price and VAT come to.
+Currency importoMostrato(const Recordset& d) {
+    const Currency totale = d.importo(Letto::TotaleRiga);
+    const double quantita = d.reale(Letto::Quantita);
+    if (totale > Currency() || quantita == 0.0) return totale;
+    return Currency::daDouble((d.importo(Letto::PrezzoNetto) + d.importo(Letto::Iva)).toDouble() * quantita);
+}
+
+void riempiSconti(TestiRiga& c, const Recordset& d) {
+    c[Colonna::Sconto1] = formattaImporto(d.single(Letto::Sconto), 2);
+    c[Colonna::Sconto2] = formattaImporto(d.single(Letto::Sconto2), 2);
+    c[Colonna::Sconto3] = formattaImporto(d.single(Letto::Sconto3), 2);
+    c[Colonna::ScontoTesto] = c[Colonna::Sconto1] % u'+' % c[Colonna::Sconto2] % u'+' % c[Colonna::Sconto3];
+    c[Colonna::ScNetto] = plain(d.campo(Letto::ScontoNetto));
+}
+
+void riempiImporti(TestiRiga& c, const Recordset& d) {
+    const float quantita = d.single(Letto::Quantita);
+    const Currency netto = d.importo(Letto::PrezzoNetto);
+    c[Colonna::Quantita] = formattaImporto(quantita, 2);
+    c[Colonna::OldQuantita] = testoNumero(quantita);
+    c[Colonna::PrezzoListino] = formattaImporto(d.importo(Letto::Prezzo), gDecimaliDopo);
+    c[Colonna::PrezzoNetto] = formattaImporto(netto, gDecimaliDopo);
+    c[Colonna::PrezzoNettoEsteso] = netto.testo();
+    c[Colonna::Importo] = formattaImporto(importoMostrato(d), 2);
+    c[Colonna::Taglio] = plain(d.campo(Letto::Taglio));
+    c[Colonna::TotPrNetto] = plain(d.campo(Letto::TotPrezzoNetto));
+    c[Colonna::IvaProd] = plain(d.campo(Letto::Iva));
+    c[Colonna::TotIvaProd] = formattaImporto(d.importo(Letto::TotaleIva), gDecimaliDopo);
+}
+
+// A kit's head carries no money of its own: it shows what its components come to.
+void riempiTotaliFigli(TestiRiga& c) {
+    if (!testaDistinta(c[Colonna::Codice]) || !c[Colonna::IdDistintaBase].isEmpty()) return;
+    Currency lordo;
+    Currency netto;
+    Currency ivato;
+    getTotaliFigli(valIntero(c[Colonna::Rid]), lordo, netto, ivato);
+    c[Colonna::PrezzoListino] = formattaImporto(lordo, gDecimaliDopo);
+    c[Colonna::PrezzoNetto] = formattaImporto(netto, gDecimaliDopo);
+    c[Colonna::Importo] = formattaImporto(ivato, 2);
+}
+
+void aggiungiRiga(Vendita& v, const Recordset& d) {
+    TestiRiga c;
+    riempiProdotto(c, d);
+    riempiSconti(c, d);
+    riempiImporti(c, d);
+    c[Colonna::Gestione] = QString::number(RigaInvariata);
+    if (d.intero(Letto::IkDettaglioMovimento) > 0)
+        c[Colonna::IdDistintaBase] = d.testo(Letto::IkDettaglioMovimento);
+    c[Colonna::IdVenditore] = d.testo(Letto::FkVenditore);
+    c[Colonna::DescVenditore] = d.testo(Letto::DescVenditore);
+    c[Colonna::Ora] = Format(d.campo(Letto::Ora).toDateTime(), u"DD/MM/YYYY Hh:Nn:Ss");
+    riempiTotaliFigli(c);
+    checkRowReso(v, v.flxVB.aggiungi(std::move(c)));
 }
 
 void caricaVendita(Vendita& v, int idMovimento, int progressivo, int extraProg, int anno) {

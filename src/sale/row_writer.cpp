@@ -187,7 +187,8 @@ int controllaPresenzaElemento2(const Vendita& v, int idProdotto, const QString& 
 }
 
 void checkRowReso(Vendita& v, int riga) {
-    v.flxVB.coloreTesto(riga, v.flxVB.single(riga, Colonna::Quantita) < 0 ? coloreReso : -1);
+    const int colore = v.flxVB.single(riga, Colonna::Quantita) < 0 ? coloreReso : -1;
+    if (colore != v.flxVB.coloreTesto(riga)) v.flxVB.coloreTesto(riga, colore);
 }
 
 void delRowToGrid(Vendita& v, int riga, bool conferma) {

@@ -178,6 +178,25 @@ TEST(Format, WrittenTiesAgreeWithTheExactComputation) {
     }
 }
 
+TEST(Format, AmountsByTheThousandAgreeWithTheirPattern) {
+    std::mt19937_64 caso(41);
+    std::uniform_real_distribution<double> mantissa(-1, 1);
+    for (int i = 0; i < 20000; ++i) {
+        const double valore = mantissa(caso) * std::pow(10, i % 15 - 4);
+        const auto single = static_cast<float>(valore);
+        const Currency soldi = Currency::daDouble(valore);
+        const int decimali = i % 7;
+        ASSERT_EQ(formatoMigliaia(valore, decimali), Format(valore, importo(decimali))) << valore;
+        ASSERT_EQ(formatoMigliaia(single, decimali), Format(single, importo(decimali))) << valore;
+        ASSERT_EQ(formatoMigliaia(soldi, decimali), Format(soldi, importo(decimali))) << valore;
+    }
+}
+
+TEST(Format, AmountsByTheThousandWithoutDecimalsKeepTheComma) {
+    EXPECT_EQ(formatoMigliaia(1234.5, 0), "1.235,");
+    EXPECT_EQ(formatoMigliaia(1234.5, -1), "1.235,");
+}
+
 TEST(Format, CurrenciesAgreeWithTheExactComputation) {
     std::mt19937_64 caso(2013);
     std::uniform_int_distribution<qint64> tutto(std::numeric_limits<qint64>::min(),
@@ -224,6 +243,7 @@ TEST(FormatDate, OtherCharactersStandForThemselves) {
 
 TEST(FormatDate, AYearAloneHasFourDigits) {
     EXPECT_EQ(Format(QDate(45, 1, 1), u"YYYY"), "0045");
+    EXPECT_EQ(Format(QDate(9999, 12, 31), u"D/M/YYYY"), "31/12/9999");
 }
 
 TEST(FormatDate, AnInvalidDateGivesAnEmptyText) {

@@ -81,6 +81,45 @@ TEST_F(GoToSale, LeftWithoutAnswerNothingHappens) {
     EXPECT_EQ(c.vendita().flxVB.ultima(), 0);
 }
 
+TEST_F(GoToSale, ConfirmedWithoutAnAnswerIsTold) {
+    nessuna();
+    vaiA([](VaiVendita& s) { s.cmdInvio(); });
+}
+
+TEST_F(GoToSale, DayThatIsNoneIsTold) {
+    nessuna();
+    vaiA([](VaiVendita& s) {
+        s.txtData.testo("310226");
+        s.cmdInvio();
+    });
+    EXPECT_EQ(c.vendita().flxVB.ultima(), 0);
+}
+
+TEST_F(GoToSale, NumberBeyondAllSalesIsTold) {
+    nessuna();
+    vaiA([](VaiVendita& s) {
+        s.txtProg.testo("8001234567890");
+        s.txtAnno.testo("99999999999");
+    });
+}
+
+TEST_F(GoToSale, FullNumberBeyondAllSalesIsTold) {
+    n.operatore.attendiMessaggio("Movimento inesistente ", OperatorPort::Icona::Informazione);
+    vaiA([](VaiVendita& s) {
+        s.txtProg.testo("8001234567890");
+        s.txtSottoProg.testo("99999999999");
+    });
+}
+
+TEST_F(GoToSale, NumberGoesBeforeTheDay) {
+    vaiA([](VaiVendita& s) {
+        s.txtProg.testo("1");
+        s.txtSottoProg.testo("1");
+        s.txtData.testo("15/03/2026");
+    });
+    EXPECT_EQ(mostrata(), "0001/0001");
+}
+
 TEST_F(GoToSale, UnsavedSaleIsAskedAboutFirst) {
     c.scansiona("8001");
     rispondeAlSalvataggio(Risposta::Annulla);

@@ -201,6 +201,16 @@ TEST_F(CreditLimit, OneCentAboveItBlinks) {
     EXPECT_TRUE(c.timerAttivo(Timer::Fido));
 }
 
+TEST_F(CreditLimit, SaleThatWasDroppedBeforeIsNotTakenOffTheBalance) {
+    conFido("121.99", "1");
+    n.operatore.attendiDomanda("Attenzione Salvare la vendita corrente?", OperatorPort::Risposta::No);
+    c.tasto(Qt::Key_F2);
+    digitaCliente("7");
+    vendi(c, "P");
+    EXPECT_EQ(v.lblSaldo.testo(), "122,00");
+    EXPECT_TRUE(c.timerAttivo(Timer::Fido));
+}
+
 TEST_F(CreditLimit, UnwatchedLimitNeverBlinks) {
     conFido("1", "0");
     EXPECT_FALSE(c.timerAttivo(Timer::Fido));

@@ -74,6 +74,23 @@ TEST_F(Grid, EmptiedGridHasOnlyItsHeading) {
     EXPECT_EQ(v.flxVB.selezionata(), 0);
 }
 
+TEST_F(Grid, RowOfReadyCellsComesAtTheEndAndIsHeardOfOnce) {
+    venditeDiTre();
+    int inseriti = 0;
+    int cambiati = 0;
+    QObject::connect(&v.flxVB, &FlexVB::rowsInserted, &v.flxVB, [&] { ++inseriti; });
+    QObject::connect(&v.flxVB, &FlexVB::dataChanged, &v.flxVB, [&] { ++cambiati; });
+    TestiRiga celle;
+    celle[Colonna::Codice] = "D";
+    celle[Colonna::Gestione] = "3";
+    EXPECT_EQ(v.flxVB.aggiungi(celle), 4);
+    EXPECT_EQ(v.flxVB.cella(4, Colonna::Codice), "D");
+    EXPECT_FALSE(v.flxVB.viva(4));
+    EXPECT_GT(v.flxVB.revisione(4), v.flxVB.revisione(3));
+    EXPECT_EQ(inseriti, 1);
+    EXPECT_EQ(cambiati, 0);
+}
+
 TEST_F(Grid, ClickLoadsTheRowIntoTheEditor) {
     venditeDiTre();
     c.clicRiga(2);

@@ -52,12 +52,12 @@ frmElencoProdottiMovimento::frmElencoProdottiMovimento(ElencoMovimento& moviment
     : QDialog(padre),
       mMovimento(movimento),
       mTestata(testata()),
-      flxVB(griglia(static_cast<int>(movimento.righe().size()), this)) {
+      flxVB(griglia(static_cast<int>(movimento.righe().size()), this)),
+      cmdEsci(pulsanteGrande("ESCI", "cmdEsci", this)) {
     setObjectName("frmElencoProdottiMovimento");
     setWindowTitle("Prodotti del movimento");
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     riempi();
-    QPushButton* cmdEsci = pulsanteGrande("ESCI", "cmdEsci", this);
     cmdEsci->setToolTip("Esci senza scegliere (Esc)");
     cmdEsci->setAutoDefault(false);
     connect(cmdEsci, &QPushButton::clicked, this, &QDialog::reject);
@@ -111,6 +111,13 @@ QString frmElencoProdottiMovimento::startMe() {
     flxVB->setFocus();
     exec();
     return mScelta;
+}
+
+// Enter picks a row while the grid has the focus; no button waits for it there.
+void frmElencoProdottiMovimento::keyPressEvent(QKeyEvent* evento) {
+    const bool invio = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
+    if (invio && cmdEsci->hasFocus()) return cmdEsci->click();
+    QDialog::keyPressEvent(evento);
 }
 
 void frmElencoProdottiMovimento::scegli(int riga) {

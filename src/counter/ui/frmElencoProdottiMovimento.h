@@ -3,6 +3,7 @@
 #include <QDialog>
 
 class ElencoMovimento;
+class QPushButton;
 class QTableWidget;
 
 // The rows of a movement, to look at and to pick one.
@@ -15,6 +16,9 @@ class frmElencoProdottiMovimento final : public QDialog {
     // Modal. The key of the picked row; empty when none was.
     QString startMe();
 
+  protected:
+    void keyPressEvent(QKeyEvent* evento) override;
+
   private:
     QWidget* testata();
     void riempi();
@@ -23,5 +27,6 @@ class frmElencoProdottiMovimento final : public QDialog {
     ElencoMovimento& mMovimento;
     QWidget* mTestata;
     QTableWidget* flxVB;
+    QPushButton* cmdEsci;
     QString mScelta;
 };
