@@ -64,7 +64,8 @@ bool RegistroAppeso::apri() {
     mFile =
         ::open(percorso.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, S_IRUSR | S_IWUSR);
     mLunghezza = 0;
-    if (mFile >= 0) ++mCreato;
+    mScaricoFallito = false;
+    if (mFile >= 0) ++mNomi;
     return mFile >= 0;
 }
 
@@ -85,18 +86,21 @@ bool RegistroAppeso::aggiungi(const QByteArray& record) {
 
 bool RegistroAppeso::sincronizza() {
     std::unique_lock serratura(mSerratura);
-    mSveglia.wait(serratura, [this] { return !mNomeInCorso; });
-    mDaScaricare = false;
+    mSveglia.wait(serratura, [this] { return !mScaricoInCorso; });
     if (mFile < 0) return true;
-    const bool scaricato = disco().scarica(mFile);
-    if (mNomeSuDisco != mCreato && disco().scaricaCartellaDi(mPercorso)) mNomeSuDisco = mCreato;
-    return scaricato && mNomeSuDisco == mCreato;
+    mDaScaricare = false;
+    if (!disco().scarica(mFile)) mScaricoFallito = true;
+    if (mNomiSuDisco != mNomi && disco().scaricaCartellaDi(mPercorso)) mNomiSuDisco = mNomi;
+    return !mScaricoFallito && mNomiSuDisco == mNomi;
 }
 
 void RegistroAppeso::elimina() {
     const std::lock_guard serratura(mSerratura);
     chiudi();
-    QFile::remove(mPercorso);
+    if (!QFile::remove(mPercorso)) return;
+    ++mNomi;
+    mDaScaricare = true;
+    mSveglia.notify_one();
 }
 
 void RegistroAppeso::chiudi() {
@@ -110,18 +114,21 @@ void RegistroAppeso::lavora(const std::stop_token& fine) {
     std::unique_lock serratura(mSerratura);
     while (mSveglia.wait(serratura, fine, [this] { return mDaScaricare; })) {
         mDaScaricare = false;
-        const int creato = mCreato;
-        mNomeInCorso = mNomeSuDisco != creato;
-        const int copia = ::fcntl(mFile, F_DUPFD_CLOEXEC, 0);
+        mScaricoInCorso = true;
+        const int nomi = mNomi;
+        const bool nomeNuovo = mNomiSuDisco != nomi;
+        const int copia = mFile < 0 ? -1 : ::fcntl(mFile, F_DUPFD_CLOEXEC, 0);
         serratura.unlock();
+        bool scaricato = true;
         if (copia >= 0) {
-            disco().scarica(copia);
+            scaricato = disco().scarica(copia);
             ::close(copia);
         }
-        const bool nomeScaricato = mNomeInCorso && disco().scaricaCartellaDi(mPercorso);
+        const bool nomeScaricato = nomeNuovo && disco().scaricaCartellaDi(mPercorso);
         serratura.lock();
-        if (nomeScaricato) mNomeSuDisco = creato;
-        mNomeInCorso = false;
+        if (!scaricato && nomi == mNomi) mScaricoFallito = true;
+        if (nomeScaricato) mNomiSuDisco = nomi;
+        mScaricoInCorso = false;
         mSveglia.notify_all();
     }
 }

@@ -39,9 +39,10 @@ class RegistroAppeso {
     qint64 mLunghezza = 0;  // of what was written whole
     int mFile = -1;         // guarded by mSerratura, as all below
     bool mDaScaricare = false;
-    int mCreato = 0;            // how often the file was made anew
-    bool mNomeInCorso = false;  // the thread is bringing it there
-    int mNomeSuDisco = 0;       // the last of these whose name has reached the disk
+    bool mScaricoInCorso = false;  // the thread is at the disk
+    bool mScaricoFallito = false;  // the disk has refused records of this file; it says so only once
+    int mNomi = 0;                 // how often the file was made anew or removed
+    int mNomiSuDisco = 0;          // how many of these have reached the disk
     std::mutex mSerratura;
     std::condition_variable_any mSveglia;
     std::jthread mScarico;

@@ -12,8 +12,6 @@ namespace {
 constexpr int lunghezzaDescrizione = 255;
 constexpr int lunghezzaPartita = 20;
 
-const char* const righeScritte = "#";
-
 QString sorgente() {
     return gNomeModulo + ".salvaPrimaNota";
 }
@@ -58,8 +56,7 @@ bool riscrivi(const RegistrazionePN& r) {
         sorgente());
 }
 
-bool scriviRighe(const RegistrazionePN& r, const std::optional<ContiCausale>& conti) {
-    const QString esito = saveDettagliPrimaNota(r, conti);
+bool riuscito(const QString& esito) {
     if (esito == righeScritte) return true;
     if (!esito.isEmpty()) gErr.mostraMessaggio(esito, OperatorPort::Icona::Critica);
     return false;
@@ -67,13 +64,12 @@ bool scriviRighe(const RegistrazionePN& r, const std::optional<ContiCausale>& co
 
 // The causal is looked at first: an entry that refers to none would be refused in the server's words.
 int scriviRegistrazione(RegistrazionePN r) {
-    const auto conti = leggiConti(r.idCausale);
-    if (conti) {
-        if (r.idPrimaNota >= 1 && !riscrivi(r)) return -1;
-        if (r.idPrimaNota < 1) r.idPrimaNota = crea(r);
-        if (r.idPrimaNota < 1) return -1;
-    }
-    return scriviRighe(r, conti) ? r.idPrimaNota : -1;
+    ContiCausale conti;
+    if (!riuscito(leggiConti(r.idCausale, conti))) return -1;
+    if (r.idPrimaNota >= 1 && !riscrivi(r)) return -1;
+    if (r.idPrimaNota < 1) r.idPrimaNota = crea(r);
+    if (r.idPrimaNota < 1) return -1;
+    return riuscito(saveDettagliPrimaNota(r, conti)) ? r.idPrimaNota : -1;
 }
 
 }  // namespace

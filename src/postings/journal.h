@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 
 #include <QDate>
 #include <QString>
@@ -37,9 +36,11 @@ struct ContiCausale {
     int avere2 = 0;
 };
 
-// Nothing when there is no such causal, or the query failed and with it the transaction.
-std::optional<ContiCausale> leggiConti(int idCausale);
+// What the two below answer when all went well; empty when a statement failed; any other text is for the
+// operator.
+inline const QString righeScritte = "#";
 
-// Replaces the lines of the entry, `conti` being the accounts of its causal: "#"; empty when a statement
-// failed; any other text is for the operator.
-QString saveDettagliPrimaNota(const RegistrazionePN& r, const std::optional<ContiCausale>& conti);
+// The accounts of a causal.
+QString leggiConti(int idCausale, ContiCausale& conti);
+// Replaces the lines of the entry, `conti` being the accounts of its causal.
+QString saveDettagliPrimaNota(const RegistrazionePN& r, const ContiCausale& conti);

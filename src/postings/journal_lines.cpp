@@ -80,9 +80,20 @@ bool scriviRiga(int idPrimaNota, const RigaPN& riga) {
                            sorgente());
 }
 
-QString sostituisciRighe(const RegistrazionePN& r, const std::optional<ContiCausale>& conti) {
-    if (!conti) return gAdo.transazioneFallita() ? QString() : "Impossibile assegnare i conti DARE/AVERE!";
-    const RighePN righe = ripartisci(*conti, r);
+QString cercaConti(int idCausale, ContiCausale& conti) {
+    const Lettura lettura(
+        "SELECT FK_CONTODARE1, FK_CONTODARE2, FK_CONTOAVERE1, FK_CONTOAVERE2 FROM Causali WHERE RID = " +
+            QString::number(idCausale),
+        sorgente());
+    if (!lettura) return {};
+    if (lettura->eof()) return "Impossibile assegnare i conti DARE/AVERE!";
+    conti = {lettura->intero("FK_CONTODARE1"), lettura->intero("FK_CONTODARE2"),
+             lettura->intero("FK_CONTOAVERE1"), lettura->intero("FK_CONTOAVERE2")};
+    return righeScritte;
+}
+
+QString sostituisciRighe(const RegistrazionePN& r, const ContiCausale& conti) {
+    const RighePN righe = ripartisci(conti, r);
     if (!gAdo.executeSQL(
             "DELETE FROM PrimaNotaDettagli WHERE FK_PrimaNota = " + QString::number(r.idPrimaNota),
             sorgente()))
@@ -90,22 +101,17 @@ QString sostituisciRighe(const RegistrazionePN& r, const std::optional<ContiCaus
     for (const RigaPN* riga : {&righe.dare1, &righe.dare2, &righe.avere1, &righe.avere2}) {
         if (!scriviRiga(r.idPrimaNota, *riga)) return {};
     }
-    return "#";
+    return righeScritte;
 }
 
 }  // namespace
 
-std::optional<ContiCausale> leggiConti(int idCausale) {
-    const Lettura lettura(
-        "SELECT FK_CONTODARE1, FK_CONTODARE2, FK_CONTOAVERE1, FK_CONTOAVERE2 FROM Causali WHERE RID = " +
-            QString::number(idCausale),
-        sorgente());
-    if (!lettura.trovata()) return std::nullopt;
-    return ContiCausale{lettura->intero("FK_CONTODARE1"), lettura->intero("FK_CONTODARE2"),
-                        lettura->intero("FK_CONTOAVERE1"), lettura->intero("FK_CONTOAVERE2")};
+QString leggiConti(int idCausale, ContiCausale& conti) {
+    return protetto(
+        gNomeModulo, "saveDettagliPrimaNota", [&] { return cercaConti(idCausale, conti); }, QString());
 }
 
-QString saveDettagliPrimaNota(const RegistrazionePN& r, const std::optional<ContiCausale>& conti) {
+QString saveDettagliPrimaNota(const RegistrazionePN& r, const ContiCausale& conti) {
     return protetto(
         gNomeModulo, "saveDettagliPrimaNota", [&] { return sostituisciRighe(r, conti); }, QString());
 }

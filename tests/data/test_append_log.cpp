@@ -166,12 +166,13 @@ TEST_F(AppendLog, TheNameReachesTheDiskOnceForEachFileAndNotForEachRecord) {
     RegistroAppeso registro(percorso);
     for (int file = 1; file <= 3; ++file) {
         registro.aggiungi("uno");
-        ASSERT_TRUE(disco.aspettaCartelle(file));
+        ASSERT_TRUE(disco.aspettaCartelle(2 * file - 1));
         for (int i = 0; i < 100; ++i)
             registro.aggiungi("due");
         EXPECT_TRUE(registro.sincronizza());
-        EXPECT_EQ(disco.cartelle(), file);
+        EXPECT_EQ(disco.cartelle(), 2 * file - 1);
         registro.elimina();
+        ASSERT_TRUE(disco.aspettaCartelle(2 * file));
     }
 }
 
@@ -183,14 +184,37 @@ TEST_F(AppendLog, SynchronisedTheNameIsOnTheDisk) {
     EXPECT_GE(disco.cartelle(), 1);
 }
 
-TEST_F(AppendLog, ADiskThatDoesNotTakeItIsAnswered) {
+TEST_F(AppendLog, TheRemovalReachesTheDiskByItself) {
+    DiscoDiProva disco;
+    RegistroAppeso registro(percorso);
+    registro.aggiungi("uno");
+    ASSERT_TRUE(disco.aspettaCartelle(1));
+    registro.elimina();
+    EXPECT_TRUE(disco.aspettaCartelle(2));
+}
+
+// Records that the disk refused once may be lost though it takes the next ones.
+TEST_F(AppendLog, ADiskThatDoesNotTakeItIsAnsweredUntilTheFileBeginsAnew) {
     DiscoDiProva disco;
     disco.guasto = true;
     RegistroAppeso registro(percorso);
     registro.aggiungi("uno");
     EXPECT_FALSE(registro.sincronizza());
     disco.guasto = false;
+    EXPECT_FALSE(registro.sincronizza());
+    registro.elimina();
+    registro.aggiungi("due");
     EXPECT_TRUE(registro.sincronizza());
+}
+
+TEST_F(AppendLog, WhatTheThreadWasRefusedIsAnsweredAtTheNextSynchronisation) {
+    DiscoDiProva disco;
+    disco.guasto = true;
+    RegistroAppeso registro(percorso);
+    registro.aggiungi("uno");
+    ASSERT_TRUE(disco.aspettaCartelle(1));
+    disco.guasto = false;
+    EXPECT_FALSE(registro.sincronizza());
 }
 
 TEST_F(AppendLog, NothingWrittenIsSynchronisedAtOnce) {
