@@ -180,10 +180,16 @@ TEST_F(GridView, TextOfMoreThanTwoLinesSaysThatItGoesOn) {
     EXPECT_TRUE(mostrate.last().endsWith(QChar(0x2026)));
 }
 
-TEST_F(GridView, FigureIsNeverCut) {
+TEST_F(GridView, LongFigureStandsWholeInSmallerDigits) {
     const auto [mostrate, carattere] = cifraInCella("-1.234.567,89", griglia.font(), 90);
     EXPECT_EQ(mostrate, QStringList("-1.234.567,89"));
     EXPECT_LE(QFontMetrics(carattere).horizontalAdvance(mostrate.first()), 90);
+}
+
+TEST_F(GridView, FigureThatIsTooLongEvenSoShowsThatItsBeginningIsMissing) {
+    const auto [mostrate, carattere] = cifraInCella("-1.234.567,89", griglia.font(), 30);
+    EXPECT_TRUE(mostrate.first().startsWith(QChar(0x2026)));
+    EXPECT_LE(QFontMetrics(carattere).horizontalAdvance(mostrate.first()), 30);
 }
 
 TEST_F(GridView, PaintingStopsUntilTheOutermostCallGivesItBack) {

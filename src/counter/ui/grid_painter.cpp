@@ -15,7 +15,8 @@ constexpr int rossoReso = 0xFF0000;
 constexpr int larghezzaSegno = 6;
 constexpr qreal scalaUnaRiga = 0.85;
 constexpr qreal scalaDueRighe = 0.75;
-constexpr qreal puntiMinimi = 6;
+constexpr qreal scalaMinima = 0.5;
+constexpr int larghezzaLucchetto = 10;
 constexpr int rientro = 18;  // of a component under its head
 
 bool vero(const QModelIndex& indice, FlexVB::Ruolo ruolo) {
@@ -24,6 +25,10 @@ bool vero(const QModelIndex& indice, FlexVB::Ruolo ruolo) {
 
 bool e(const QModelIndex& indice, Colonna colonna) {
     return indice.column() == static_cast<int>(colonna);
+}
+
+bool cifra(const QModelIndex& indice) {
+    return e(indice, Colonna::Iva) || e(indice, Colonna::Quantita) || e(indice, Colonna::Importo);
 }
 
 bool prezzoZero(const QModelIndex& indice) {
@@ -93,7 +98,7 @@ void disegnaGomito(QPainter& pittore, const QRect& spazio) {
 }
 
 void disegnaLucchetto(QPainter& pittore, const QRect& spazio) {
-    const QRectF corpo(spazio.left() + margineCella, spazio.center().y() - 1, 10, 8);
+    const QRectF corpo(spazio.left() + margineCella, spazio.center().y() - 1, larghezzaLucchetto, 8);
     pittore.setPen(QPen(QColor::fromRgb(tinte::testoTenue), 1.6));
     pittore.drawArc(corpo.adjusted(2, -6, -2, -1), 0, 180 * 16);
     pittore.fillRect(corpo, QColor::fromRgb(tinte::testoTenue));
@@ -123,7 +128,10 @@ QRect disegnaSegni(QPainter& pittore, const QRect& cella, const QModelIndex& ind
         spazio.setLeft(cella.left() + rientro);
     }
     if (e(indice, Colonna::Importo)) {
-        if (vero(indice, FlexVB::RuoloPrezzoBloccato)) disegnaLucchetto(pittore, cella);
+        if (vero(indice, FlexVB::RuoloPrezzoBloccato)) {
+            disegnaLucchetto(pittore, cella);
+            spazio.setLeft(cella.left() + margineCella + larghezzaLucchetto);
+        }
         if (vero(indice, FlexVB::RuoloPrezzoCambiato)) disegnaAngolo(pittore, cella);
     }
     return spazio.adjusted(margineCella, 0, -margineCella, 0);
@@ -170,10 +178,11 @@ TestoInCella testoInCella(const QString& testo, const QFont& carattere, int larg
 
 TestoInCella cifraInCella(const QString& cifra, const QFont& carattere, int larghezza) {
     QFont adatto = carattere;
-    while (QFontMetrics(adatto).horizontalAdvance(cifra) > larghezza && adatto.pointSizeF() > puntiMinimi) {
+    const qreal minimo = carattere.pointSizeF() * scalaMinima;
+    while (QFontMetrics(adatto).horizontalAdvance(cifra) > larghezza && adatto.pointSizeF() > minimo) {
         adatto.setPointSizeF(adatto.pointSizeF() - 0.5);
     }
-    return {{cifra}, adatto};
+    return {{QFontMetrics(adatto).elidedText(cifra, Qt::ElideLeft, larghezza)}, adatto};
 }
 
 void PittoreCelle::paint(QPainter* pittore, const QStyleOptionViewItem& opzioni,
@@ -185,10 +194,8 @@ void PittoreCelle::paint(QPainter* pittore, const QStyleOptionViewItem& opzioni,
     const QFont font = carattere(opzioni.font, indice);
     pittore->setPen(QColor::fromRgb(inchiostro(indice)));
     const QString testo = testoMostrato(indice);
-    if (vero(indice, FlexVB::RuoloAllineaDestra)) {
-        scrivi(*pittore, spazio, cifraInCella(testo, font, spazio.width()), Qt::AlignRight);
-    } else {
-        scrivi(*pittore, spazio, testoInCella(testo, font, spazio.width()), Qt::AlignLeft);
-    }
+    const bool destra = vero(indice, FlexVB::RuoloAllineaDestra);
+    scrivi(*pittore, spazio, (cifra(indice) ? cifraInCella : testoInCella)(testo, font, spazio.width()),
+           destra ? Qt::AlignRight : Qt::AlignLeft);
     pittore->restore();
 }

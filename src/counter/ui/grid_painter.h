@@ -13,7 +13,8 @@ struct TestoInCella {
     QFont carattere;
 };
 // A text too long for `larghezza` pixels takes smaller letters, then two lines, of which the second is elided
-// where even that is too short; a figure is never parted nor cut: its digits become smaller.
+// where even that is too short; a figure is never parted: its digits become smaller, down to
+// half, and what is too long even so shows its end behind an ellipsis.
 TestoInCella testoInCella(const QString& testo, const QFont& carattere, int larghezza);
 TestoInCella cifraInCella(const QString& cifra, const QFont& carattere, int larghezza);
 

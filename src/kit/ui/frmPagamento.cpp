@@ -96,13 +96,6 @@ QBoxLayout* frmPagamento::importi() {
     return colonna;
 }
 
-QBoxLayout* frmPagamento::tasti() {
-    auto* colonna = new QVBoxLayout;
-    colonna->setSpacing(distanza);
-    colonna->addWidget(tastierino(mContenuto), 1);
-    return colonna;
-}
-
 void frmPagamento::costruisci() {
     mContenuto = new QWidget(this);
     if (layout() == nullptr) {
@@ -113,7 +106,7 @@ void frmPagamento::costruisci() {
     auto* sopra = new QHBoxLayout;
     sopra->setSpacing(2 * distanza);
     sopra->addLayout(importi(), 3);
-    sopra->addLayout(tasti(), 2);
+    sopra->addWidget(tastierino(mContenuto), 2);
     auto* tutto = new QVBoxLayout(mContenuto);
     tutto->setSpacing(distanza);
     tutto->addLayout(sopra, 1);

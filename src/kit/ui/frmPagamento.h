@@ -28,7 +28,6 @@ class frmPagamento final : public QDialog {
     QLabel* titolo(const QString& didascalia, const Campo& campo);
     CampoEdit* riga(QBoxLayout& colonna, const QString& didascalia, CTextBox& casella, const QString& nome);
     QBoxLayout* importi();
-    QBoxLayout* tasti();
 
     MonitorResto* mMonitor = nullptr;
     cKeyFunction mFunzioni;
