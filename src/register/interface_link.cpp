@@ -91,7 +91,9 @@ void InterfacciaRegCassa::disconnect() {
 
 void InterfacciaRegCassa::scarica() {
     mConnesso = false;
+    mChiusura = false;
     mPresa->chiudi();
+    scontrini.collegamentoPerso();
     emit eventi.scaricato();
     emit eventi.statoCambiato();
 }
@@ -151,6 +153,8 @@ void InterfacciaRegCassa::connessa() {
 
 void InterfacciaRegCassa::chiusa() {
     mConnesso = false;
+    // The other side's last answer may still wait here; nothing is pumped for it any more.
+    if (mRilettura.isActive()) datiArrivati();
     scontrini.collegamentoPerso();
     emit eventi.evtStop();
     monitor.scriviMonitor("INF: Connessione Chiusa", true);

@@ -23,13 +23,15 @@ void RegistroScontrini::nonConsegnato(Esito esito) {
 }
 
 void RegistroScontrini::consegnato(qsizetype cornici) {
-    // What has no answer by now is not waited for: it would be taken from the next receipt.
+    // What has no answer by now is not waited for: it may never come.
     if (std::exchange(mRisposteAttese, false)) {
         segnaInVolo(Esito::Dubbio);
-        mSenzaRisposta = 0;
+        mArretrate += std::exchange(mSenzaRisposta, 0);
     }
     archiviaInviati();
     mCoda.push_back({nuovaVoce(Esito::InCoda), cornici});
+    // If it does come, it counts for this receipt, whose last answer is then missing.
+    if (std::exchange(mArretrate, 0) > 0) mCoda.back().guasta(Esito::Dubbio);
     cambiato();
 }
 
@@ -84,8 +86,11 @@ void RegistroScontrini::decidi(Voce voce, bool salvata) {
 // ---- The link
 
 void RegistroScontrini::inviata() {
+    // From here on the last frame is another one than what was refused.
+    mRiprendibile = false;
     if (mOrfane > 0) {
         --mOrfane;
+        ++mArretrate;
         mInVolo = -1;
         return;
     }
@@ -93,12 +98,15 @@ void RegistroScontrini::inviata() {
         std::find_if(mCoda.begin(), mCoda.end(), [](const Lotto& l) { return l.daInviare > 0; });
     if (primo == mCoda.end()) return;
     --primo->daInviare;
+    primo->iniziato = true;
+    primo->intero = primo->intero || primo->daInviare == 0;
     mInVolo = static_cast<int>(primo - mCoda.begin());
     ++mSenzaRisposta;
 }
 
 void RegistroScontrini::accettata() {
-    mSenzaRisposta = std::max(0, mSenzaRisposta - 1);
+    int& attese = mSenzaRisposta > 0 ? mSenzaRisposta : mArretrate;
+    attese = std::max(0, attese - 1);
     mRisposteAttese = mSenzaRisposta > 0 && std::all_of(mCoda.begin(), mCoda.end(),
                                                         [](const Lotto& l) { return l.daInviare == 0; });
     archiviaInviati();
@@ -106,10 +114,15 @@ void RegistroScontrini::accettata() {
 
 void RegistroScontrini::rispostaNascosta() {
     segnaInVolo(Esito::Dubbio);
+    // It has come, at least: only the answer before it is still to be told.
+    if (mSenzaRisposta > 1) --mSenzaRisposta;
 }
 
 void RegistroScontrini::rifiutata() {
-    if (mSenzaRisposta == 0) return;
+    if (mSenzaRisposta == 0) {
+        mArretrate = std::max(0, mArretrate - 1);
+        return;
+    }
     segnaInVolo(Esito::Incompleto);
     // With two in flight it is the later one that a retry sends again, whichever was refused.
     mRiprendibile = mSenzaRisposta == 1;
@@ -124,8 +137,8 @@ void RegistroScontrini::ripresa() {
     }
     Lotto& lotto = mCoda[static_cast<size_t>(mInVolo)];
     if (!std::exchange(mRiprendibile, false)) {
-        lotto.difetto = Esito::Dubbio;
-    } else if (lotto.difetto != Esito::Dubbio) {
+        lotto.guasta(Esito::Dubbio);
+    } else if (lotto.difetto == Esito::Incompleto) {
         lotto.difetto.reset();
     }
     ++lotto.daInviare;
@@ -133,14 +146,19 @@ void RegistroScontrini::ripresa() {
 }
 
 void RegistroScontrini::annullate() {
+    const int rifiutato = mRiprendibile ? mInVolo : -1;
+    int posto = 0;
     for (Lotto& lotto : std::exchange(mCoda, {})) {
+        // What was sent to its end is on paper, unless its own last frame is what was refused.
+        const bool forseStampato = posto++ != rifiutato && lotto.intero;
         // Nothing was printed for what was not saved either: nobody needs to know.
-        if (lotto.voce.esito == Esito::NonSalvata) continue;
-        lotto.voce.esito = Esito::Annullato;
+        if (lotto.voce.esito == Esito::NonSalvata && !forseStampato) continue;
+        if (lotto.voce.esito != Esito::NonSalvata)
+            lotto.voce.esito = forseStampato ? Esito::Dubbio : Esito::Annullato;
         archivia(std::move(lotto.voce));
     }
     mInVolo = -1;
-    mSenzaRisposta = 0;
+    mArretrate += std::exchange(mSenzaRisposta, 0);
     mOrfane = 0;
     mRisposteAttese = false;
     mRiprendibile = false;
@@ -148,10 +166,12 @@ void RegistroScontrini::annullate() {
 }
 
 void RegistroScontrini::collegamentoPerso() {
-    if (mSenzaRisposta == 0) return;
-    segnaInVolo(Esito::Interrotto);
-    mRiprendibile = mSenzaRisposta == 1;
+    for (Lotto& lotto : mCoda) {
+        if (lotto.iniziato) lotto.guasta(Esito::Interrotto);
+    }
+    mRiprendibile = false;
     mSenzaRisposta = 0;
+    mArretrate = 0;
     mRisposteAttese = false;
     cambiato();
 }
@@ -159,8 +179,7 @@ void RegistroScontrini::collegamentoPerso() {
 void RegistroScontrini::segnaInVolo(Esito difetto) {
     if (mSenzaRisposta == 0) return;
     for (int i = 0; i <= mInVolo; ++i) {
-        Lotto& lotto = mCoda[static_cast<size_t>(i)];
-        if (lotto.difetto != Esito::Dubbio) lotto.difetto = difetto;
+        mCoda[static_cast<size_t>(i)].guasta(difetto);
     }
 }
 
@@ -183,6 +202,10 @@ RegistroScontrini::Voce RegistroScontrini::Lotto::comeSta() const {
     Voce questa = voce;
     if (questa.esito != Esito::NonSalvata) questa.esito = difetto.value_or(questa.esito);
     return questa;
+}
+
+void RegistroScontrini::Lotto::guasta(Esito nuovo) {
+    if (!difetto || difetto == Esito::Incompleto) difetto = nuovo;
 }
 
 void RegistroScontrini::archivia(Voce voce) {

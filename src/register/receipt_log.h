@@ -12,7 +12,8 @@
 // The books say what they hand over and how the save ends, the link what becomes of the receipt.
 //
 // The wire numbers nothing, so an answer belongs to whatever is in flight: while receipts overlap, all of
-// them wait on the list until each frame has its answer.
+// them wait on the list until each frame has its answer. A receipt that is handed over while an older answer
+// may still come is in doubt, since that answer would be taken for one of its own.
 class RegistroScontrini {
   public:
     enum class Esito {
@@ -50,11 +51,11 @@ class RegistroScontrini {
     // ---- The link
     void inviata();            // a frame left the queue
     void accettata();          // the frame in flight was taken
-    void rispostaNascosta();   // behind an answer stood another one, which was not read
+    void rispostaNascosta();   // behind an answer that is told next stood another one, which was not read
     void rifiutata();          // the frame in flight was refused
     void ripresa();            // the last frame goes back into the queue
     void annullate();          // the queue was emptied
-    void collegamentoPerso();  // what is in flight gets no answer any more
+    void collegamentoPerso();  // no answer comes any more, and the other side may have lost what it took
 
     // Sales without a good receipt, by time.
     std::vector<Voce> voci() const;
@@ -66,7 +67,11 @@ class RegistroScontrini {
         Voce voce;
         qsizetype daInviare;
         std::optional<Esito> difetto = {};
+        bool iniziato = false;  // some frame was sent
+        bool intero = false;    // all were sent, at least once: it may be on paper
         Voce comeSta() const;
+        // What was refused can be made good, nothing else can: the first such flaw stays.
+        void guasta(Esito nuovo);
     };
 
     Voce nuovaVoce(Esito esito) const;
@@ -85,6 +90,7 @@ class RegistroScontrini {
     int mSenzaRisposta = 0;        // frames in flight
     int mOrfane = 0;               // frames to be sent again whose receipt is no longer in the queue
     bool mRisposteAttese = false;  // the link is done with the queue, but answers are missing
+    int mArretrate = 0;            // answers that may still come, to frames of no receipt in the queue
     bool mRiprendibile = false;    // sending the last frame again makes its receipt whole
     QString mVendita;
     int mSalvataggio = 0;  // number of the save under way; 0: none

@@ -50,10 +50,15 @@ TEST(SimulatorArguments, PortsAreThoseThatATillCanHave) {
     EXPECT_EQ(erroreDi({"--porta", "40000"}), "--porta vuole il numero di una porta, da 1 a 32767");
 }
 
+// The till connects to neither; the simulator listens somewhere all the same.
+TEST(SimulatorArguments, PortOfTheSettingsThatNoProgramCanListenOnIsTheUsualOne) {
+    EXPECT_EQ(portaDelleImpostazioni("0"), 4310);
+    EXPECT_EQ(portaDelleImpostazioni("-1"), 4310);
+}
+
 TEST(SimulatorArguments, PortOfTheSettingsIsReadAsTheTillReadsIt) {
     EXPECT_EQ(portaDelleImpostazioni("4311"), 4311);
     EXPECT_EQ(portaDelleImpostazioni(" 4311 cassa"), 4311);
     EXPECT_EQ(portaDelleImpostazioni("40000"), 4310);
-    EXPECT_EQ(portaDelleImpostazioni("-1"), 4310);
     EXPECT_EQ(portaDelleImpostazioni(""), 4310);
 }

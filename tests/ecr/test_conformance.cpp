@@ -59,8 +59,10 @@ QStringList difettiDelSimulatore(Guasto guasto) {
 // checksum.
 class ProgrammaSbagliato : public QObject {
   public:
-    // The refusal goes out in these pieces, one after the other.
-    explicit ProgrammaSbagliato(QList<QByteArray> rifiuto) : mRifiuto(std::move(rifiuto)) {}
+    // The refusal goes out in these pieces, one after the other; what is asked together is answered together
+    // when `unite`.
+    explicit ProgrammaSbagliato(QList<QByteArray> rifiuto, bool unite = false)
+        : mRifiuto(std::move(rifiuto)), mUnite(unite) {}
 
     int ascolta() {
         connect(&mServer, &QTcpServer::newConnection, this, [this] {
@@ -76,11 +78,13 @@ class ProgrammaSbagliato : public QObject {
     void leggi(QTcpSocket* presa) {
         QByteArray& resto = mResti[presa];
         resto += presa->readAll();
+        QList<QByteArray> risposte;
         for (qsizetype fine = resto.indexOf('\3'); fine >= 0; fine = resto.indexOf('\3')) {
             const bool sbagliata = resto.left(fine + 1) == "\2RST48\3";
             resto.remove(0, fine + 1);
-            rispondi(presa, sbagliata ? mRifiuto : QList<QByteArray>{"\6"});
+            risposte += sbagliata ? mRifiuto : QList<QByteArray>{"\6"};
         }
+        rispondi(presa, mUnite ? QList<QByteArray>{risposte.join()} : risposte);
     }
     static void rispondi(QTcpSocket* presa, const QList<QByteArray>& pezzi) {
         int pausa = 0;  // milliseconds
@@ -94,11 +98,12 @@ class ProgrammaSbagliato : public QObject {
 
     QTcpServer mServer{this};
     QList<QByteArray> mRifiuto;
+    bool mUnite;
     std::map<QTcpSocket*, QByteArray> mResti;
 };
 
-QStringList difettiDelRifiuto(const QList<QByteArray>& pezzi) {
-    auto* programma = new ProgrammaSbagliato(pezzi);
+QStringList difettiDelRifiuto(const QList<QByteArray>& pezzi, bool unite = false) {
+    auto* programma = new ProgrammaSbagliato(pezzi, unite);
     return FiloDelProgramma(programma, [=] { return programma->ascolta(); }).difetti();
 }
 
@@ -115,6 +120,12 @@ TEST(Conformance, SilenceIsSaid) {
 
 TEST(Conformance, ErrorGluedToAnAckIsSaid) {
     EXPECT_FALSE(difettiDelSimulatore(Guasto::Unisci).isEmpty());
+}
+
+TEST(Conformance, TwoAnswersInOneAreSaid) {
+    EXPECT_EQ(
+        difettiDelRifiuto({"\x15"}, true),
+        QStringList{"risponde a due cornici in un colpo solo: la cassa vede soltanto la prima risposta"});
 }
 
 TEST(Conformance, NobodyThereIsSaidOnce) {

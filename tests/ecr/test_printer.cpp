@@ -56,6 +56,14 @@ TEST(Printer, UnknownCommandIsRefused) {
     EXPECT_EQ(Stampante().esegui("").esito, Esito::Errore);
 }
 
+TEST(Printer, StripHasTheThousandthsOfAQuantity) {
+    Scontrino s;
+    s.righe.push_back({"C", "Cavo", 1.125, Currency::daIntero(2), "22"});
+    s.righe.push_back({"D", "Corda", 0.5, Currency::daIntero(2), "22"});
+    EXPECT_TRUE(striscia(s).contains("  1,125 x 2,00"));
+    EXPECT_TRUE(striscia(s).contains("  0,50 x 2,00"));
+}
+
 TEST(Printer, StripHasRowsWithTaxTotalNumberAndDate) {
     Scontrino s;
     s.righe.push_back({"A", "Vite 4x40", 3, Currency::daScalato(12200), "22"});

@@ -110,6 +110,9 @@ TEST_F(SimulatorTest, FaultForOnceEndsWithTheNextCommand) {
 TEST_F(SimulatorTest, SilentRegisterAnswersNothing) {
     simulatore.guasto(Guasto::Muto, true);
     EXPECT_EQ(manda(reset + reset), ack);
+    // A second answer would be behind the one to a third frame.
+    EXPECT_EQ(manda(reset), ack);
+    EXPECT_EQ(cassa.bytesAvailable(), 0);
 }
 
 TEST_F(SimulatorTest, HangingUpIsNoAnswer) {
@@ -124,6 +127,14 @@ TEST_F(SimulatorTest, SlowRegisterAnswersEachFrameAfterASecond) {
     orologio.start();
     EXPECT_EQ(manda(reset), ack);
     EXPECT_GE(orologio.elapsed(), 950);  // timers may fire a twentieth early
+}
+
+TEST_F(SimulatorTest, TwoAnswersComeApart) {
+    QElapsedTimer orologio;
+    orologio.start();
+    EXPECT_EQ(manda(reset + reset), ack);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cassa.bytesAvailable() == 1; }));
+    EXPECT_GE(orologio.elapsed(), 28);
 }
 
 TEST_F(SimulatorTest, SlowAnswersKeepTheirOrder) {

@@ -81,6 +81,11 @@ void Giornata::guasta(Causa causa) {
     cause[vende()] = causa;
 }
 
+void Giornata::vendeSenzaGuasto() {
+    const int vendita = vende();
+    if (!mRispostaPersa) tranquille.insert(vendita);
+}
+
 void Giornata::guastoScollegato() {
     peer.riaggancia();
     ASSERT_TRUE(diventa([&] { return !link.statoConnessione(); }));
@@ -182,6 +187,7 @@ void Giornata::vendeConGuasto(Causa causa) {
     peer.dimentica();
     rotolo.causaInForza = causa;
     (this->*guasti[static_cast<size_t>(causa)])();
+    mRispostaPersa = causa == Causa::ErroreSpezzato;
     rimettiInOrdine();
     // The link is done as soon as one of two frames in flight has its answer.
     if (causa != Causa::Nessuna) lasciaArrivare();

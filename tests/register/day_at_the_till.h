@@ -57,7 +57,7 @@ class Giornata : public NegozioConRegistratore {
 
     RotoloDiCarta rotolo;
     std::map<int, Causa> cause;  // by sale
-    std::set<int> tranquille;    // sales under no fault
+    std::set<int> tranquille;    // sales under no fault, and with no older answer missing
     // --gtest_shuffle --gtest_random_seed=N tries another day.
     std::mt19937 dado{20260316U + static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed())};
 
@@ -70,7 +70,7 @@ class Giornata : public NegozioConRegistratore {
     void spingiConUnAltra();
     // The next sale differs from its receipt by that cause.
     void guasta(Causa causa);
-    void vendeSenzaGuasto() { tranquille.insert(vende()); }
+    void vendeSenzaGuasto();
     void guastoScollegato();
     void guastoSospeso();
     void guastoAnnullato();
@@ -83,4 +83,5 @@ class Giornata : public NegozioConRegistratore {
     void guastoRollbackDopo();
 
     int mVendite = 0;
+    bool mRispostaPersa = false;  // a frame of the sale before never gets its answer
 };

@@ -76,7 +76,9 @@ TEST_F(FaultRuns, PeerDiesAfterTheLastFrame) {
         return QByteArray("\6");
     };
     vende();
-    EXPECT_TRUE(diventa([&] { return !link.statoConnessione(); }));
+    ASSERT_TRUE(diventa([&] { return !link.statoConnessione(); }));
+    ASSERT_EQ(senzaScontrino().size(), 1);
+    EXPECT_TRUE(senzaScontrino().first().endsWith("collegamento caduto durante la stampa"));
 }
 
 TEST_F(FaultRuns, PeerThatIsSilentForEverHoldsNothingUp) {

@@ -174,6 +174,57 @@ TEST_F(Link, DisconnectWithoutAConnectionEndsAtOnce) {
     EXPECT_EQ(scaricato, 1);
 }
 
+TEST_F(Link, LinkThatHasEndedCanBeOpenedAnew) {
+    connetti();
+    link.disconnect();
+    ASSERT_TRUE(diventa([&] { return !link.statoConnessione() && !peer.collegato(); }));
+    connetti();
+    link.sendData(scontrino);
+    EXPECT_TRUE(diventa([&] { return finito(); }));
+    EXPECT_TRUE(link.statoConnessione());
+}
+
+TEST_F(Link, ReceiptThatTheEndOfTheLinkCutsIsListed) {
+    connetti();
+    peer.risposta = [](const QByteArray&) { return QByteArray(); };
+    link.scontrini.inizia("A");
+    link.sendData(scontrino);
+    link.scontrini.salvataggioConcluso(true);
+    link.disconnect();
+    ASSERT_TRUE(diventa([&] { return !link.statoConnessione(); }));
+    ASSERT_EQ(link.scontrini.voci().size(), 1u);
+    EXPECT_EQ(link.scontrini.voci().front().esito, RegistroScontrini::Esito::Interrotto);
+}
+
+// With too many dialogues up the answer to the last frame waits in the socket.
+TEST_F(Link, AnswerThatWaitsWhenTheConnectionBreaksIsRead) {
+    auto* presa = new PresaFinta;
+    InterfacciaRegCassa altro{std::unique_ptr<PresaRegCassa>(presa)};
+    int aperti = 0;
+    QObject::connect(&altro.eventi, &EventiRegCassa::evtError, &schermo, [&] {
+        if (++aperti < 4) return presa->arriva("\x15");
+        presa->arriva("\6");
+    });
+    presa->apri();
+    presa->arriva("\x15");
+    altro.scontrini.inizia("A");
+    altro.sendData("");
+    altro.scontrini.salvataggioConcluso(true);
+    EXPECT_EQ(altro.scontrini.voci().size(), 1u);
+    presa->cade();
+    EXPECT_EQ(altro.scontrini.voci().size(), 0u);
+}
+
+TEST_F(Link, PortsBelowOneAreNeverConnectedTo) {
+    for (const int porta : {0, -1}) {
+        gTCPPort = porta;
+        link.connetti();
+        lasciaArrivare(10);
+        EXPECT_FALSE(link.statoConnessione()) << porta;
+        EXPECT_EQ(righe(), QStringList()) << porta;
+    }
+}
+
 TEST_F(Link, ConnectionAndItsEndAreTold) {
     int aperte = 0, chiuse = 0;
     QObject::connect(&link.eventi, &EventiRegCassa::evtStart, &schermo, [&] { ++aperte; });
@@ -236,7 +287,7 @@ TEST_F(Link, OneAttemptWaitsForAProgramThatIsStillStarting) {
     EXPECT_TRUE(diventa([&] { return link.statoConnessione(); }));
 }
 
-TEST_F(Link, HalfAnAnswerBeforeTheConnectionBreaksIsStillRead) {
+TEST_F(Link, AnswerSentJustBeforeTheConnectionBreaksIsStillRead) {
     connetti();
     dialoghi.attendi(DialoghiRegCassa::Nessuna);
     peer.manda("\x15");

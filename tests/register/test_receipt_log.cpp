@@ -207,12 +207,47 @@ TEST_F(ReceiptLog, LinkLostInMidReceiptLeavesItListedEvenWhenItsRestIsPrinted) {
     EXPECT_EQ(voci(), QStringList{"A: collegamento caduto durante la stampa"});
 }
 
-TEST_F(ReceiptLog, RetryBehindALostLinkMakesTheReceiptWhole) {
+// The other side has lost the rows that it had taken.
+TEST_F(ReceiptLog, RetryBehindALostLinkLeavesTheReceiptListed) {
     consegna("A", 2);
     r.salvataggioConcluso(true);
     invia(2);
     r.collegamentoPerso();
     r.ripresa();
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: collegamento caduto durante la stampa"});
+}
+
+TEST_F(ReceiptLog, RetryOfAFrameRefusedBeforeTheLinkWasLostLeavesTheReceiptListed) {
+    consegna("A", 3);
+    r.salvataggioConcluso(true);
+    invia(2);
+    r.rifiutata();
+    r.collegamentoPerso();
+    r.ripresa();
+    invia(2);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: collegamento caduto durante la stampa"});
+}
+
+TEST_F(ReceiptLog, RefusalBehindALostLinkMakesNothingGoodAgain) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.collegamentoPerso();
+    r.inviata();
+    r.rifiutata();
+    r.ripresa();
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: collegamento caduto durante la stampa"});
+}
+
+TEST_F(ReceiptLog, ReceiptOfWhichNothingWasSentOutlivesALostLink) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.collegamentoPerso();
     r.inviata();
     r.accettata();
     EXPECT_EQ(voci(), QStringList());
@@ -247,6 +282,80 @@ TEST_F(ReceiptLog, ReceiptsThatOverlapAreInDoubtWhenAnAnswerIsMissing) {
     consegna("B", 1);
     r.salvataggioConcluso(true);
     invia(2);
+    r.accettata();
+    consegna("C", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(),
+              (QStringList{"A: manca una risposta: da controllare", "B: manca una risposta: da controllare",
+                           "C: manca una risposta: da controllare"}));
+}
+
+// The answer to the last frame of B comes when the first one of C is on its way.
+TEST_F(ReceiptLog, ReceiptThatTakesALateAnswerForItsOwnIsInDoubt) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    consegna("C", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();  // the late one
+    r.inviata();
+    r.accettata();  // of the first frame: the second one has none
+    EXPECT_EQ(voci().last(), "C: manca una risposta: da controllare");
+}
+
+TEST_F(ReceiptLog, LateAnswerThatComesBeforeTheNextReceiptPutsNobodyInDoubt) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.annullate();
+    r.accettata();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    invia(1);
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
+}
+
+TEST_F(ReceiptLog, ReceiptBehindACancelWithAFrameInFlightIsInDoubt) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.annullate();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();  // of the frame of A
+    EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: manca una risposta: da controllare"}));
+}
+
+TEST_F(ReceiptLog, ReceiptBehindANewConnectionTakesNoLateAnswer) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.annullate();
+    r.collegamentoPerso();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: annullato dall'operatore"});
+}
+
+TEST_F(ReceiptLog, AnswersThatCameTogetherLeaveNoneMissingForTheNextReceipt) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rispostaNascosta();
     r.accettata();
     consegna("C", 1);
     r.salvataggioConcluso(true);
@@ -295,7 +404,38 @@ TEST_F(ReceiptLog, FrameThatIsRetriedTwiceLeavesTheReceiptInDoubt) {
     EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
 }
 
+// While it waits the operator goes on selling: the last frame is soon another one.
+TEST_F(ReceiptLog, RetryThatSendsAnotherFrameThanTheRefusedOneLeavesTheReceiptInDoubt) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rifiutata();
+    invia(1);
+    r.ripresa();
+    r.inviata();
+    r.accettata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
+}
+
 TEST_F(ReceiptLog, FrameRetriedBehindACancelBelongsToNoLaterReceipt) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rifiutata();
+    r.annullate();
+    r.ripresa();
+    r.inviata();
+    r.accettata();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: in attesa del registratore"}));
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: annullato dall'operatore"});
+}
+
+TEST_F(ReceiptLog, AnswerToAFrameRetriedBehindACancelMayBeTakenForALaterReceipt) {
     consegna("A", 2);
     r.salvataggioConcluso(true);
     r.inviata();
@@ -305,10 +445,56 @@ TEST_F(ReceiptLog, FrameRetriedBehindACancelBelongsToNoLaterReceipt) {
     r.inviata();
     consegna("B", 1);
     r.salvataggioConcluso(true);
-    EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: in attesa del registratore"}));
-    r.accettata();
-    EXPECT_EQ(voci().size(), 2);
     r.inviata();
     r.accettata();
-    EXPECT_EQ(voci(), QStringList{"A: annullato dall'operatore"});
+    EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: manca una risposta: da controllare"}));
+}
+
+// ---- A cancel while receipts overlap
+
+TEST_F(ReceiptLog, CancelLeavesAReceiptThatWasSentToItsEndInDoubt) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    consegna("B", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    r.rifiutata();
+    r.annullate();
+    EXPECT_EQ(voci(), (QStringList{"A: manca una risposta: da controllare", "B: annullato dall'operatore"}));
+}
+
+TEST_F(ReceiptLog, CancelKeepsAPrintedReceiptOfASaleThatWasRolledBack) {
+    consegna("A", 1);
+    r.inviata();
+    r.salvataggioConcluso(false);
+    consegna("B", 2);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    r.rifiutata();
+    r.annullate();
+    EXPECT_EQ(voci(),
+              (QStringList{"A: scontrino inviato, salvataggio NON riuscito", "B: annullato dall'operatore"}));
+}
+
+TEST_F(ReceiptLog, CancelForgetsARefusedReceiptOfASaleThatWasRolledBack) {
+    consegna("A", 1);
+    r.inviata();
+    r.salvataggioConcluso(false);
+    r.rifiutata();
+    r.annullate();
+    EXPECT_EQ(voci(), QStringList());
+}
+
+TEST_F(ReceiptLog, CancelOnAnotherScreenLeavesARetriedLastFrameInDoubt) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.rifiutata();
+    r.ripresa();
+    r.inviata();
+    r.annullate();
+    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
 }

@@ -8,7 +8,9 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
+#include <QWindow>
 
+#include "core/clock.h"
 #include "core/globals.h"
 #include "kit_ui/modal.h"
 #include "register/fake_socket.h"
@@ -35,6 +37,24 @@ class RegisterWindows : public testing::Test {
     static void fotografa(QWidget& finestra, const QString& nome) {
         QDir().mkpath("schermate");
         EXPECT_TRUE(finestra.grab().save("schermate/" + nome + ".png"));
+    }
+
+    // A failure now; its dialogue stands over that window, also while it shows the queue.
+    static void erroreSopra(QWidget* sotto, QWidget* genitore = nullptr) {
+        FinestreRegCassa finestre(genitore);
+        quandoModale([&](QWidget* f) {
+            EXPECT_EQ(f->objectName(), "frmErrRegCassa");
+            EXPECT_EQ(f->parentWidget(), sotto);
+            quandoModale([&](QWidget* buffer) {
+                EXPECT_EQ(buffer, &gFrmBuffer());
+                EXPECT_EQ(buffer->windowHandle()->transientParent(), f->windowHandle());
+                buffer->close();
+            });
+            premi(*f, "cmdBuffer");
+            EXPECT_TRUE(f->isVisible());
+            f->close();
+        });
+        finestre.errore("Errore 5 - Carta finita", "");
     }
 
     PresaFinta* presa = new PresaFinta;
@@ -165,6 +185,39 @@ TEST_F(RegisterWindows, QueueOfASecondFailureTakesTheFormOfTheFirst) {
     EXPECT_EQ(primoForm, &gFrmBuffer());
 }
 
+TEST_F(RegisterWindows, FailureUnderTheQueueStandsOverTheWindowBeneathIt) {
+    frmRegCassa monitor(link);
+    monitor.mostra();
+    premi(monitor, "Command1");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&gFrmBuffer()));
+    erroreSopra(&monitor);
+    gFrmBuffer().hide();
+}
+
+TEST_F(RegisterWindows, FailureUnderTheQueueOfAnotherFailureStandsOverThatOne) {
+    decide([this](QWidget* primo) {
+        quandoModale([&](QWidget* buffer) {
+            ASSERT_EQ(buffer, &gFrmBuffer());
+            erroreSopra(primo);
+        });
+        premi(*primo, "cmdBuffer");
+        primo->close();
+    });
+}
+
+TEST_F(RegisterWindows, FailureUnderTheQueueOfAHiddenMonitorStandsOverTheTill) {
+    QWidget cassa;
+    cassa.show();
+    frmRegCassa monitor(link);
+    monitor.mostra();
+    premi(monitor, "Command1");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&gFrmBuffer()));
+    monitor.hide();
+    ASSERT_EQ(QApplication::activeWindow(), &gFrmBuffer());
+    erroreSopra(&cassa, &cassa);
+    gFrmBuffer().hide();
+}
+
 // ---- The monitor
 
 TEST_F(RegisterWindows, WordsOfTheMonitorAreItsOwn) {
@@ -261,17 +314,23 @@ TEST_F(RegisterWindows, TitleNamesTheRegister) {
 }
 
 TEST_F(RegisterWindows, SalesWithoutAReceiptAreListed) {
+    const struct : Clock {
+        QDateTime adesso() const override { return {QDate(2026, 3, 16), QTime(17, 4, 5)}; }
+    } fermo;
+    impostaOrologio(&fermo);
     frmRegCassa finestra(link);
     finestra.mostra();
     link.scontrini.inizia("N° 0001/0003 del 16/03/2026, € 12,20");
     link.scontrini.nonConsegnato(RegistroScontrini::Esito::Scollegato);
     link.scontrini.salvataggioConcluso(true);
+    impostaOrologio(nullptr);
     auto* elenco = finestra.findChild<QTableWidget*>("lswSenzaScontrino");
     ASSERT_EQ(elenco->rowCount(), 1);
     EXPECT_EQ(elenco->item(0, 1)->text(), "N° 0001/0003 del 16/03/2026, € 12,20");
     EXPECT_EQ(elenco->item(0, 2)->text(), "registratore scollegato");
     EXPECT_EQ(finestra.findChild<QLabel*>("lblSenzaScontrino")->text(),
-              "Vendite senza scontrino dall'avvio: 1");
+              "Vendite da controllare dall'avvio: 1");
+    EXPECT_EQ(elenco->item(0, 0)->text(), "16/03 17:04:05");
     presa->apri();
     link.monitor.acceso(true);
     presa->arriva("\x06");

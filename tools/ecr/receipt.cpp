@@ -35,10 +35,16 @@ QString colonne(const QString& sinistra, const QString& iva, const QString& impo
            importo.rightJustified(colonnaImporto);
 }
 
+// Two decimals as the till shows it, three for what is sold by weight or length.
+QString quantitaScritta(double quantita) {
+    const QString scritta = formattaImporto(quantita, 3);
+    return scritta.endsWith(u'0') ? scritta.chopped(1) : scritta;
+}
+
 QStringList righeDi(const Scontrino::Riga& riga) {
     QStringList righe;
     if (riga.quantita != 1.0)
-        righe << "  " + formattaImporto(riga.quantita, 2) + " x " + formattaImporto(riga.prezzo, 2);
+        righe << "  " + quantitaScritta(riga.quantita) + " x " + formattaImporto(riga.prezzo, 2);
     righe << colonne(riga.descrizione, riga.iva + "%", formattaImporto(riga.importo(), 2));
     return righe;
 }

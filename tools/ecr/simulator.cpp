@@ -1,5 +1,6 @@
 #include "ecr/simulator.h"
 
+#include <algorithm>
 #include <limits>
 
 #include <QHostAddress>
@@ -11,6 +12,8 @@ namespace {
 
 constexpr int codiceControllo = 1;
 constexpr int codiceComando = 2;
+// Between two answers, so that the till does not find both at once; milliseconds.
+constexpr qint64 distacco = 30;
 
 QByteArray sbagliato() {
     return corniceErrore(codiceControllo, "Checksum sbagliato");
@@ -18,7 +21,8 @@ QByteArray sbagliato() {
 
 }  // namespace
 
-Simulatore::Simulatore(int primoNumero) : mStampante(primoNumero) {
+Simulatore::Simulatore(int primoNumero) : mStampante(primoNumero), mUltimoInvio(-distacco) {
+    mOrologio.start();
     connect(&mServer, &QTcpServer::newConnection, this, &Simulatore::accogli);
 }
 
@@ -46,7 +50,7 @@ void Simulatore::accogli() {
         if (mPresa != nullptr) mPresa->abort();
         mPresa = presa;
         mLettore = {};
-        mPausaInCorso = 0;
+        mUltimoInvio = -distacco;
         connect(presa, &QTcpSocket::readyRead, this, [this, presa] { leggi(presa); });
         connect(presa, &QTcpSocket::disconnected, this, [this, presa] {
             presa->deleteLater();
@@ -96,18 +100,21 @@ RispostaEcr Simulatore::esegui(const QString& testo, RispostaEcr risposta) {
 void Simulatore::manda(QTcpSocket* presa, const RispostaEcr& risposta) {
     if (risposta.muori) emit morto();
     if (risposta.chiudi || risposta.muori) return presa->abort();
+    // A piece never overtakes one that waits.
+    qint64 prima = std::max(mOrologio.elapsed(), mUltimoInvio + distacco);
     for (const QByteArray& pezzo : risposta.pezzi) {
-        // A piece never overtakes one that waits.
-        mPausaInCorso += risposta.pausa;
-        if (mPausaInCorso == 0) {
-            presa->write(pezzo);
-            presa->flush();
-            continue;
-        }
-        QTimer::singleShot(mPausaInCorso, presa, [this, presa, pezzo, pausa = risposta.pausa] {
-            presa->write(pezzo);
-            presa->flush();
-            if (mPresa == presa) mPausaInCorso = std::max(0, mPausaInCorso - pausa);
-        });
+        mUltimoInvio = prima + risposta.pausa;
+        prima = mUltimoInvio;
+        mandaAlle(mUltimoInvio, presa, pezzo);
     }
+}
+
+void Simulatore::mandaAlle(qint64 ora, QTcpSocket* presa, const QByteArray& pezzo) {
+    const auto scrivi = [presa, pezzo] {
+        presa->write(pezzo);
+        presa->flush();
+    };
+    const qint64 attesa = ora - mOrologio.elapsed();
+    if (attesa <= 0) return scrivi();
+    QTimer::singleShot(static_cast<int>(attesa), Qt::PreciseTimer, presa, scrivi);
 }

@@ -2,6 +2,7 @@
 
 #include <deque>
 
+#include <QElapsedTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -38,6 +39,7 @@ class Simulatore : public QObject {
     RispostaEcr rispondi(const LettoreCornici::Cornice& cornice);
     RispostaEcr esegui(const QString& testo, RispostaEcr risposta);
     void manda(QTcpSocket* presa, const RispostaEcr& risposta);
+    void mandaAlle(qint64 ora, QTcpSocket* presa, const QByteArray& pezzo);
 
     QTcpServer mServer{this};
     QTcpSocket* mPresa = nullptr;
@@ -45,5 +47,6 @@ class Simulatore : public QObject {
     Stampante mStampante;
     Guasto mGuasto = Guasto::Nessuno;
     bool mUnaVolta = false;
-    int mPausaInCorso = 0;  // milliseconds until the last piece that waits is sent
+    QElapsedTimer mOrologio;
+    qint64 mUltimoInvio;  // when the latest piece goes out, or went; milliseconds of mOrologio
 };

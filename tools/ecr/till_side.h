@@ -17,6 +17,8 @@ class LatoCassa {
     QByteArray risposta();
     // The latest answer came in more than one chunk: a till takes each for an answer of its own.
     bool inPezzi() const { return mInPezzi; }
+    // More has come together with the latest answer: a till takes all of it for one.
+    bool avanza() const { return !mResto.isEmpty(); }
     // What comes although nothing was asked, within `millisecondi`.
     QByteArray inatteso(int millisecondi);
 

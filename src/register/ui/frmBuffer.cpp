@@ -40,7 +40,8 @@ void frmBuffer::startMe(const QString& buffer, bool modale, QWidget* sopra) {
     txtBuffer->setPlainText(abbreviato(bufferLeggibile(buffer), bufferMostrato));
     setWindowModality(modale ? Qt::ApplicationModal : Qt::NonModal);
     winId();
-    windowHandle()->setTransientParent(sopra->window()->windowHandle());
+    mSotto = sopra->window();
+    windowHandle()->setTransientParent(mSotto->windowHandle());
     // A loop of its own each time: a further failure may ask for the form while it is up.
     QEventLoop attesa;
     connect(this, &frmBuffer::nascosta, &attesa, &QEventLoop::quit);
@@ -48,6 +49,10 @@ void frmBuffer::startMe(const QString& buffer, bool modale, QWidget* sopra) {
     raise();
     activateWindow();
     if (modale) attesa.exec();
+}
+
+QWidget* frmBuffer::sotto() const {
+    return mSotto != nullptr && mSotto->isVisible() ? mSotto.data() : nullptr;
 }
 
 void frmBuffer::hideEvent(QHideEvent* evento) {

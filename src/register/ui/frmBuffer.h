@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 
 class QPlainTextEdit;
 
@@ -13,6 +14,8 @@ class frmBuffer : public QDialog {
     // Shows the text in front of that window; modally it returns when the form was closed. A form that is up
     // already comes up anew, since there is one for the whole program.
     void startMe(const QString& buffer, bool modale, QWidget* sopra);
+    // The window that it was shown in front of last, while that one is seen.
+    QWidget* sotto() const;
 
   signals:
     void nascosta();
@@ -22,6 +25,7 @@ class frmBuffer : public QDialog {
 
   private:
     QPlainTextEdit* txtBuffer;
+    QPointer<QWidget> mSotto;
 };
 
 // The one form of the program, left loaded.

@@ -27,7 +27,7 @@ QCheckBox* spunta(const QString& testo, const char* nome, QWidget* genitore) {
 QTableWidget* elencoSenzaScontrino(QWidget* genitore) {
     auto* elenco = new QTableWidget(0, 3, genitore);
     elenco->setObjectName("lswSenzaScontrino");
-    elenco->setAccessibleName("Vendite senza scontrino");
+    elenco->setAccessibleName("Vendite da controllare");
     elenco->setHorizontalHeaderLabels({"Ora", "Vendita", "Motivo"});
     elenco->verticalHeader()->hide();
     elenco->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -165,12 +165,12 @@ void frmRegCassa::aggiungiRiga(const QString& riga, int tolte) {
 void frmRegCassa::aggiornaMancanti() {
     if (!isVisible()) return;
     const auto voci = mCollegamento.scontrini.voci();
-    lblSenzaScontrino->setText("Vendite senza scontrino dall'avvio: " + QString::number(voci.size()));
+    lblSenzaScontrino->setText("Vendite da controllare dall'avvio: " + QString::number(voci.size()));
     lswSenzaScontrino->setRowCount(static_cast<int>(voci.size()));
     int riga = 0;
     for (const RegistroScontrini::Voce& voce : voci) {
         int colonna = 0;
-        for (const QString& testo : {voce.ora.toString("HH:mm:ss"), voce.vendita, descrizione(voce)}) {
+        for (const QString& testo : {voce.ora.toString("dd/MM HH:mm:ss"), voce.vendita, descrizione(voce)}) {
             auto* cella = new QTableWidgetItem(testo);
             cella->setToolTip(testo);
             lswSenzaScontrino->setItem(riga, colonna++, cella);

@@ -9,8 +9,8 @@ class QPlainTextEdit;
 class QPushButton;
 class QTableWidget;
 
-// The monitor of the register's link: what goes over the wire, the switches of the link, and the sales that
-// have no receipt. Its close box hides it: the link lives on.
+// The monitor of the register's link: what goes over the wire, the switches of the link, and the sales whose
+// receipt is missing or may be wrong. Its close box hides it: the link lives on.
 class frmRegCassa : public QWidget {
     Q_OBJECT
   public:
