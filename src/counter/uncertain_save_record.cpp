@@ -52,11 +52,13 @@ QJsonObject jsonDi(const SalvataggioIncerto& s) {
             {"cancellate", jsonDi(s.righe.cancellate)},
             {"mutate", mutate},
             {"nuove", nuove},
+            {"parte", static_cast<int>(s.parte)},
             {"schermo", QJsonArray::fromStringList(s.schermo)}};
 }
 
 SalvataggioIncerto salvataggioDa(const QJsonObject& o) {
     SalvataggioIncerto s{o["movimento"].toInt(), o["extraProg"].toInt(), colonneDa(o["testata"]), {}, {}};
+    s.parte = static_cast<SalvataggioIncerto::Parte>(o["parte"].toInt());
     s.righe.note = chiaviDa(o["note"]);
     s.righe.cancellate = chiaviDa(o["cancellate"]);
     const QJsonObject mutate = o["mutate"].toObject();

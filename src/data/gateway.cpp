@@ -187,6 +187,7 @@ bool cAdoSqlServer::esegui(const QString& sql, Recordset* righe) {
 
 void cAdoSqlServer::segnala(const QString& operazione, const QString& sorgente, const QString& dettagli) {
     if (mErrore.classe == ErroreServer::Classe::Nessuno) return;
+    mErroreAnnotato = true;
     segnalaErrore(comeErrore(mErrore), mNomeClasse, operazione + " -> " + sorgente,
                   decodificaTestoSQL(dettagli));
 }
@@ -205,5 +206,6 @@ void cAdoSqlServer::segnalaIntegrita(bool conSpiegazione) {
     if (conSpiegazione) righe.append(testoIntegritaSpiegazione);
     righe << ""
           << "[Messaggio Originale]:" << mErrore.descrizione;
+    mErroreAnnotato = false;
     gErr.mostraMessaggio(righe.join('\n'), OperatorPort::Icona::Informazione);
 }

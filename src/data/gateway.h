@@ -58,6 +58,8 @@ class cAdoSqlServer {
     bool transazioneFallita() const { return mInTransazione && mTransazioneFallita; }
     // Of the last operation; of no class when it went well.
     const ErroreServer& ultimoErrore() const { return mErrore; }
+    // Whether it was reported, and stands in the log: a box about the integrity of the data leaves no trace.
+    bool erroreAnnotato() const { return mErroreAnnotato; }
 
     QString getStrConnection() const { return mStrConnection; }
     QString getSQLSeparator() const;
@@ -147,6 +149,7 @@ class cAdoSqlServer {
     QString mUltimoSQL;
     QString mStrConnection;
     QString mAppName;
+    bool mErroreAnnotato = false;
     bool mInTransazione = false;
     bool mTransazioneFallita = false;
     bool mCommitIgnoto = false;

@@ -134,8 +134,7 @@ bool leggiResto(Vendita& v, int idMovimento, Cancellazione& c) {
 bool comeNeiLibri(Vendita& v, int idMovimento) {
     const std::set<int> righe = righeRegistrate(v.flxVB);
     const auto vendita = leggiVenditaNeiLibri(idMovimento, righe);
-    return vendita && registrazioniComeSulloSchermo(v, *vendita) &&
-           righeComeSulloSchermo(v.flxVB, *vendita, righe);
+    return vendita && riprendiRegistrazioni(v, *vendita) && righeComeSulloSchermo(v.flxVB, *vendita, righe);
 }
 
 // Everything between begin and commit; false: roll back.
@@ -158,10 +157,14 @@ bool cancellaInTransazione(Vendita& v, int idMovimento) {
     if (!gAdo.beginTrasaction(transazione())) return false;
     const Clessidra clessidra(v.schermo.operatore());
     const QString totale = v.lblTotConto.testo();
+    const int documento = v.idPrimaNota;
+    const int incasso = v.idPNPagamento;
     const bool tolta = protetto(
         gNomeModulo, "cancellaVendita", [&] { return togliDaiLibri(v, idMovimento); }, false);
     if (tolta && gAdo.commitTrasaction(transazione())) return true;
     v.lblTotConto.testo(totale);
+    v.idPrimaNota = documento;
+    v.idPNPagamento = incasso;
     if (tolta && gAdo.commitDiEsitoIgnoto()) return dopoCancellazionePersa(v, idMovimento);
     if (gAdo.inTransazione()) gAdo.rollbackTrasaction(transazione());
     return false;
@@ -178,8 +181,9 @@ bool salvataggioChiarito(Vendita& v) {
         return false;
     }
     v.salvataggioIncerto.reset();
-    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, esito == EsitoCommit::Registrato);
-    if (esito == EsitoCommit::NonRegistrato) return true;
+    const bool registrato = esito == EsitoCommit::Registrato && salvataggio.conRighe();
+    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, registrato);
+    if (!registrato) return true;
     showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
     operatore.messaggio(QString(testoGiaSalvata).arg(v.numero()), Icona::Esclamazione);
     return false;

@@ -98,7 +98,7 @@ QString colonneDaLeggere(const RigheSalvate& s) {
     return "RID";
 }
 
-std::optional<bool> righeRegistrate(const SalvataggioIncerto& s) {
+std::optional<bool> dettagliRegistrati(const SalvataggioIncerto& s) {
     const Lettura righe("SELECT " + colonneDaLeggere(s.righe) +
                             " FROM DettagliMovimento WHERE FK_MOVIMENTO = " + QString::number(s.idMovimento) +
                             " AND EXTRAPROG = " + QString::number(s.extraProg),
@@ -144,11 +144,7 @@ QStringList descriviSchermo(const Vendita& v) {
 EsitoCommit cercaSalvataggio(OperatorPort& operatore, const SalvataggioIncerto& s) {
     return cercaDopoCommitPerso(operatore, sorgente(), [&s]() -> std::optional<bool> {
         const std::optional<bool> testata = testataRegistrata(s);
-        if (testata != true) return testata;
-        return righeRegistrate(s);
+        if (testata != true || !s.conRighe()) return testata;
+        return dettagliRegistrati(s);
     });
-}
-
-EsitoCommit cercaTestata(OperatorPort& operatore, const SalvataggioIncerto& s) {
-    return cercaDopoCommitPerso(operatore, sorgente(), [&s] { return testataRegistrata(s); });
 }

@@ -11,7 +11,6 @@ RigheSalvate descriviRighe(const Vendita& v, int idMovimento, int extraProg, boo
 QStringList descriviSchermo(const Vendita& v);
 
 // Whether the save is in the books: each column that it wrote holds what it wrote, but for the stock's cost
-// layers. Reads Movimenti and DettagliMovimento.
+// layers. Of one that an error has cut short, what it had written by then. Reads Movimenti and
+// DettagliMovimento.
 EsitoCommit cercaSalvataggio(OperatorPort& operatore, const SalvataggioIncerto& salvataggio);
-// The same of the header alone.
-EsitoCommit cercaTestata(OperatorPort& operatore, const SalvataggioIncerto& salvataggio);

@@ -1,88 +1,152 @@
 #include "postings/missing_references.h"
 
-#include <vector>
+#include <map>
+#include <set>
 
 #include <QStringList>
 
 #include "core/errors.h"
 #include "core/globals.h"
 #include "data/gateway.h"
+#include "data/prepare_sql.h"
+#include "postings/post_accounts.h"
 #include "postings/save_state.h"
+#include "postings/stored_row.h"
 #include "sale/vendita.h"
 
 namespace {
 
-const char* const testoMancanti =
-    "La vendita non è stata salvata. Nell'archivio non c'è più:%1\n"
-    "La vendita è ancora sullo schermo: correggerla e salvarla di nuovo.";
+using Riferimenti = std::vector<Riferimento>;
+
+const char* const testoMancanti = "La vendita non è stata salvata. Nell'archivio non c'è più:%1\n";
+const char* const testoCorreggere = "La vendita è ancora sullo schermo: correggerla e salvarla di nuovo.";
+const char* const testoCompletare =
+    "La vendita è ancora sullo schermo: si potrà salvare quando l'archivio sarà stato completato.";
 const char* const testoRifiuto =
     "La vendita non è stata salvata: qualcosa a cui si riferisce non è più nell'archivio.\n"
     "La vendita è ancora sullo schermo e si può salvare di nuovo.";
 
-// What a row of the sale points to, in the shop's words.
-struct Riferimento {
-    const char* tabella;
-    int chiave;
-    QString nome;
-};
+const char* const tabellaCausali = "Causali";
+
+QString sorgente() {
+    return gNomeModulo + ".salvaVendita";
+}
 
 QString traParentesi(const QString& nome, const QString& valore) {
     return valore.isEmpty() ? nome : nome + " [" + valore + "]";
 }
 
-std::vector<Riferimento> dellaTestata(const Vendita& v, const Documento& d) {
+Riferimenti dellaTestata(const Vendita& v, const Documento& d) {
     return {{"Anagrafiche", d.trasferimento ? -1 : v.cliente(),
              traParentesi("il cliente", v.lblDescCliente.testo())},
-            {"Pagamenti", v.idPagamento, "il pagamento della vendita"},
-            {"TipoDocumenti", d.tipo, traParentesi("il tipo di documento", v.descTipoDocumento)},
-            {"Magazzini", v.magazzinoOrigine, "il magazzino da cui parte la merce"},
-            {"Magazzini", v.magazzinoDestinazione, "il magazzino a cui va la merce"}};
+            {"Pagamenti", v.idPagamento, "il pagamento della vendita", false},
+            {"TipoDocumenti", d.tipo, traParentesi("il tipo di documento", v.descTipoDocumento), false},
+            {"Magazzini", v.magazzinoOrigine, "il magazzino da cui parte la merce", false},
+            {"Magazzini", v.magazzinoDestinazione, "il magazzino a cui va la merce", false},
+            {tabellaCausali, siRegistra(v, d.trasferimento) ? v.mCausaleDoc : -1, "la causale del documento",
+             false},
+            {tabellaCausali, siIncassa(v, d.trasferimento, d.conversione) ? v.idCausalePagamento : -1,
+             "la causale dell'incasso", false}};
 }
 
-std::vector<Riferimento> dellaRiga(const FlexVB& g, int r) {
+Riferimenti dellaRiga(const FlexVB& g, int r) {
     const auto cella = [&](Colonna colonna) { return g.cella(r, colonna); };
     const QString prodotto =
-        " del prodotto [" + cella(Colonna::Codice) + " - " + cella(Colonna::Descrizione) + "]";
-    return {{"Prodotti", g.chiave(r, Colonna::IdProdotto),
-             "il prodotto [" + cella(Colonna::Codice) + " - " + cella(Colonna::Descrizione) + "]"},
+        "prodotto [" + cella(Colonna::Codice) + " - " + cella(Colonna::Descrizione) + "]";
+    return {{"Prodotti", g.chiave(r, Colonna::IdProdotto), "il " + prodotto},
             {"Iva", g.chiave(r, Colonna::IdIva),
-             traParentesi("l'aliquota IVA", cella(Colonna::CodIva)) + prodotto},
+             traParentesi("l'aliquota IVA", cella(Colonna::CodIva)) + " del " + prodotto},
             {"UnitaMisura", g.chiave(r, Colonna::IdUm),
-             traParentesi("l'unità di misura", cella(Colonna::Um)) + prodotto},
+             traParentesi("l'unità di misura", cella(Colonna::Um)) + " del " + prodotto},
             {"Venditori", g.chiave(r, Colonna::IdVenditore),
              traParentesi("il venditore", cella(Colonna::DescVenditore))}};
 }
 
-bool manca(const Riferimento& riferimento) {
-    if (riferimento.chiave < 1) return false;
-    const Lettura lettura("SELECT RID FROM " + QString(riferimento.tabella) +
-                              " WHERE RID = " + QString::number(riferimento.chiave),
-                          gNomeModulo + ".salvaVendita");
-    return lettura && !lettura.trovata();
+void aggiungi(Riferimenti& tutti, const Riferimenti& altri) {
+    for (const Riferimento& altro : altri) {
+        if (altro.chiave > 0) tutti.push_back(altro);
+    }
 }
 
-void aggiungiMancanti(const std::vector<Riferimento>& riferimenti, QStringList& nomi) {
-    for (const Riferimento& riferimento : riferimenti) {
-        if (!nomi.contains(riferimento.nome) && manca(riferimento)) nomi << riferimento.nome;
+std::set<int> chiaviDella(const Riferimenti& riferimenti, const QString& tabella) {
+    std::set<int> chiavi;
+    for (const Riferimento& r : riferimenti) {
+        if (r.tabella == tabella) chiavi.insert(r.chiave);
     }
+    return chiavi;
+}
+
+// What a causal books to is written nowhere on the sale.
+Riferimenti contiDelleCausali(const std::set<int>& causali) {
+    Riferimenti conti;
+    if (causali.empty()) return conti;
+    const Lettura lettura(
+        "SELECT DESCRIZIONE, FK_CONTODARE1, FK_CONTODARE2, FK_CONTOAVERE1, FK_CONTOAVERE2 FROM Causali "
+        "WHERE RID IN (" +
+            elencoChiavi(causali) + ")",
+        sorgente());
+    for (; lettura && !lettura->eof(); lettura->moveNext()) {
+        const QString nome = traParentesi("un conto della causale", lettura->testo("DESCRIZIONE"));
+        for (const char* conto : {"FK_CONTODARE1", "FK_CONTODARE2", "FK_CONTOAVERE1", "FK_CONTOAVERE2"})
+            aggiungi(conti, {{"PianoConti", lettura->intero(conto), nome, false}});
+    }
+    return conti;
+}
+
+// Of these keys the ones that no row has; none when that could not be read.
+std::set<int> mancanti(const QString& tabella, std::set<int> chiavi) {
+    const Lettura lettura("SELECT RID FROM " + tabella + " WHERE RID IN (" + elencoChiavi(chiavi) + ")",
+                          sorgente());
+    if (!lettura) return {};
+    for (; !lettura->eof(); lettura->moveNext())
+        chiavi.erase(lettura->intero("RID"));
+    return chiavi;
+}
+
+Riferimenti mancanti(const Riferimenti& riferimenti) {
+    std::map<QString, std::set<int>> assenti;
+    Riferimenti tutti;
+    for (const Riferimento& r : riferimenti) {
+        const auto [tabella, nuova] = assenti.try_emplace(r.tabella);
+        if (nuova) tabella->second = mancanti(r.tabella, chiaviDella(riferimenti, r.tabella));
+        if (tabella->second.contains(r.chiave)) tutti.push_back(r);
+    }
+    return tutti;
+}
+
+// An insert is logged by the gateway, any other statement is not.
+void annotaRifiuto() {
+    if (gAdo.erroreAnnotato()) return;
+    const ErroreServer& e = gAdo.ultimoErrore();
+    gErr.annotaErrore(RunTimeError(e.codice, e.descrizione, e.origine), gNomeModulo, "salvaVendita",
+                      "SQL=" + decodificaTestoSQL(gAdo.getLastSQLCommand()));
 }
 
 }  // namespace
 
-bool riferimentoRifiutato() {
+std::optional<Riferimenti> riferimentiRifiutati(const Vendita& v, const Documento& d) {
     if (!gAdo.transazioneFallita() || gAdo.ultimoErrore().classe != ErroreServer::Classe::Integrita)
-        return false;
+        return std::nullopt;
+    annotaRifiuto();
     gErr.ritiraUltimoDialogo();
-    return true;
+    Riferimenti tutti;
+    aggiungi(tutti, dellaTestata(v, d));
+    for (int r = 1; r <= v.flxVB.ultima(); ++r) {
+        if (v.flxVB.viva(r)) aggiungi(tutti, dellaRiga(v.flxVB, r));
+    }
+    return tutti;
 }
 
-void spiegaRiferimentiMancanti(const Vendita& v, const Documento& d) {
+void spiegaRiferimentiMancanti(Riferimenti riferimenti) {
+    aggiungi(riferimenti, contiDelleCausali(chiaviDella(riferimenti, tabellaCausali)));
     QStringList nomi;
-    aggiungiMancanti(dellaTestata(v, d), nomi);
-    for (int r = 1; r <= v.flxVB.ultima(); ++r) {
-        if (v.flxVB.viva(r)) aggiungiMancanti(dellaRiga(v.flxVB, r), nomi);
+    bool correggibile = true;
+    for (const Riferimento& r : mancanti(riferimenti)) {
+        if (!nomi.contains(r.nome)) nomi << r.nome;
+        correggibile = correggibile && r.dellaVendita;
     }
-    const QString testo =
-        nomi.isEmpty() ? QString(testoRifiuto) : QString(testoMancanti).arg("\n - " + nomi.join("\n - "));
+    const QString testo = nomi.isEmpty() ? QString(testoRifiuto)
+                                         : QString(testoMancanti).arg("\n - " + nomi.join("\n - ")) +
+                                               (correggibile ? testoCorreggere : testoCompletare);
     gErr.mostraMessaggio(testo, OperatorPort::Icona::Esclamazione);
 }

@@ -1,12 +1,26 @@
 #pragma once
 
+#include <optional>
+#include <vector>
+
+#include <QString>
+
 struct Documento;
 struct Vendita;
 
 // A server refuses a row that refers to something that is no more: a customer, a product, ... In its own
 // words that is of no use at a counter.
 
-// Inside the failed transaction: whether it was for that. The server's words are then left to the log.
-bool riferimentoRifiutato();
-// After the rollback: tells which of the things that the sale refers to are gone.
-void spiegaRiferimentiMancanti(const Vendita& v, const Documento& d);
+// What a row of the books points to, in the shop's words.
+struct Riferimento {
+    const char* tabella;
+    int chiave;  // below 1: none
+    QString nome;
+    bool dellaVendita = true;  // another can be chosen on the screen; false: only the archive can be mended
+};
+
+// Inside the failed transaction, before the screen is put back: when it failed for that, what the save
+// referred to. The server's words and the statement are then left to the log.
+std::optional<std::vector<Riferimento>> riferimentiRifiutati(const Vendita& v, const Documento& d);
+// After the rollback: tells which of these are gone, and of the causals' accounts.
+void spiegaRiferimentiMancanti(std::vector<Riferimento> riferimenti);

@@ -36,20 +36,15 @@ int registra(const RegistrazionePN& r, const DocumentoContabile& d, const char* 
 }
 
 int registraDocumento(Vendita& v, const DocumentoContabile& d) {
-    if (!v.generaPN || d.trasferimento || v.cliente() <= 0) return 0;
+    if (!siRegistra(v, d.trasferimento)) return 0;
     RegistrazionePN r = registrazione(v, d);
     r.idPrimaNota = v.idPrimaNota;
     r.idCausale = v.mCausaleDoc;
     return registra(r, d, "FK_PrimaNota", v.idPrimaNota);
 }
 
-bool incassata(const Vendita& v, const DocumentoContabile& d) {
-    const bool pagata = v.chkPagato.valore() == 1 || v.cliente() == gClientePredefinito;
-    return !d.trasferimento && pagata && (!d.conversione || v.idPagamento == gPagamentoVB);
-}
-
 bool registraIncasso(Vendita& v, const DocumentoContabile& d) {
-    if (!incassata(v, d)) return true;
+    if (!siIncassa(v, d.trasferimento, d.conversione)) return true;
     RegistrazionePN r = registrazione(v, d);
     r.descrizione.prepend("Incasso ");
     r.idPrimaNota = v.idPNPagamento;
@@ -66,6 +61,15 @@ bool scadenzia(Vendita& v, const DocumentoContabile& d, int registrazioneDocumen
 }
 
 }  // namespace
+
+bool siRegistra(const Vendita& v, bool trasferimento) {
+    return v.generaPN && !trasferimento && v.cliente() > 0;
+}
+
+bool siIncassa(const Vendita& v, bool trasferimento, bool conversione) {
+    const bool pagata = v.chkPagato.valore() == 1 || v.cliente() == gClientePredefinito;
+    return !trasferimento && pagata && (!conversione || v.idPagamento == gPagamentoVB);
+}
 
 bool registraContabilita(Vendita& v, const DocumentoContabile& documento) {
     const int registrazioneDocumento = registraDocumento(v, documento);

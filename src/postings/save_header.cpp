@@ -2,7 +2,6 @@
 
 #include "core/format.h"
 #include "core/globals.h"
-#include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "data/gateway.h"
 #include "postings/numbering.h"
@@ -79,8 +78,8 @@ bool riprendiDaiLibri(Vendita& v, const Documento& d) {
     const std::set<int> toccate = righeDaToccare(v.flxVB);
     const auto vendita = leggiVenditaNeiLibri(d.idMovimento, toccate);
     if (!vendita) return false;
-    if (valIntero(v.txtSottoProg.testo()) > 0) {
-        if (!registrazioniComeSulloSchermo(v, *vendita)) return false;
+    if (v.extraProg() > 0) {
+        if (!riprendiRegistrazioni(v, *vendita)) return false;
     } else {
         v.idPrimaNota = vendita->idPrimaNota;
         v.idPNPagamento = vendita->idPNPagamento;

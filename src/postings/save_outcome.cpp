@@ -1,5 +1,7 @@
 #include "postings/save_outcome.h"
 
+#include <algorithm>
+
 #include "core/errors.h"
 #include "core/format.h"
 #include "core/globals.h"
@@ -13,6 +15,7 @@
 namespace {
 
 using Icona = OperatorPort::Icona;
+using Parte = SalvataggioIncerto::Parte;
 
 const char* const testoSalvata =
     "La vendita è stata salvata: N° %1.\n"
@@ -29,9 +32,9 @@ const char* const testoIncerta =
 const char* const testoComeNellArchivio =
     "Il collegamento con il server si era interrotto: si mostra la vendita come è nell'archivio.\n"
     "Controllarla prima di salvarla di nuovo.";
-const char* const testoDaControllare =
-    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
-    "Prima di salvarla di nuovo controllare l'ultima vendita nell'archivio.";
+const char* const testoSparita =
+    "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
+    "La vendita non è stata salvata. Salvarla come nuova vendita?";
 
 // Rows marked for deletion went with their header: there is nothing left of them to delete, nor stock to
 // move.
@@ -43,9 +46,18 @@ void dimenticaCancellate(FlexVB& g) {
     }
 }
 
-const char* const testoSparita =
-    "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
-    "La vendita non è stata salvata. Salvarla come nuova vendita?";
+void mostraTestata(Vendita& v, int idMovimento, int progressivo) {
+    v.lblRID.testo(QString::number(idMovimento));
+    v.txtProg.testo(Format(progressivo, u"0000"));
+}
+
+int progressivoScritto(const SalvataggioIncerto& salvataggio) {
+    const RigaScritta& testata = salvataggio.testata;
+    const auto scritto = std::find_if(testata.begin(), testata.end(), [](const auto& colonna) {
+        return colonna.first == QLatin1String("PROGRESSIVO");
+    });
+    return scritto == testata.end() ? 0 : scritto->second.toInt();
+}
 
 // What stands in the books after an unforeseen error, on the screen: the rows, if they were written, else the
 // header's key and number alone.
@@ -56,26 +68,44 @@ void mostraRimasta(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggi
         return;
     }
     prima.ripristina(v);
-    if (d.idMovimento < 1) return;
-    v.lblRID.testo(QString::number(d.idMovimento));
-    v.txtProg.testo(Format(d.progressivo, u"0000"));
+    if (d.idMovimento > 0) mostraTestata(v, d.idMovimento, d.progressivo);
 }
 
-// What an unforeseen error left written may be a part of the sale. Where the header is as it was written, all
-// of that part is there; where it is not, nothing of the save is.
+// Its sale is looked for before it is saved again.
+void restaIncerto(Vendita& v, SalvataggioIncerto salvataggio) {
+    salvataggio.schermo = descriviSchermo(v);
+    salvataggio.scontrino = gFrmRegCassa().scontrini.salvataggioIncerto();
+    v.salvataggioIncerto = std::move(salvataggio);
+}
+
+// What an unforeseen error left written may be a part of the sale.
 void dopoErroreECommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     OperatorPort& operatore = v.schermo.operatore();
-    const SalvataggioIncerto salvataggio{d.idMovimento, d.extraProg, d.testata, {}, {}};
+    SalvataggioIncerto salvataggio{d.idMovimento, d.extraProg, d.testata, {}, {}};
+    if (d.righeScritte) salvataggio.righe = descriviRighe(v, d.idMovimento, d.extraProg, d.trasferimento);
+    salvataggio.parte = d.righeScritte ? Parte::TestataERighe : Parte::SolaTestata;
     const EsitoCommit esito =
-        d.testata.empty() ? EsitoCommit::NonRegistrato : cercaTestata(operatore, salvataggio);
+        d.testata.empty() ? EsitoCommit::NonRegistrato : cercaSalvataggio(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
         mostraRimasta(v, d, prima);
         operatore.messaggio(d.righeScritte ? testoComeNellArchivio : testoNonSalvata, Icona::Esclamazione);
         return;
     }
     prima.ripristina(v);
-    if (esito == EsitoCommit::Ignoto) gFrmRegCassa().scontrini.salvataggioIncerto();
-    operatore.messaggio(esito == EsitoCommit::Ignoto ? testoDaControllare : testoNonSalvata, Icona::Critica);
+    if (esito == EsitoCommit::Ignoto) restaIncerto(v, std::move(salvataggio));
+    operatore.messaggio(esito == EsitoCommit::Ignoto ? testoIncerta : testoNonSalvata, Icona::Critica);
+}
+
+// The save that was not known of is in the books, and is shown from there: what saving it again answers.
+bool mostraRitrovata(Vendita& v, const SalvataggioIncerto& salvataggio) {
+    const bool immutata = descriviSchermo(v) == salvataggio.schermo;
+    const bool intera = salvataggio.parte == Parte::Tutto;
+    showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
+    if (intera) gVenditaSalvata = true;
+    const QString testo = QString(immutata ? testoSalvata : testoSalvataPrima).arg(v.numero());
+    v.schermo.operatore().messaggio(intera ? testo : QString(testoComeNellArchivio),
+                                    intera && immutata ? Icona::Informazione : Icona::Esclamazione);
+    return intera && immutata;
 }
 
 }  // namespace
@@ -110,11 +140,7 @@ bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvatag
         return true;
     }
     prima.ripristina(v);
-    salvataggio.schermo = descriviSchermo(v);
-    if (esito == EsitoCommit::Ignoto) {
-        salvataggio.scontrino = gFrmRegCassa().scontrini.salvataggioIncerto();
-        v.salvataggioIncerto = std::move(salvataggio);
-    }
+    if (esito == EsitoCommit::Ignoto) restaIncerto(v, std::move(salvataggio));
     operatore.messaggio(esito == EsitoCommit::Ignoto ? testoIncerta : testoNonSalvata, Icona::Critica);
     return false;
 }
@@ -129,14 +155,11 @@ std::optional<bool> riprendiSalvataggio(Vendita& v) {
     }
     const SalvataggioIncerto salvataggio = *v.salvataggioIncerto;
     v.salvataggioIncerto.reset();
-    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, esito == EsitoCommit::Registrato);
-    if (esito == EsitoCommit::NonRegistrato) return std::nullopt;
-    const bool immutata = descriviSchermo(v) == salvataggio.schermo;
-    showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
-    gVenditaSalvata = true;
-    operatore.messaggio(QString(immutata ? testoSalvata : testoSalvataPrima).arg(v.numero()),
-                        immutata ? Icona::Informazione : Icona::Esclamazione);
-    return immutata;
+    const bool registrato = esito == EsitoCommit::Registrato;
+    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, registrato && salvataggio.conRighe());
+    if (registrato && salvataggio.conRighe()) return mostraRitrovata(v, salvataggio);
+    if (registrato) mostraTestata(v, salvataggio.idMovimento, progressivoScritto(salvataggio));
+    return std::nullopt;
 }
 
 bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {

@@ -46,14 +46,6 @@ bool scriviNeiLibri(Vendita& v, Documento& d) {
     return contabilizza(v, d);
 }
 
-// A row that was taken away before it was ever saved is nothing to save.
-bool haElementi(const FlexVB& g) {
-    for (int r = 1; r <= g.ultima(); ++r) {
-        if (g.viva(r) || g.chiave(r, Colonna::Rid) > 0) return true;
-    }
-    return false;
-}
-
 bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
                         const StatoPrimaDelSalvataggio& prima) {
     if (!gAdo.beginTrasaction(".saveRecord" + gNomeModulo)) {
@@ -67,10 +59,10 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
         d.data = conversione ? orologio().oggi() : v.giorno();
         d.tipo = conversione ? tipoDocumento : gTipoDocVb;
         if (!scriviNeiLibri(v, d)) {
-            const bool riferimento = riferimentoRifiutato();
+            const auto riferimenti = riferimentiRifiutati(v, d);
             prima.ripristina(v);
             gAdo.rollbackTrasaction(transazioneSalvataggio());
-            if (riferimento) spiegaRiferimentiMancanti(v, d);
+            if (riferimenti) spiegaRiferimentiMancanti(*riferimenti);
             return d.testataSparita && diventaNuova(v, d) &&
                    salvaInTransazione(v, conversione, tipoDocumento, StatoPrimaDelSalvataggio(v));
         }
@@ -90,7 +82,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
 }  // namespace
 
 bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
-    if (!haElementi(v.flxVB)) {
+    if (!v.flxVB.haElementi()) {
         v.schermo.operatore().messaggio(
             "Attenzione! non vi è nessun elemento da salvare.\nAggiungere almeno un prodotto",
             Icona::Informazione);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/errors.h"
 #include "core/globals.h"
 #include "core/numbers.h"
 #include "core/value_helpers.h"
@@ -11,6 +12,10 @@
 #include "sale/vendita.h"
 
 namespace {
+
+const char* const testoGiaIncassata =
+    "Il documento è già stato incassato da un'altra cassa, dopo che la vendita è stata richiamata.\n"
+    "Richiamarla e ripetere l'operazione.";
 
 QString sorgente() {
     return gNomeModulo + ".leggiVenditaNeiLibri";
@@ -35,6 +40,13 @@ bool stessoTaglio(const FlexVB& g, int r, const RigaNeiLibri& riga) {
 bool comeSulloSchermo(const FlexVB& g, int r, const RigaNeiLibri& riga) {
     return std::max(g.chiave(r, Colonna::IdProdotto), 0) == riga.idProdotto && stessaQuantita(g, r, riga) &&
            stessoTaglio(g, r, riga);
+}
+
+// The customer of an account pays once, for all of it. Who ticks it as paid without knowing that it was
+// collected would take the money a second time; at the till each sale is paid by itself.
+bool pagataDiNuovo(const Vendita& v, const VenditaNeiLibri& vendita) {
+    return v.idPNPagamento < 1 && vendita.idPNPagamento > 0 && v.chkPagato.valore() == 1 &&
+           v.cliente() != gClientePredefinito;
 }
 
 template <class Quali>
@@ -92,11 +104,18 @@ bool righeComeSulloSchermo(FlexVB& griglia, const VenditaNeiLibri& vendita, cons
     return true;
 }
 
-bool registrazioniComeSulloSchermo(const Vendita& v, const VenditaNeiLibri& vendita) {
-    const auto stessa = [](int a, int b) { return a == b || (a < 1 && b < 1); };
-    if (vendita.presente && stessa(v.idPrimaNota, vendita.idPrimaNota) &&
-        stessa(v.idPNPagamento, vendita.idPNPagamento))
-        return true;
-    avvisaCambiata();
-    return false;
+bool riprendiRegistrazioni(Vendita& v, const VenditaNeiLibri& vendita) {
+    const auto ripresa = [](int schermo, int libri) { return schermo < 1 || schermo == libri; };
+    if (!vendita.presente || !ripresa(v.idPrimaNota, vendita.idPrimaNota) ||
+        !ripresa(v.idPNPagamento, vendita.idPNPagamento)) {
+        avvisaCambiata();
+        return false;
+    }
+    if (pagataDiNuovo(v, vendita)) {
+        gErr.mostraMessaggio(testoGiaIncassata, OperatorPort::Icona::Esclamazione);
+        return false;
+    }
+    v.idPrimaNota = vendita.idPrimaNota;
+    v.idPNPagamento = vendita.idPNPagamento;
+    return true;
 }

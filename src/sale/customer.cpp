@@ -88,7 +88,7 @@ bool apreNuovoConto(Vendita& v, const QString& domanda, const QString& codice) {
 
 // Rows rung up before the customer was named would go when another document takes their place.
 bool lasciaLeRighe(Vendita& v) {
-    if (!v.venditaModificata || v.flxVB.righe() <= 1) return true;
+    if (!v.venditaModificata || !v.flxVB.haElementi()) return true;
     return v.schermo.operatore().chiedeSi(
         "Le righe già battute non sono state salvate e andrebbero perse.\n"
         "Mostrare comunque il documento esistente?",

@@ -91,6 +91,13 @@ int FlexVB::chiave(int numero, Colonna colonna) const {
     return valIntero(cella(numero, colonna));
 }
 
+bool FlexVB::haElementi() const {
+    for (int r = 1; r <= ultima(); ++r) {
+        if (viva(r) || chiave(r, Colonna::Rid) > 0) return true;
+    }
+    return false;
+}
+
 int FlexVB::inserisci(int posto, Riga nuova) {
     nuova.revisione = ++mRevisione;
     beginInsertRows({}, posto - 1, posto - 1);

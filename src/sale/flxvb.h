@@ -99,6 +99,8 @@ class FlexVB final : public QAbstractTableModel {
     int chiave(int riga, Colonna colonna) const;
     int gestione(int numero) const { return riga(numero).gestione; }
     bool viva(int riga) const { return gestione(riga) != RigaCancellata; }
+    // Whether there is anything to save: a row that was taken away before it was ever saved is nothing.
+    bool haElementi() const;
 
     // A number that a row has from the last write to its cells on; never 0, and never given twice.
     quint64 revisione(int numero) const { return riga(numero).revisione; }

@@ -21,10 +21,16 @@ struct RigheSalvate {
 // A save of which nobody knows whether it is in the books: the answer to its commit was lost. Told in such a
 // way that the books can be asked.
 struct SalvataggioIncerto {
+    // An unforeseen error ends a save with a commit of what it had written by then.
+    enum class Parte { Tutto, TestataERighe, SolaTestata };
+
     int idMovimento = 0;  // key of the Movimenti row
     int extraProg = 0;
     RigaScritta testata;  // of the Movimenti row
     RigheSalvate righe;
     QStringList schermo;  // the sale as it stood on the screen behind the save
     int scontrino = 0;    // the save's number in the list of sales without a receipt; 0: none
+    Parte parte = Parte::Tutto;
+
+    bool conRighe() const { return parte != Parte::SolaTestata; }
 };

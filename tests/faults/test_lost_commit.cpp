@@ -196,23 +196,29 @@ INSTANTIATE_TEST_SUITE_P(Each, LostCommitOfOneColumn, testing::ValuesIn(cambiame
 class LostCommitBehindAnError : public LostCommit {
   protected:
     void salvaConErrore(Guasto guasto, const QString& messaggio, Icona icona,
-                        const QString& istruzione = "UPDATE Movimenti") {
+                        const QString& istruzione = "UPDATE Movimenti", bool restaInterrotta = false) {
         sondaIstruzioni() = [=, fatto = false](const QString& sql) mutable -> std::optional<ErroreServer> {
             if (sql.startsWith(istruzione) && !std::exchange(fatto, true))
                 throw RunTimeError(RunTimeError::Overflow);
             return std::nullopt;
         };
         n->operatore.attendiAvviso("bBottegonClientVB.salvaVendita");
-        salvaCon(guasto, false, messaggio, icona);
+        salvaCon(guasto, restaInterrotta, messaggio, icona);
         sondaIstruzioni() = {};
+    }
+    void salvaNelBuioConErrore(Guasto guasto, const QString& istruzione = "UPDATE Movimenti") {
+        salvaConErrore(guasto, incerta, Icona::Critica, istruzione, true);
+        EXPECT_EQ(schermata(vendita()), prima);
+        linea.ripristina();
     }
 };
 
+const char* const comeNellArchivio =
+    "Il collegamento con il server si era interrotto: si mostra la vendita come è nell'archivio.\n"
+    "Controllarla prima di salvarla di nuovo.";
+
 TEST_F(LostCommitBehindAnError, ThatReachedTheServerIsShownAsItIsInTheBooks) {
-    salvaConErrore(Guasto::DopoIlCommit,
-                   "Il collegamento con il server si era interrotto: si mostra la vendita come è "
-                   "nell'archivio.\nControllarla prima di salvarla di nuovo.",
-                   Icona::Esclamazione);
+    salvaConErrore(Guasto::DopoIlCommit, comeNellArchivio, Icona::Esclamazione);
     EXPECT_EQ(n->conta("Movimenti"), 1);
     EXPECT_EQ(vendita().lblRID.testo(), n->valore("SELECT RID FROM Movimenti"));
     EXPECT_EQ(vendita().flxVB.gestione(2), RigaInvariata);
@@ -234,6 +240,27 @@ TEST_F(LostCommitBehindAnError, BeforeTheRowsKeepsThemUnderTheHeaderThatIsThere)
 TEST_F(LostCommitBehindAnError, ThatDidNotReachTheServerCanBeSavedAgain) {
     salvaConErrore(Guasto::PrimaDelCommit, nonSalvata, Icona::Critica);
     EXPECT_EQ(schermata(vendita()), prima);
+    nienteEPoiSalvata();
+}
+
+TEST_F(LostCommitBehindAnError, ThatWasLeftOpenIsShownInsteadOfSavedAgain) {
+    salvaNelBuioConErrore(Guasto::DopoIlCommit);
+    n->operatore.attendiMessaggio(comeNellArchivio, Icona::Esclamazione);
+    salva();
+    EXPECT_TRUE(n->operatore.esaurito());
+    EXPECT_EQ(n->conta("Movimenti"), 1);
+    EXPECT_EQ(n->conta("DettagliMovimento"), 2);
+    EXPECT_EQ(vendita().flxVB.gestione(2), RigaInvariata);
+}
+
+TEST_F(LostCommitBehindAnError, BeforeTheRowsAndLeftOpenIsSavedUnderTheHeaderThatIsThere) {
+    salvaNelBuioConErrore(Guasto::DopoIlCommit, "SELECT MAX(EXTRAPROG)");
+    salva();
+    venditaNeiLibri();
+}
+
+TEST_F(LostCommitBehindAnError, ThatWasLeftOpenAndIsMissingIsSaved) {
+    salvaNelBuioConErrore(Guasto::PrimaDelCommit);
     nienteEPoiSalvata();
 }
 

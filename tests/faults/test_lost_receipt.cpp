@@ -23,6 +23,21 @@ class LostReceipt : public NegozioGuasto {
         impostaFrmRegCassa(nullptr);
     }
 
+    // The first statement about the written header ends in an error.
+    void guastaLaTestata() {
+        sondaIstruzioni() = [fatto = false](const QString& sql) mutable -> std::optional<ErroreServer> {
+            if (sql.startsWith("UPDATE Movimenti") && !std::exchange(fatto, true))
+                throw RunTimeError(RunTimeError::Overflow);
+            return std::nullopt;
+        };
+        n->operatore.attendiAvviso("bBottegonClientVB.salvaVendita");
+    }
+    void attendiComeNellArchivio() {
+        n->operatore.attendiMessaggio(
+            "Il collegamento con il server si era interrotto: si mostra la vendita "
+            "come è nell'archivio.\nControllarla prima di salvarla di nuovo.",
+            Icona::Esclamazione);
+    }
     void salvaNelBuio(Guasto guasto) {
         linea.guasta(guasto, true);
         n->operatore.attendiMessaggio(
@@ -65,7 +80,7 @@ class LostReceipt : public NegozioGuasto {
 
 TEST_F(LostReceipt, OfASaleThatIsFoundIsOffTheList) {
     presa->apri();
-    salvaNelBuio(Guasto::DopoIlCommit);
+    ASSERT_NO_FATAL_FAILURE(salvaNelBuio(Guasto::DopoIlCommit));
     EXPECT_EQ(elenco(), QStringList{"in attesa del registratore, salvataggio incerto"});
     stampa();
     EXPECT_EQ(elenco(), QStringList{"scontrino stampato, salvataggio incerto"});
@@ -75,7 +90,7 @@ TEST_F(LostReceipt, OfASaleThatIsFoundIsOffTheList) {
 
 TEST_F(LostReceipt, OfASaleThatIsMissingIsOneTooMany) {
     presa->apri();
-    salvaNelBuio(Guasto::PrimaDelCommit);
+    ASSERT_NO_FATAL_FAILURE(salvaNelBuio(Guasto::PrimaDelCommit));
     stampa();
     salva();
     stampa();
@@ -84,7 +99,7 @@ TEST_F(LostReceipt, OfASaleThatIsMissingIsOneTooMany) {
 }
 
 TEST_F(LostReceipt, NeverHandedOverIsMissingOnceTheSaleIsFound) {
-    salvaNelBuio(Guasto::DopoIlCommit);
+    ASSERT_NO_FATAL_FAILURE(salvaNelBuio(Guasto::DopoIlCommit));
     EXPECT_EQ(elenco(), QStringList{"registratore scollegato, salvataggio incerto"});
     salvaERitrova();
     EXPECT_EQ(elenco(), QStringList{"registratore scollegato"});
@@ -96,7 +111,7 @@ TEST_F(LostReceipt, OfASaleThatIsFoundBeforeItsDeletionIsOffTheList) {
     stampa();
     n->prodotto({.codice = "C", .listino1 = 1});
     vendi(*conto, "C");
-    salvaNelBuio(Guasto::DopoIlCommit);
+    ASSERT_NO_FATAL_FAILURE(salvaNelBuio(Guasto::DopoIlCommit));
     stampa();
     n->operatore.attendiMessaggio(
         "La vendita era già stata salvata: N° 0001/0001.\n"
@@ -109,20 +124,36 @@ TEST_F(LostReceipt, OfASaleThatIsFoundBeforeItsDeletionIsOffTheList) {
 // An error behind the written header, and the answer to the commit that follows it is lost as well.
 TEST_F(LostReceipt, OfASaleFoundBehindAnErrorIsNoReceiptTooMany) {
     presa->apri();
-    sondaIstruzioni() = [fatto = false](const QString& sql) mutable -> std::optional<ErroreServer> {
-        if (sql.startsWith("UPDATE Movimenti") && !std::exchange(fatto, true))
-            throw RunTimeError(RunTimeError::Overflow);
-        return std::nullopt;
-    };
-    n->operatore.attendiAvviso("bBottegonClientVB.salvaVendita");
+    guastaLaTestata();
     linea.guasta(Guasto::DopoIlCommit, false);
-    n->operatore.attendiMessaggio(
-        "Il collegamento con il server si era interrotto: si mostra la vendita "
-        "come è nell'archivio.\nControllarla prima di salvarla di nuovo.",
-        Icona::Esclamazione);
+    attendiComeNellArchivio();
     salva();
     sondaIstruzioni() = {};
     stampa();
     EXPECT_EQ(n->conta("Movimenti"), 1);
     EXPECT_EQ(elenco(), QStringList());
+}
+
+TEST_F(LostReceipt, BehindAnErrorIsOffTheListOnceTheSaleIsFound) {
+    presa->apri();
+    guastaLaTestata();
+    ASSERT_NO_FATAL_FAILURE(salvaNelBuio(Guasto::DopoIlCommit));
+    sondaIstruzioni() = {};
+    stampa();
+    EXPECT_EQ(elenco(), QStringList{"scontrino stampato, salvataggio incerto"});
+    attendiComeNellArchivio();
+    salva();
+    EXPECT_EQ(elenco(), QStringList());
+}
+
+TEST_F(LostReceipt, BehindAnErrorIsOneTooManyOnceTheSaleIsMissing) {
+    presa->apri();
+    guastaLaTestata();
+    ASSERT_NO_FATAL_FAILURE(salvaNelBuio(Guasto::PrimaDelCommit));
+    sondaIstruzioni() = {};
+    stampa();
+    salva();
+    stampa();
+    venditaNeiLibri();
+    EXPECT_EQ(elenco(), QStringList{"scontrino inviato, salvataggio NON riuscito"});
 }

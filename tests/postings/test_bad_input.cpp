@@ -28,16 +28,25 @@ class BadInput : public testing::Test {
         EXPECT_EQ(n.verifica(), QStringList());
     }
 
-    void mancano(const QString& nomi) {
-        n.operatore.attendiMessaggio(
-            "La vendita non è stata salvata. Nell'archivio non c'è più:\n - " + nomi +
-                "\nLa vendita è ancora sullo schermo: correggerla e salvarla di nuovo.",
-            Icona::Esclamazione);
+    void mancano(const QString& nomi, const QString& rimedio) {
+        n.operatore.attendiMessaggio("La vendita non è stata salvata. Nell'archivio non c'è più:\n - " +
+                                         nomi + "\nLa vendita è ancora sullo schermo: " + rimedio,
+                                     Icona::Esclamazione);
+    }
+    void mancano(const QString& nomi) { mancano(nomi, "correggerla e salvarla di nuovo."); }
+    // Nothing that is done on the screen helps.
+    void mancanoNellArchivio(const QString& nomi) {
+        mancano(nomi, "si potrà salvare quando l'archivio sarà stato completato.");
     }
     // What the server said is for those who look after the till.
     void soloNelRegistro(const QString& procedura) {
         EXPECT_EQ(n.registroErrori().count(procedura), 1);
         EXPECT_TRUE(n.operatore.avvisi.empty());
+    }
+    void rifiutoNelRegistro() {
+        EXPECT_EQ(n.registroErrori().count("foreign key", Qt::CaseInsensitive), 1)
+            << n.registroErrori().toStdString();
+        EXPECT_EQ(n.registroErrori().count("Modulo bBottegonClientVB.salvaVendita"), 1);
     }
 
     std::unique_ptr<BottegaCompleta> s = std::make_unique<BottegaCompleta>(false);
@@ -149,15 +158,91 @@ TEST_F(BadInput, ACustomerWhoIsGoneIsNamed) {
 
 TEST_F(BadInput, ADocumentTypeThatIsGoneIsNamed) {
     gTipoDocVb = 99;
-    mancano("il tipo di documento [Vendita al banco]");
+    mancanoNellArchivio("il tipo di documento [Vendita al banco]");
     rifiutata();
+}
+
+// The payment that the refused save used, not the one that stands on the screen again by now.
+TEST_F(BadInput, ThePaymentOfTheSaveIsNamed) {
+    v.idPagamento = 1;
+    gPagamentoVB = 98;
+    mancanoNellArchivio("il pagamento della vendita");
+    rifiutata();
+    EXPECT_EQ(v.idPagamento, 1);
+}
+
+TEST_F(BadInput, WarehousesThatAreGoneAreNamed) {
+    v.magazzinoOrigine = 97;
+    v.magazzinoDestinazione = 98;
+    mancanoNellArchivio("il magazzino da cui parte la merce\n - il magazzino a cui va la merce");
+    rifiutata();
+}
+
+TEST_F(BadInput, WhatTheScreenCanMendIsNamedBesideWhatItCannot) {
+    v.magazzinoOrigine = 97;
+    n.sql("DELETE FROM Prodotti WHERE CODICE = 'C'");
+    mancanoNellArchivio("il magazzino da cui parte la merce\n - il prodotto [C - C]");
+    rifiutata();
+}
+
+// ---- Statements of which the gateway says the server's words in a box, and logs nothing
+
+TEST_F(BadInput, AnAccountOfTheCausalThatIsGoneIsNamed) {
+    n.sql(
+        "UPDATE Causali SET DESCRIZIONE = 'Vendita', FK_CONTODARE1 = 99, FK_CONTOAVERE2 = 98 WHERE RID = 1");
+    mancanoNellArchivio("un conto della causale [Vendita]");
+    rifiutata();
+    soloNelRegistro("INSERT INTO PrimaNotaDettagli");
+    rifiutoNelRegistro();
+}
+
+TEST_F(BadInput, AnAccountOfTheCollectionsCausalThatIsGoneIsNamed) {
+    n.sql("UPDATE Causali SET DESCRIZIONE = 'Incasso', FK_CONTOAVERE1 = 99 WHERE RID = 2");
+    mancanoNellArchivio("un conto della causale [Incasso]");
+    rifiutata();
+}
+
+// The causals that a save does not use are nothing to it.
+TEST_F(BadInput, AnAccountOfACausalThatIsNotUsedIsNotNamed) {
+    n.sql("UPDATE Causali SET FK_CONTOAVERE1 = 99 WHERE RID = 2");
+    v.chkPagato.valore(0);
+    n.sql("DELETE FROM Prodotti WHERE CODICE = 'C'");
+    mancano("il prodotto [C - C]");
+    rifiutata();
+}
+
+TEST_F(BadInput, AChangeOfTheHeaderThatIsRefusedIsLogged) {
+    salvata();
+    n.sql("DELETE FROM TipoDocumenti WHERE RID = 99");
+    gTipoDocVb = 99;
+    s->ritocca();
+    mancanoNellArchivio("il tipo di documento [Vendita al banco]");
+    rifiutata();
+    soloNelRegistro("SQL=UPDATE Movimenti SET");
+    rifiutoNelRegistro();
+}
+
+TEST_F(BadInput, WhatManyRowsReferToIsLookedAtOnce) {
+    for (const int riga : {1, 2, 3})
+        v.flxVB.scrivi(riga, Colonna::IdVenditore, "77");
+    mancano("il venditore");
+    QStringList viste;
+    sondaIstruzioni() = [&viste](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql.startsWith("SELECT RID FROM ") && sql.contains(" IN (")) viste << sql.section(' ', 3, 3);
+        return std::nullopt;
+    };
+    rifiutata();
+    sondaIstruzioni() = {};
+    EXPECT_TRUE(viste.contains("Venditori"));
+    EXPECT_EQ(viste.removeDuplicates(), 0) << viste.join(' ').toStdString();
 }
 
 // Where the reference is there again by the time it is looked for, no more is known than that.
 TEST_F(BadInput, AReferenceThatIsBackIsNotNamed) {
     n.sql("DELETE FROM Prodotti WHERE CODICE = 'C'");
-    sondaIstruzioni() = [this](const QString& sql) -> std::optional<ErroreServer> {
-        if (sql == "ROLLBACK") v.flxVB.scrivi(3, Colonna::IdProdotto, "1");
+    sondaIstruzioni() = [this, tornato = false](const QString& sql) mutable -> std::optional<ErroreServer> {
+        if (sql.startsWith("SELECT RID FROM ") && !std::exchange(tornato, true))
+            n.sql("INSERT INTO Prodotti (RID, CODICE, DESCRIZIONE) VALUES (3,'C','C')");
         return std::nullopt;
     };
     n.operatore.attendiMessaggio(
@@ -165,7 +250,10 @@ TEST_F(BadInput, AReferenceThatIsBackIsNotNamed) {
         "La vendita è ancora sullo schermo e si può salvare di nuovo.",
         Icona::Esclamazione);
     s->salva();
+    sondaIstruzioni() = {};
     EXPECT_EQ(n.conta("Movimenti"), 0);
+    EXPECT_EQ(n.conta("Prodotti", "RID = 3"), 1);
+    salvata();
 }
 
 TEST_F(BadInput, AChangedSaleWithANewRowOfAProductThatIsGoneStaysAsItIs) {

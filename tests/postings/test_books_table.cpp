@@ -307,6 +307,25 @@ TEST_F(BooksTable, TransferAtACostOfThreeDecimals) {
     EXPECT_EQ(n.riga("SELECT TOTIMPONIBILE, TOTIMPOSTA, TOTDOCUMENTO FROM Movimenti"), "19.01|4.17|23.18");
 }
 
+// At the average, of which half a cent is left: the cost 6,125 shows as 6,13, and three of them, 18,375, as
+// 18,38; the tax on one is 1,3475, on three three times 1,35.
+TEST_F(BooksTable, TransferAtAnAverageOfHalfACent) {
+    gPrezzoMedio = 1;
+    n.sql("DELETE FROM DettagliProdotto WHERE TAGLIO = 7");
+    n.sql("UPDATE DettagliProdotto SET TAGLIO = 6.125, QUANTITA = 10");
+    gTipoDocVb = 6;
+    ContoDiProva& c = n.apriConto();
+    vendi(c, "A", "3");
+    ASSERT_TRUE(salvaVendita(c.vendita(), false, -1));
+    const LibriAttesi letti = leggiLibri(n);
+    EXPECT_EQ(letti.dettagli,
+              QStringList{"1|1|1|1|1|A|A|3|6.13|0|0|0|0|6.13|18.38|1|22|1.35|4.05|22.43|1|6.125|||2026-03-16 "
+                          "10:30:00"});
+    EXPECT_EQ(letti.strati, (QStringList{"1|1|6.125|7", "1|2|6.125|3"}));
+    EXPECT_EQ(n.riga("SELECT TOTIMPONIBILE, TOTIMPOSTA, TOTDOCUMENTO FROM Movimenti"), "18.38|4.05|22.43");
+    EXPECT_EQ(n.verifica(), QStringList());
+}
+
 // A document made of the sale is of today, keeps its own payment, and is collected only when that is the
 // counter's.
 TEST_F(BooksTable, ConvertedSaleOnCreditIsNotCollectedThoughTicked) {

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <functional>
 
 #include "core/globals.h"
@@ -16,6 +17,10 @@ namespace {
 
 const char* const cambiata =
     "La vendita non è più nell'archivio come la si vede: un'altra cassa l'ha cambiata o cancellata.\n"
+    "Richiamarla e ripetere l'operazione.";
+
+const char* const giaIncassata =
+    "Il documento è già stato incassato da un'altra cassa, dopo che la vendita è stata richiamata.\n"
     "Richiamarla e ripetere l'operazione.";
 
 enum class Chi { AltroConto, AltraCassa };
@@ -78,10 +83,10 @@ struct ChangedMeanwhile : testing::Test {
             return salvaERilegge(altro.vendita());
         });
     }
-    void rifiutata(const std::function<void()>& lavoro) {
+    void rifiutata(const std::function<void()>& lavoro, const char* perche = cambiata) {
         const QStringList libriPrima = libri(n);
         const QStringList schermoPrima = schermata(v);
-        n.operatore.attendiMessaggio(cambiata, OperatorPort::Icona::Esclamazione);
+        n.operatore.attendiMessaggio(perche, OperatorPort::Icona::Esclamazione);
         lavoro();
         EXPECT_TRUE(n.operatore.esaurito());
         EXPECT_EQ(libri(n), libriPrima);
@@ -235,8 +240,8 @@ TEST_F(PaidMeanwhile, ASaleIsNotCollectedTwice) {
     ASSERT_TRUE(salvaERilegge(altro.vendita()));
     v.chkPagato.valore(1);
     vendi(c, "C");
-    salvataggioRifiutato();
-    cancellazioneRifiutata();
+    rifiutata([&] { EXPECT_FALSE(salvaERilegge(v)); }, giaIncassata);
+    rifiutata([&] { EXPECT_FALSE(cancellaVendita(v, rid, false)); }, giaIncassata);
     EXPECT_EQ(incassi(), QStringList{"36.6"});
     EXPECT_EQ(n.verifica(), QStringList());
 }
@@ -253,14 +258,73 @@ TEST_F(PaidMeanwhile, AFurtherSaleJoinsTheCollectionThatWasMadeMeanwhile) {
     EXPECT_EQ(n.verifica(), QStringList());
 }
 
+// Both tills would take the money.
+TEST_F(PaidMeanwhile, ATickOfASaleThatWasCollectedMeanwhileSaysWhy) {
+    ContoDiProva& altro = n.apriConto(1);
+    richiama(altro.vendita(), 1);
+    ancoraUna(altro);
+    ASSERT_TRUE(salvaERilegge(altro.vendita()));
+    v.chkPagato.valore(1);
+    vendi(c, "C");
+    rifiutata([&] { EXPECT_FALSE(salvaERilegge(v)); }, giaIncassata);
+}
+
+TEST_F(PaidMeanwhile, ASaleOnCreditTakesTheCollectionOfAFurtherOneForItsOwn) {
+    ContoDiProva& altro = n.apriConto(1);
+    richiama(altro.vendita(), 1);
+    ancoraUna(altro);
+    ASSERT_TRUE(salvaERilegge(altro.vendita()));
+    cambia(c, 1, "3");
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(n.righe("SELECT IMPORTO FROM PrimaNota ORDER BY RID"), (QStringList{"42.1", "29.9"}));
+    EXPECT_EQ(n.riga("SELECT FK_PRIMANOTA, FK_PNPAGAMENTO FROM Movimenti"), "1|2");
+    EXPECT_EQ(v.idPNPagamento, 2);
+}
+
+TEST_F(PaidMeanwhile, ADeletionTakesTheCollectionOfTheDocumentAlong) {
+    ContoDiProva& altro = n.apriConto(1);
+    richiama(altro.vendita(), 1);
+    ancoraUna(altro);
+    ASSERT_TRUE(salvaERilegge(altro.vendita()));
+    ASSERT_TRUE(cancellaVendita(altro.vendita(), rid, false));
+    ASSERT_TRUE(cancellaVendita(v, rid, false));
+    EXPECT_EQ(n.conta("Movimenti") + n.conta("PrimaNota") + n.conta("PrimaNotaDettagli"), 0);
+}
+
+// The document had no entry when it came to the screen.
+TEST_F(PaidMeanwhile, AnEntryThatWasMadeMeanwhileIsRewritten) {
+    v.idPrimaNota = -1;
+    cambia(c, 1, "3");
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(n.righe("SELECT IMPORTO FROM PrimaNota"), QStringList{"36.6"});
+    EXPECT_EQ(n.verifica(), QStringList());
+}
+
+TEST_F(PaidMeanwhile, AnotherEntryThanTheScreensIsRefused) {
+    v.idPrimaNota = 7;
+    cambia(c, 1, "3");
+    salvataggioRifiutato();
+    cancellazioneRifiutata();
+}
+
+// What stands in its place may be there without a link.
+TEST_F(PaidMeanwhile, AnEntryThatIsNoLongerLinkedIsRefused) {
+    n.sql("UPDATE Movimenti SET FK_PRIMANOTA = NULL");
+    cambia(c, 1, "3");
+    salvataggioRifiutato();
+}
+
 // ---- Not refused: the same value in other digits
 
 namespace {
 
-// Sets quantity and stock of row 1, recalls the sale, and saves it with another price; then deletes it.
+// Sets quantity and stock of row 1, recalls the sale, and saves it with another price; then deletes it: all
+// of the goods lie where they came from, whatever digits the screen left out.
 void siRisalvaESiCancella(ChangedMeanwhile& s, const QString& quantita) {
     SCOPED_TRACE(quantita.toStdString());
     s.n.sql("UPDATE DettagliMovimento SET QUANTITA = " + quantita + " WHERE RID = 1");
+    s.n.sql("UPDATE Prodotti SET GIACENZA = 9 - (" + quantita + ") WHERE RID = 1");
+    s.n.sql("UPDATE DettagliProdotto SET QUANTITA = 3 - (" + quantita + ") WHERE TAGLIO = 6");
     s.richiama(s.v, 1);
     s.c.clicRiga(1);
     s.c.clic(s.v.txtPrezzoNetto);
@@ -269,6 +333,11 @@ void siRisalvaESiCancella(ChangedMeanwhile& s, const QString& quantita) {
     ASSERT_EQ(s.v.flxVB.gestione(1), RigaModificata);
     EXPECT_TRUE(salvaERilegge(s.v));
     EXPECT_TRUE(cancellaVendita(s.v, s.rid, false));
+    // A quantity is kept to seven digits.
+    const double ammesso = std::abs(quantita.toDouble()) * 1e-6 + 1e-6;
+    EXPECT_NEAR(s.n.valore("SELECT GIACENZA FROM Prodotti WHERE RID = 1").toDouble(), 9, ammesso);
+    EXPECT_NEAR(s.n.valore("SELECT QUANTITA FROM DettagliProdotto WHERE TAGLIO = 6").toDouble(), 3, ammesso);
+    EXPECT_EQ(s.n.valore("SELECT QUANTITA FROM DettagliProdotto WHERE TAGLIO = 7"), "6");
 }
 
 struct SameQuantity : ChangedMeanwhile, testing::WithParamInterface<const char*> {};
@@ -316,6 +385,9 @@ TEST_F(ChangedMeanwhile, AProductWithoutStockIsSavedAgain) {
     cambia(c, 2, "6");
     ASSERT_TRUE(salvaERilegge(v));
     EXPECT_EQ(n.valore("SELECT QUANTITA FROM DettagliMovimento WHERE RID = 2"), "6");
+    EXPECT_EQ(n.valore("SELECT GIACENZA FROM Prodotti WHERE RID = 2"), "0");
+    EXPECT_EQ(n.conta("DettagliProdotto", "FK_PRODOTTO = 2"), 0);
+    restanoDiA(7);
 }
 
 TEST_F(ChangedMeanwhile, AProductThatIsTakenIntoStockMeanwhileIsSavedAgain) {

@@ -45,7 +45,9 @@ class Passeggiata {
         int extra;
     };
 
-    void allestisci();
+    void riempiCatalogo();
+    void apriContabilita();
+    void apriDocumenti();
     int caso(int quanti) { return static_cast<int>(mCaso() % static_cast<unsigned>(quanti)); }
     QDate oggi() const { return n.orologio.istante.date(); }
     // A saved sale of the counter's document type, if there is one.
@@ -58,6 +60,11 @@ class Passeggiata {
     std::vector<std::pair<int, int>> merceNuova();
     // On the screen, and the rows that come of it.
     std::vector<ModelloLibri::Riga> aggiungi(ContoDiProva& c, const std::vector<std::pair<int, int>>& merce);
+
+    // Of a sale on the screen: a row's quantity, a row away, rows more.
+    void cambia(ContoDiProva& c, std::vector<RigaRisalvata>& righe, size_t r);
+    void togli(ContoDiProva& c, std::vector<RigaRisalvata>& righe, size_t r);
+    void allunga(ContoDiProva& c, std::vector<RigaRisalvata>& righe);
 
     void nuova();
     void ritocca();
@@ -81,11 +88,13 @@ Passeggiata::Passeggiata(int prezzoMedio) : m(prezzoMedio == 1), mSeme(seme()), 
     gNomeModulo = "bBottegonClientVB";
     gPrezzoMedio = prezzoMedio;
     gMesiPrezzoMedio = mesiDelModello;
-    allestisci();
+    riempiCatalogo();
+    apriContabilita();
+    apriDocumenti();
     n.apriConto();
 }
 
-void Passeggiata::allestisci() {
+void Passeggiata::riempiCatalogo() {
     struct Merce {
         const char* codice;
         int centesimi, idIva, aliquota, costo, giacenza;
@@ -111,6 +120,9 @@ void Passeggiata::allestisci() {
         "PREZZOACQUISTO, GIACENZA FROM Prodotti WHERE SETGIACENZA <> 0 ORDER BY RID");
     distinta(n, "%KIT", {{vite + 1, 2, 0}, {staffa + 1, 1, 0}});
     m.aggiungiProdotto({"%KIT", 0, 22, 0, false, {{vite, 2}, {staffa, 1}}}, 0, 0);
+}
+
+void Passeggiata::apriContabilita() {
     for (const int cliente : clienti)
         n.cliente(cliente, "CLIENTE " + QString::number(cliente));
     n.sql(
@@ -119,6 +131,10 @@ void Passeggiata::allestisci() {
     n.sql("UPDATE Causali SET FK_CONTODARE1 = 2, FK_CONTOAVERE1 = 1 WHERE RID = 2");
     n.sql("UPDATE Pagamenti SET ACCONTO = 10, NRATE = 2 WHERE RID = 1");
     n.sql("INSERT INTO DettagliPagamenti (FK_PAGAMENTO, NGIORNI, PERCENTUALE) VALUES (1,30,45),(1,60,45)");
+}
+
+// An invoice, a load from a supplier, and a transfer to a second warehouse.
+void Passeggiata::apriDocumenti() {
     n.sql(
         "INSERT INTO Causali (RID, CODICE, OPERAZIONE, ORIGINE, DESTINAZIONE, FK_MAGAZZINOORIG, TAGLIO, "
         "GENERAPN, GENERASCAD, FK_CONTODARE1, FK_CONTOAVERE1, FK_CONTOAVERE2) VALUES "
@@ -234,6 +250,45 @@ void Passeggiata::nuova() {
     mChiavi[chiave] = c.vendita().lblRID.testo();
 }
 
+void Passeggiata::cambia(ContoDiProva& c, std::vector<RigaRisalvata>& righe, size_t r) {
+    const int segno = righe[r].riga.quantita < 0 ? -1 : 1;
+    m.cambiaQuantita(righe, r, segno * (std::abs(righe[r].riga.quantita) % 7 + 1));
+    c.clicRiga(static_cast<int>(r) + 1);
+    c.clic(c.vendita().txtQta);
+    c.digita(QString::number(std::abs(righe[r].riga.quantita)));
+    c.tasto(Qt::Key_F6);
+    mDiario << "  quantità della riga " + QString::number(r + 1);
+}
+
+void Passeggiata::togli(ContoDiProva& c, std::vector<RigaRisalvata>& righe, size_t r) {
+    const QString& codice = m.prodotti()[static_cast<size_t>(righe[r].riga.prodotto)].codice;
+    const QString nome = codice.startsWith('%') ? "Kit " + codice.mid(1) : codice;
+    n.operatore.attendiDomanda("Eliminare il prodotto [" + nome + "]?", Risposta::Si);
+    c.clicRiga(static_cast<int>(r) + 1);
+    c.tasto(Qt::Key_F9);
+    righe[r].stato = RigaRisalvata::Cancellata;
+    // The components go with their kit; the rows below move up, and are written anew.
+    bool sue = true;
+    for (size_t i = r + 1; i < righe.size(); ++i) {
+        sue = sue && righe[i].riga.componente;
+        righe[i].stato = sue ? RigaRisalvata::Cancellata : RigaRisalvata::Modificata;
+    }
+    mDiario << "  via la riga " + QString::number(r + 1);
+}
+
+// Some products that the sale does not have yet.
+void Passeggiata::allunga(ContoDiProva& c, std::vector<RigaRisalvata>& righe) {
+    for (const auto& merce : merceNuova()) {
+        const bool presente = std::any_of(righe.begin(), righe.end(), [&](const RigaRisalvata& altra) {
+            return altra.riga.prodotto == merce.first && !altra.riga.componente;
+        });
+        if (presente || caso(2) == 0) continue;
+        for (const auto& riga : aggiungi(c, {merce}))
+            righe.push_back({riga, 0, RigaRisalvata::Nuova});
+        mDiario << "  una riga in più";
+    }
+}
+
 void Passeggiata::ritocca() {
     const auto scelta = scegli(false);
     if (!scelta) return;
@@ -248,37 +303,11 @@ void Passeggiata::ritocca() {
     const size_t r = intere[static_cast<size_t>(caso(static_cast<int>(intere.size())))];
     mDiario << "ritocca " + numero(*scelta);
     if (caso(2) == 0) {
-        const int segno = righe[r].riga.quantita < 0 ? -1 : 1;
-        m.cambiaQuantita(righe, r, segno * (std::abs(righe[r].riga.quantita) % 7 + 1));
-        c.clicRiga(static_cast<int>(r) + 1);
-        c.clic(c.vendita().txtQta);
-        c.digita(QString::number(std::abs(righe[r].riga.quantita)));
-        c.tasto(Qt::Key_F6);
-        mDiario << "  quantità della riga " + QString::number(r + 1);
+        cambia(c, righe, r);
     } else if (intere.size() > 1) {
-        const QString& codice = m.prodotti()[static_cast<size_t>(righe[r].riga.prodotto)].codice;
-        const QString nome = codice.startsWith('%') ? "Kit " + codice.mid(1) : codice;
-        n.operatore.attendiDomanda("Eliminare il prodotto [" + nome + "]?", Risposta::Si);
-        c.clicRiga(static_cast<int>(r) + 1);
-        c.tasto(Qt::Key_F9);
-        righe[r].stato = RigaRisalvata::Cancellata;
-        // The components go with their kit; the rows below move up, and are written anew.
-        bool sue = true;
-        for (size_t i = r + 1; i < righe.size(); ++i) {
-            sue = sue && righe[i].riga.componente;
-            righe[i].stato = sue ? RigaRisalvata::Cancellata : RigaRisalvata::Modificata;
-        }
-        mDiario << "  via la riga " + QString::number(r + 1);
+        togli(c, righe, r);
     }
-    for (const auto& merce : merceNuova()) {
-        const bool presente = std::any_of(righe.begin(), righe.end(), [&](const RigaRisalvata& altra) {
-            return altra.riga.prodotto == merce.first && !altra.riga.componente;
-        });
-        if (presente || caso(2) == 0) continue;
-        for (const auto& riga : aggiungi(c, {merce}))
-            righe.push_back({riga, 0, RigaRisalvata::Nuova});
-        mDiario << "  una riga in più";
-    }
+    allunga(c, righe);
     c.tasto(Qt::Key_F5);
     m.risalva(scelta->documento, scelta->extra, righe, oggi());
     if (gConti[1]) gConti[1]->scarica();

@@ -334,6 +334,22 @@ TEST_F(WaitingDocument, RowsRungUpBeforeTheCustomerGoOnYes) {
     EXPECT_FALSE(v.venditaModificata);
 }
 
+TEST_F(WaitingDocument, RowsThatWereAllTakenAwayAreNothingToLose) {
+    n.prodotto({.codice = "P", .listino1 = 100});
+    c.clic(v.txtCodProdotto);
+    vendi(c, "P");
+    n.operatore.attendiDomanda("Eliminare il prodotto [P]?", OperatorPort::Risposta::Si);
+    c.clicRiga(1);
+    c.tasto(Qt::Key_F9);
+    ASSERT_EQ(v.flxVB.ultima(), 1);
+    ASSERT_TRUE(v.venditaModificata);
+    n.operatore.attendiDomanda(domanda, OperatorPort::Risposta::Si);
+    scrivi(c, v.txtCodCliente, "7");
+    c.invio();
+    EXPECT_EQ(v.rid(), 40);
+    EXPECT_TRUE(n.operatore.esaurito());
+}
+
 TEST_F(WaitingDocument, RowsOfTheTillStayToo) {
     const QString contoUno =
         "Non è possibile utilizzare il CONTO1 per clienti diversi da quello predefinito.\n"
