@@ -15,6 +15,7 @@
 #include "backoffice/ui/frmOpzioni.h"
 #include "core/errors.h"
 #include "counter/accounts.h"
+#include "counter/bring_back.h"
 #include "counter/recovery_journal.h"
 #include "counter/ui/finestra_conti.h"
 #include "counter/ui/frmMain.h"

@@ -80,6 +80,9 @@ Conto& nuovoConto(int indice) {
     conto->vendita().primaDelCommit = [indice](const SalvataggioIncerto& salvataggio) {
         if (GiornaleVendite* giornale = giornaleVendite()) giornale->inSalvataggio(indice, salvataggio);
     };
+    conto->vendita().primaDellaCancellazione = [indice](const std::set<int>& righe) {
+        if (GiornaleVendite* giornale = giornaleVendite()) giornale->inCancellazione(indice, righe);
+    };
     Form_Load(*conto);
     return *conto;
 }

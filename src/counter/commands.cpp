@@ -13,11 +13,9 @@
 #include "counter/movement_list.h"
 #include "counter/next_sale.h"
 #include "counter/payment_step.h"
-#include "counter/recovery_journal.h"
 #include "counter/save_question.h"
 #include "counter/searches.h"
 #include "postings/delete_sale.h"
-#include "postings/stored_sale.h"
 #include "sale/line_pricing.h"
 #include "sale/navigation.h"
 #include "sale/recall.h"
@@ -71,8 +69,6 @@ void salva(Conto& conto) {
 // The sale on the screen leaves the books, and the screen goes on.
 void cancella(Conto& conto) {
     Vendita& v = conto.vendita();
-    if (GiornaleVendite* giornale = giornaleVendite())
-        giornale->inCancellazione(v.indice, righeRegistrate(v.flxVB));
     if (!cancellaVendita(v, v.rid(), true)) return;
     if (bChiudiConto()) return conto.scarica();
     nuovoDocumento(v);

@@ -3,6 +3,7 @@
 #include <QJsonArray>
 
 #include "counter/uncertain_save_record.h"
+#include "postings/lost_save.h"
 #include "sale/row_writer.h"
 #include "sale/totals.h"
 
@@ -12,12 +13,20 @@ namespace {
 const QString nomeCampi = "campi";
 const QString nomeStato = "stato";
 const QString nomeRighe = "righe";
+// And of the state's, while a save or a deletion is not known to be in the books.
+const QString nomeIncerto = "incerto";
+const QString nomeImmutata = "immutata";
+const QString nomeCancellazione = "cancellazione";
 
 // Fields that belong to the screen and not to its sale.
 bool dellaSchermata(const Campo& campo) {
     const QString& nome = campo.nome();
     return nome.startsWith("cmdConto") || nome == "lblConto" || nome == "lblCassa" || nome == "lblRegCassa" ||
            nome == "lblVenditore" || nome == "chkCodiceProdotto";
+}
+
+QJsonArray partiDi(const ValoreCampo& v) {
+    return {v.testo, v.tag, v.valore, v.segni};
 }
 
 ValoreCampo valoreDi(const Campo& c) {
@@ -49,8 +58,11 @@ QJsonObject statoDi(const Vendita& v) {
                       {"sottocostoOk", v.mSottocostoOk},
                       {"scontoFisso", v.mScontoFisso},
                       {"giorno", v.giornoDocumento.toString(Qt::ISODate)}};
-    if (v.salvataggioIncerto) stato["incerto"] = jsonDi(*v.salvataggioIncerto);
-    if (!v.cancellazioneIncerta.empty()) stato["cancellazione"] = jsonDi(v.cancellazioneIncerta);
+    if (v.salvataggioIncerto) {
+        stato[nomeIncerto] = jsonDi(*v.salvataggioIncerto);
+        stato[nomeImmutata] = descriviSchermo(v) == v.salvataggioIncerto->schermo;
+    }
+    if (!v.cancellazioneIncerta.empty()) stato[nomeCancellazione] = jsonDi(v.cancellazioneIncerta);
     return stato;
 }
 
@@ -68,8 +80,8 @@ void scriviStato(const QJsonObject& s, Vendita& v) {
     v.mSottocostoOk = s["sottocostoOk"].toBool();
     v.mScontoFisso = s["scontoFisso"].toBool();
     v.giornoDocumento = QDate::fromString(s["giorno"].toString(), Qt::ISODate);
-    if (s.contains("incerto")) v.salvataggioIncerto = salvataggioDa(s["incerto"].toObject());
-    v.cancellazioneIncerta = chiaviDa(s["cancellazione"]);
+    if (s.contains(nomeIncerto)) v.salvataggioIncerto = salvataggioDa(s[nomeIncerto].toObject());
+    v.cancellazioneIncerta = chiaviDa(s[nomeCancellazione]);
 }
 
 QJsonObject rigaDi(const FlexVB& g, int r) {
@@ -118,7 +130,7 @@ QJsonObject TracciaVendita::differenzaCampi(const Vendita& v) {
     for (size_t i = 0; i < tutti.size(); ++i) {
         ValoreCampo adesso = valoreDi(*tutti[i]);
         if ((mIniziata && adesso == mCampi[i]) || dellaSchermata(*tutti[i])) continue;
-        cambiati[tutti[i]->nome()] = QJsonArray{adesso.testo, adesso.tag, adesso.valore, adesso.segni};
+        cambiati[tutti[i]->nome()] = partiDi(adesso);
         mCampi[i] = std::move(adesso);
     }
     return cambiati;
@@ -182,4 +194,40 @@ void ImmagineVendita::scriviIn(Vendita& v) const {
         if (valore != mCampi.constEnd() && !dellaSchermata(*campo)) scrivi(*campo, *valore);
     }
     scriviStato(mStato, v);
+}
+
+QJsonObject ImmagineVendita::intera() const {
+    QJsonObject campi;
+    for (auto c = mCampi.begin(); c != mCampi.end(); ++c) {
+        campi[c.key()] = partiDi(c.value());
+    }
+    QJsonArray righe;
+    for (const QJsonObject& riga : mRighe) {
+        righe.append(riga);
+    }
+    return {{nomeCampi, campi},
+            {nomeStato, mStato},
+            {nomeRighe, QJsonObject{{"da", 0}, {"via", 0}, {"nuove", righe}}}};
+}
+
+std::optional<SalvataggioIncerto> ImmagineVendita::salvataggioIncerto() const {
+    if (!mStato.contains(nomeIncerto)) return std::nullopt;
+    return salvataggioDa(mStato[nomeIncerto].toObject());
+}
+
+std::set<int> ImmagineVendita::cancellazioneIncerta() const {
+    return chiaviDa(mStato[nomeCancellazione]);
+}
+
+bool ImmagineVendita::comeSalvata() const {
+    return mStato[nomeImmutata].toBool();
+}
+
+void ImmagineVendita::salvataggioChiarito() {
+    mStato.remove(nomeIncerto);
+    mStato.remove(nomeImmutata);
+}
+
+void ImmagineVendita::cancellazioneChiarita() {
+    mStato.remove(nomeCancellazione);
 }

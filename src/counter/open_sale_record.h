@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -45,8 +46,19 @@ class ImmagineVendita {
     void applica(const QJsonObject& record);
     // There are rows that were not saved.
     bool daSalvare() const;
+    // All of it as one record.
+    QJsonObject intera() const;
     // Puts the sale on a screen that was opened for it.
     void scriviIn(Vendita& v) const;
+
+    // The save and the deletion of which it was not known whether they are in the books.
+    std::optional<SalvataggioIncerto> salvataggioIncerto() const;
+    std::set<int> cancellazioneIncerta() const;
+    // Nothing was changed since that save.
+    bool comeSalvata() const;
+    // It is known now.
+    void salvataggioChiarito();
+    void cancellazioneChiarita();
 
   private:
     QHash<QString, ValoreCampo> mCampi;

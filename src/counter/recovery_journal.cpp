@@ -1,6 +1,7 @@
 #include "counter/recovery_journal.h"
 
 #include <algorithm>
+#include <map>
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -11,11 +12,6 @@
 #include "counter/uncertain_save_record.h"
 #include "data/disk.h"
 #include "data/settings_store.h"
-#include "postings/lost_deletion.h"
-#include "postings/lost_save.h"
-#include "sale/customer.h"
-#include "sale/row_editor.h"
-#include "sale/totals.h"
 
 namespace {
 
@@ -25,6 +21,10 @@ const QString nomeConto = "conto";
 const QString nomeFine = "fine";
 const QString nomeSalva = "salva";
 const QString nomeCancella = "cancella";
+const QString nomeRipresa = "ripresa";
+
+const char* const testoNonScritto = "Giornale delle vendite aperte non scritto";
+const char* const testoNomeNonScritto = "Nome del giornale delle vendite aperte non scritto";
 
 // Names that change have to reach the disk too, or a power cut brings the ones before back.
 void sposta(const QString& da, const QString& a) {
@@ -41,50 +41,27 @@ QJsonObject oggettoDi(const QByteArray& record) {
     return QJsonDocument::fromJson(record).object();
 }
 
+QByteArray rigaDi(const QJsonObject& record) {
+    return QJsonDocument(record).toJson(QJsonDocument::Compact);
+}
+
+using VenditaAperta = GiornaleVendite::VenditaAperta;
+
 // A record of one account, into what is known of it.
-void applica(const QJsonObject& record, std::optional<GiornaleVendite::VenditaAperta>& aperta, int conto) {
-    if (record.contains(nomeFine)) return aperta.reset();
-    if (!aperta) aperta = GiornaleVendite::VenditaAperta{conto, {}, {}, {}};
-    aperta->immagine.applica(record);
+void applica(const QJsonObject& record, VenditaAperta& aperta) {
+    aperta.immagine.applica(record);
     // Any other record: something was done after the save or the deletion, which failed.
-    aperta->salvataggio.reset();
-    if (record.contains(nomeSalva)) aperta->salvataggio = salvataggioDa(record[nomeSalva].toObject());
-    aperta->cancellate = chiaviDa(record[nomeCancella]);
+    aperta.salvataggio.reset();
+    if (record.contains(nomeSalva)) aperta.salvataggio = salvataggioDa(record[nomeSalva].toObject());
+    aperta.cancellate = chiaviDa(record[nomeCancella]);
 }
 
-// False when its save or its deletion turns out to be in the books.
-bool daRiprendere(GiornaleVendite::VenditaAperta& aperta, OperatorPort& operatore) {
-    if (!aperta.cancellate.empty()) {
-        const EsitoCommit esito = cercaCancellazione(operatore, aperta.cancellate);
-        if (esito != EsitoCommit::Ignoto) aperta.cancellate.clear();
-        if (esito == EsitoCommit::Registrato) return false;
-    }
-    if (!aperta.salvataggio) return true;
-    const EsitoCommit esito = cercaSalvataggio(operatore, *aperta.salvataggio);
-    // Looked up once more before it is saved again.
-    if (esito != EsitoCommit::Ignoto) aperta.salvataggio.reset();
-    return esito != EsitoCommit::Registrato;
-}
-
-void riprendi(const GiornaleVendite::VenditaAperta& aperta) {
-    getConto(aperta.conto, false);
-    Conto* conto = gConti[static_cast<size_t>(aperta.conto)].get();
-    if (conto == nullptr) return;
-    Vendita& v = conto->vendita();
-    const RidisegnoFermo fermo(v.schermo);
-    aperta.immagine.scriviIn(v);
-    if (aperta.salvataggio) {
-        v.salvataggioIncerto = aperta.salvataggio;
-        v.salvataggioIncerto->schermo = descriviSchermo(v);
-    }
-    // Looked up once more before it is deleted or saved again.
-    if (!aperta.cancellate.empty()) v.cancellazioneIncerta = aperta.cancellate;
-    calcolaTotali(v, false);
-    mostraSegnala(v);
-    mostraSaldo(v);
-    applicaModificaConsentita(v);
-    setVenditaModificata(v);
-    v.schermo.fuoco(v.txtCodProdotto);
+QJsonObject recordDi(const VenditaAperta& aperta, int conto) {
+    QJsonObject record = aperta.immagine.intera();
+    record[nomeConto] = conto;
+    if (aperta.salvataggio) record[nomeSalva] = jsonDi(*aperta.salvataggio);
+    if (!aperta.cancellate.empty()) record[nomeCancella] = jsonDi(aperta.cancellate);
+    return record;
 }
 
 }  // namespace
@@ -107,36 +84,54 @@ QString GiornaleVendite::percorsoUtente() {
     return SettingsOnDisk::cartellaUtente() + "/vendite_aperte_" + impronta.left(12) + ".giornale";
 }
 
-std::vector<GiornaleVendite::VenditaAperta> GiornaleVendite::leggi() {
-    // A file of before: the program ended while it was bringing those sales back.
-    const QString file = QFile::exists(percorsoPrima()) ? percorsoPrima() : mPercorso;
-    const QList<QByteArray> record = RegistroAppeso::leggi(file);
-    std::array<std::optional<VenditaAperta>, contiMassimi> aperte;
-    for (const QByteArray& riga : record) {
-        const QJsonObject oggetto = oggettoDi(riga);
-        const int conto = oggetto[nomeConto].toInt(-1);
-        if (conto >= 0 && conto < contiMassimi) applica(oggetto, aperte[static_cast<size_t>(conto)], conto);
+// The program ended while it was bringing those sales back, or the disk never took the file that tells them
+// anew: which of the two, that file says itself, at its end.
+bool GiornaleVendite::primaSuperata() const {
+    const QList<QByteArray> record = RegistroAppeso::leggi(mPercorso);
+    return std::any_of(record.begin(), record.end(),
+                       [](const QByteArray& riga) { return oggettoDi(riga).contains(nomeRipresa); });
+}
+
+std::vector<VenditaAperta> GiornaleVendite::leggi() {
+    const bool prima = QFile::exists(percorsoPrima()) && !primaSuperata();
+    std::map<int, VenditaAperta> aperte;
+    for (const QByteArray& riga : RegistroAppeso::leggi(prima ? percorsoPrima() : mPercorso)) {
+        const QJsonObject record = oggettoDi(riga);
+        const int conto = record[nomeConto].toInt(-1);
+        if (conto < 0) continue;
+        if (record.contains(nomeFine)) {
+            aperte.erase(conto);
+            continue;
+        }
+        aperte[conto].conto = conto;
+        applica(record, aperte[conto]);
     }
     std::vector<VenditaAperta> daSalvare;
-    for (std::optional<VenditaAperta>& aperta : aperte) {
-        if (aperta && aperta->immagine.daSalvare()) daSalvare.push_back(std::move(*aperta));
+    for (auto& [conto, aperta] : aperte) {
+        if (aperta.immagine.daSalvare()) daSalvare.push_back(std::move(aperta));
     }
     return daSalvare;
 }
 
 void GiornaleVendite::cominciaRipresa() {
-    if (!QFile::exists(percorsoPrima())) sposta(mPercorso, percorsoPrima());
+    if (!QFile::exists(percorsoPrima()) || primaSuperata()) sposta(mPercorso, percorsoPrima());
 }
 
-void GiornaleVendite::finisciRipresa() {
-    annota();
-    if (!mGuasto) sincronizza();
-    if (!mGuasto) togli(percorsoPrima());
+void GiornaleVendite::finisciRipresa(std::vector<VenditaAperta> rimaste) {
+    mRimaste = std::move(rimaste);
+    mPrimaPendente = true;
+    mDaCapo = true;
+    if (aggiorna()) sincronizza();
 }
 
 void GiornaleVendite::dimentica() {
     mRegistro.elimina();
     togli(percorsoPrima());
+}
+
+void GiornaleVendite::togliPrima() {
+    if (mPrimaPendente) togli(percorsoPrima());
+    mPrimaPendente = false;
 }
 
 bool GiornaleVendite::qualcosaDaSalvare() const {
@@ -146,74 +141,104 @@ bool GiornaleVendite::qualcosaDaSalvare() const {
 }
 
 void GiornaleVendite::annota() {
-    if (!qualcosaDaSalvare()) {
-        if (std::any_of(mTracce.begin(), mTracce.end(),
-                        [](const auto& traccia) { return traccia.has_value(); })) {
-            mRegistro.elimina();
-            mTracce = {};
-        }
-        return;
-    }
+    aggiorna();
+}
+
+bool GiornaleVendite::aggiorna() {
+    if (!qualcosaDaSalvare()) return sgombra();
     for (int i = 0; i < contiMassimi; ++i) {
-        auto& traccia = mTracce[static_cast<size_t>(i)];
+        auto& seguita = mSeguite[static_cast<size_t>(i)];
         const ContoAperto& conto = gConti[static_cast<size_t>(i)];
         if (conto && conto->vendita().venditaModificata) {
-            if (!traccia) traccia.emplace();
-            QJsonObject record = traccia->differenza(conto->vendita());
+            if (!seguita) seguita.emplace();
+            const QJsonObject record = seguita->traccia.differenza(conto->vendita());
             if (record.isEmpty()) continue;
-            record[nomeConto] = i;
-            if (!scrivi(record)) return;
-        } else if (traccia) {
-            traccia.reset();
-            if (!scrivi({{nomeConto, i}, {nomeFine, true}})) return;
+            applica(record, seguita->scritta);
+            scrivi(i, record);
+        } else if (seguita) {
+            seguita.reset();
+            scrivi(i, {{nomeFine, true}});
         }
     }
+    return !mDaCapo || ricomincia();
+}
+
+// No screen holds what the books do not have.
+bool GiornaleVendite::sgombra() {
+    const bool vuoto = std::none_of(mSeguite.begin(), mSeguite.end(),
+                                    [](const auto& seguita) { return seguita.has_value(); });
+    if (vuoto && !mDaCapo) return true;
+    mSeguite = {};
+    if (!mRimaste.empty()) {
+        if (!ricomincia()) return false;
+        if (mPrimaPendente) sincronizza();
+        return true;
+    }
+    mDaCapo = false;
+    // The older file first: a death between the two leaves the one that knows of the last save.
+    togliPrima();
+    mRegistro.elimina();
+    return true;
 }
 
 void GiornaleVendite::inSalvataggio(int conto, const SalvataggioIncerto& salvataggio) {
-    if (scrivi({{nomeConto, conto}, {nomeSalva, jsonDi(salvataggio)}})) sincronizza();
+    impegna(conto, {{nomeSalva, jsonDi(salvataggio)}});
 }
 
 void GiornaleVendite::inCancellazione(int conto, const std::set<int>& righe) {
-    if (!mTracce[static_cast<size_t>(conto)] || righe.empty()) return;
-    if (scrivi({{nomeConto, conto}, {nomeCancella, jsonDi(righe)}})) sincronizza();
+    if (!righe.empty()) impegna(conto, {{nomeCancella, jsonDi(righe)}});
 }
 
+// What has to be on the disk before the books change.
+void GiornaleVendite::impegna(int conto, const QJsonObject& record) {
+    auto& seguita = mSeguite[static_cast<size_t>(conto)];
+    if (!seguita) return;
+    applica(record, seguita->scritta);
+    scrivi(conto, record);
+    if (!mDaCapo || ricomincia()) sincronizza();
+}
+
+// Records that the disk has refused may be lost though it takes the next ones: another file is tried with all
+// of them.
 void GiornaleVendite::sincronizza() {
-    if (!mRegistro.sincronizza()) riferisciGuasto();
+    EsitoScarico esito = mRegistro.sincronizza();
+    if (esito == EsitoScarico::DatiRifiutati && ricomincia()) esito = mRegistro.sincronizza();
+    if (esito == EsitoScarico::DatiRifiutati) return riferisci(mGuasto, testoNonScritto);
+    mGuasto = false;
+    if (esito == EsitoScarico::NomeRifiutato) return riferisci(mGuastoNome, testoNomeNonScritto);
+    mGuastoNome = false;
+    togliPrima();
 }
 
-void GiornaleVendite::riferisciGuasto() {
-    if (!mGuasto) {
-        gErr.annotaErrore(
-            RunTimeError(RunTimeError::ErroreApplicazione, "Giornale delle vendite aperte non scritto"),
-            gNomeModulo, "GiornaleVendite", mPercorso);
+// What lasts is told once.
+void GiornaleVendite::riferisci(bool& detto, const QString& guasto) const {
+    if (!detto) {
+        gErr.annotaErrore(RunTimeError(RunTimeError::ErroreApplicazione, guasto), gNomeModulo,
+                          "GiornaleVendite", mPercorso);
     }
-    mGuasto = true;
+    detto = true;
 }
 
-// What could not be written is told once; the next record then begins the file anew, with all that is open.
-bool GiornaleVendite::scrivi(const QJsonObject& record) {
-    if (mRegistro.aggiungi(QJsonDocument(record).toJson(QJsonDocument::Compact))) {
-        mGuasto = false;
-        return true;
-    }
+void GiornaleVendite::scrivi(int conto, QJsonObject record) {
+    record[nomeConto] = conto;
+    if (!mDaCapo && !mRegistro.aggiungi(rigaDi(record))) mDaCapo = true;
+}
+
+// The file anew, with all that is open as the records before told it.
+bool GiornaleVendite::ricomincia() {
     mRegistro.elimina();
-    mTracce = {};
-    riferisciGuasto();
+    QList<QJsonObject> tutti;
+    for (size_t i = 0; i < mSeguite.size(); ++i) {
+        if (mSeguite[i]) tutti << recordDi(mSeguite[i]->scritta, static_cast<int>(i));
+    }
+    for (size_t i = 0; i < mRimaste.size(); ++i) {
+        tutti << recordDi(mRimaste[i], contiMassimi + static_cast<int>(i));
+    }
+    if (mPrimaPendente) tutti << QJsonObject{{nomeRipresa, true}};
+    mDaCapo = !std::all_of(tutti.begin(), tutti.end(),
+                           [&](const QJsonObject& record) { return mRegistro.aggiungi(rigaDi(record)); });
+    if (!mDaCapo) return true;
+    mRegistro.elimina();
+    riferisci(mGuasto, testoNonScritto);
     return false;
-}
-
-void riprendiVendite(GiornaleVendite& giornale, OperatorPort& operatore) {
-    std::vector<GiornaleVendite::VenditaAperta> aperte = giornale.leggi();
-    std::erase_if(aperte, [&](auto& aperta) { return !daRiprendere(aperta, operatore); });
-    if (aperte.empty() || !operatore.chiedeSi("Riprendere le vendite non salvate?")) {
-        giornale.dimentica();
-        return;
-    }
-    giornale.cominciaRipresa();
-    for (const auto& aperta : aperte) {
-        protetto(moduloFrmMain, "riprendiVendite", [&] { riprendi(aperta); });
-    }
-    giornale.finisciRipresa();
 }

@@ -18,6 +18,7 @@ class GiornaleVendite {
 
     // A sale that was open when the program ended.
     struct VenditaAperta {
+        // 0 to 3; above them the place of a sale that stays in the file without an account.
         int conto = 0;
         ImmagineVendita immagine;
         // It was being saved: whether that is in the books has to be looked up.
@@ -28,39 +29,54 @@ class GiornaleVendite {
     // What the last run left behind.
     std::vector<VenditaAperta> leggi();
     // Keeps what `leggi` found until the sales brought back have been written down anew, by the second call.
+    // `rimaste` are those that did not come back: they stay in the file for the next start.
     void cominciaRipresa();
-    void finisciRipresa();
+    void finisciRipresa(std::vector<VenditaAperta> rimaste);
     // What the last run left behind is not wanted any more.
     void dimentica();
 
     // Writes down what has changed on the open accounts. After every key.
     void annota();
     // On the disk before the commit: what the books will hold if it succeeds. The sale itself stays written
-    // down as it was before its save, without the keys that only the commit makes true.
+    // down as it was before its save, without the keys that only the commit makes true. Of a sale that is not
+    // written down there is nothing to say.
     void inSalvataggio(int conto, const SalvataggioIncerto& salvataggio);
-    // On the disk before a deletion: the keys of the rows that leave the books if it succeeds. Of a sale that
-    // is not written down there is nothing to say.
+    // On the disk before a deletion: the keys of the rows that leave the books if it succeeds.
     void inCancellazione(int conto, const std::set<int>& righe);
 
     // This user's file for the archive and desk in force: another archive's sales wait in theirs.
     static QString percorsoUtente();
 
   private:
+    // A sale as it changes, and as the file tells it.
+    struct VenditaSeguita {
+        TracciaVendita traccia;
+        VenditaAperta scritta;
+    };
+
     // The file of the last run, while its sales are being brought back.
     QString percorsoPrima() const { return mPercorso + ".prima"; }
+    bool primaSuperata() const;
+    void togliPrima();
     bool qualcosaDaSalvare() const;
-    bool scrivi(const QJsonObject& record);
+    // Both answer whether the file tells all that there is.
+    bool aggiorna();
+    bool sgombra();
+    void impegna(int conto, const QJsonObject& record);
+    void scrivi(int conto, QJsonObject record);
+    bool ricomincia();
     void sincronizza();
-    void riferisciGuasto();
+    void riferisci(bool& detto, const QString& guasto) const;
 
     QString mPercorso;
     RegistroAppeso mRegistro;
-    std::array<std::optional<TracciaVendita>, contiMassimi> mTracce;
-    bool mGuasto = false;  // the file cannot be written; told once
+    std::array<std::optional<VenditaSeguita>, contiMassimi> mSeguite;
+    std::vector<VenditaAperta> mRimaste;
+    bool mPrimaPendente = false;  // the last run's file stays until this one is on the disk
+    bool mDaCapo = false;         // the file lacks something, and has to begin anew
+    bool mGuasto = false;         // the file cannot be written; told once
+    bool mGuastoNome = false;     // the same of its name
 };
 
 // The journal in force; nothing when none is kept.
 GiornaleVendite* giornaleVendite();
-
-// Offers to bring back what the last run left behind, each sale on its account.
-void riprendiVendite(GiornaleVendite& giornale, OperatorPort& operatore);

@@ -45,6 +45,7 @@ QJsonObject jsonDi(const SalvataggioIncerto& s) {
     for (const RigaScritta& riga : s.righe.nuove) {
         nuove.append(colonneDi(riga));
     }
+    // The receipt's number is left out: the list that it counts in begins anew with each program.
     return {{"movimento", s.idMovimento},
             {"extraProg", s.extraProg},
             {"testata", colonneDi(s.testata)},

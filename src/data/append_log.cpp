@@ -84,14 +84,15 @@ bool RegistroAppeso::aggiungi(const QByteArray& record) {
     return true;
 }
 
-bool RegistroAppeso::sincronizza() {
+EsitoScarico RegistroAppeso::sincronizza() {
     std::unique_lock serratura(mSerratura);
     mSveglia.wait(serratura, [this] { return !mScaricoInCorso; });
-    if (mFile < 0) return true;
+    if (mFile < 0) return EsitoScarico::Fatto;
     mDaScaricare = false;
     if (!disco().scarica(mFile)) mScaricoFallito = true;
     if (mNomiSuDisco != mNomi && disco().scaricaCartellaDi(mPercorso)) mNomiSuDisco = mNomi;
-    return !mScaricoFallito && mNomiSuDisco == mNomi;
+    if (mScaricoFallito) return EsitoScarico::DatiRifiutati;
+    return mNomiSuDisco == mNomi ? EsitoScarico::Fatto : EsitoScarico::NomeRifiutato;
 }
 
 void RegistroAppeso::elimina() {

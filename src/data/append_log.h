@@ -8,6 +8,13 @@
 #include <QList>
 #include <QString>
 
+// What a disk was asked to keep.
+enum class EsitoScarico {
+    Fatto,
+    NomeRifiutato,  // the records are on the disk; of the file's name it is not known
+    DatiRifiutati   // of the records it is not known, whatever the disk takes next
+};
+
 // A file of records that only grows: each is a line with its check sum, so that a torn end is told from what
 // was written whole. A record is in the system's hands when `aggiungi` returns, where a killed process cannot
 // lose it; a thread of its own brings it to the disk right after, for the day the power goes.
@@ -24,9 +31,9 @@ class RegistroAppeso {
     // Without line breaks. The file begins anew with its first record, readable by its owner alone.
     // False when it could not be written; then nothing of it is in the file.
     bool aggiungi(const QByteArray& record);
-    // Returns when all records are on the disk, and with them the name of a file that is new; false when that
-    // is not known.
-    bool sincronizza();
+    // Returns when all records are on the disk, and with them the name of a file that is new, or when the
+    // disk has refused them.
+    EsitoScarico sincronizza();
     // The file goes.
     void elimina();
 

@@ -1,5 +1,6 @@
 #include "data/disk.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -20,7 +21,8 @@ bool Disco::scaricaCartellaDi(const QString& file) {
     const QByteArray cartella = QFile::encodeName(QFileInfo(file).absolutePath());
     const int aperta = ::open(cartella.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (aperta < 0) return false;
-    const bool scaricata = ::fsync(aperta) == 0;
+    // A file system that has no such call for folders keeps their names by itself.
+    const bool scaricata = ::fsync(aperta) == 0 || errno == EINVAL || errno == ENOTSUP;
     ::close(aperta);
     return scaricata;
 }

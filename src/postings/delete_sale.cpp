@@ -225,5 +225,6 @@ bool cancellaVendita(Vendita& v, int idMovimento, bool chiedi) {
         return esito == EsitoCommit::Registrato;
     if (!salvataggioChiarito(v)) return false;
     if (chiedi && !confermata(v)) return false;
+    if (v.primaDellaCancellazione) v.primaDellaCancellazione(righeRegistrate(v.flxVB));
     return cancellaInTransazione(v, idMovimento);
 }

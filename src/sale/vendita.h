@@ -193,6 +193,9 @@ struct Vendita : CampiVendita, InfoDocumento {
 
     // Hears what the books will hold, before a save is committed.
     std::function<void(const SalvataggioIncerto&)> primaDelCommit;
+    // Hears which rows, DettagliMovimento keys, a deletion is about to take that nothing but its transaction
+    // can stop any more.
+    std::function<void(const std::set<int>&)> primaDellaCancellazione;
     // The last save, while it is not known whether it is in the books.
     std::optional<SalvataggioIncerto> salvataggioIncerto;
     // The rows of the last deletion, DettagliMovimento keys, while it is not known whether they are gone.

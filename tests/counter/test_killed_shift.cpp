@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "core/errors.h"
+#include "counter/bring_back.h"
 #include "counter/counter_shop.h"
 #include "counter/recovery_journal.h"
 #include "data/gateway.h"

@@ -1,95 +1,11 @@
 #include <QDir>
 #include <QFile>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include "counter/commands.h"
-#include "counter/counter_shop.h"
-#include "counter/recovery_journal.h"
+#include "counter/recovery_fixture.h"
 #include "postings/save_sale.h"
 #include "sale/grid.h"
-
-namespace {
-
-const char* const offerta = "Riprendere le vendite non salvate?";
-
-class RecoveryJournal : public BancoDiProva {
-  protected:
-    RecoveryJournal() {
-        n.prodotto({.codice = "B", .listino1 = 5, .barcode = "8002", .descrizione = "Dado"});
-        giornale.emplace(percorso);
-    }
-    ~RecoveryJournal() override { giornale.reset(); }
-
-    // The program dies: nothing of it is left but its file. Then it starts again, up to the first account.
-    void muoreERiparte() {
-        giornale->annota();
-        riparteCon(contenuto());
-    }
-    // A start that finds that file.
-    void riparteCon(const QByteArray& file) {
-        for (auto& conto : gConti)
-            conto.reset();
-        giornale.reset();
-        QFile::remove(percorso);
-        if (!file.isEmpty()) {
-            QFile nuovo(percorso);
-            ASSERT_TRUE(nuovo.open(QIODevice::WriteOnly));
-            nuovo.write(file);
-        }
-        giornale.emplace(percorso);
-        getConto(0, false);
-    }
-    // F5, and the file as it stood just before the commit.
-    QByteArray salvaFinoAlCommit(ContoDiProva& c) {
-        giornale->annota();
-        QByteArray file;
-        auto annota = c.vendita().primaDelCommit;
-        c.vendita().primaDelCommit = [&](const SalvataggioIncerto& s) {
-            annota(s);
-            file = contenuto();
-        };
-        c.tasto(Qt::Key_F5);
-        EXPECT_FALSE(file.isEmpty());
-        return file;
-    }
-    // The books as they were before the last save.
-    void ilCommitNonCE() {
-        n.sql("DELETE FROM DettagliMovimento");
-        n.sql("DELETE FROM Movimenti");
-    }
-    void riprende(Risposta risposta = Risposta::Si) {
-        n.operatore.attendiDomanda(offerta, risposta);
-        riprendiVendite(*giornale, n.operatore);
-    }
-    void nonOffre() { riprendiVendite(*giornale, n.operatore); }
-    QByteArray contenuto() const {
-        QFile file(percorso);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    bool fileCe() const { return QFile::exists(percorso); }
-    // Cells, fields and numbers of a sale, as one text.
-    static QStringList tutto(const Vendita& v) {
-        QStringList parti;
-        for (int r = 1; r <= v.flxVB.ultima(); ++r) {
-            for (int c = 0; c < numeroColonne; ++c)
-                parti << v.flxVB.cella(r, static_cast<Colonna>(c));
-        }
-        for (const Campo* campo : v.elenco.tutti()) {
-            if (campo->nome().startsWith("cmdConto")) continue;
-            parti << campo->nome() + "=" + campo->testo() + "|" + campo->tag() + "|" +
-                         QString::number(campo->valore()) + QString::number(campo->bloccato()) +
-                         QString::number(campo->abilitato()) + QString::number(campo->visibile());
-        }
-        return parti << QString::number(v.idPrimaNota) << QString::number(v.idPagamento);
-    }
-
-    QTemporaryDir cartella;
-    const QString percorso = cartella.path() + "/vendite_aperte.giornale";
-    std::optional<GiornaleVendite> giornale;
-};
-
-}  // namespace
 
 TEST_F(RecoveryJournal, OpenSaleComesBackAsItWas) {
     ContoDiProva& c = contoConVendita();
@@ -327,23 +243,35 @@ TEST_F(RecoveryAfterTender, ASaleOfTheBooksComesBackWithItsRowsOnceBeforeTheComm
 
 class RecoveryAfterDeletion : public RecoveryJournal {
   protected:
-    // A sale of the books with one row more, written down; then Shift+F7, and the file as it stood when the
-    // operator was asked.
-    QByteArray cancellaFinoAllaDomanda(Risposta risposta) {
+    // A sale of the books with one row more, written down.
+    ContoDiProva& registrataECambiata() {
         ContoDiProva& c = contoConVendita();
         c.tasto(Qt::Key_F5);
         c.scansiona("8002");
         giornale->annota();
+        return c;
+    }
+    // Shift+F7, and the file as it stood just before the transaction; none when it did not come to that.
+    QByteArray cancella(ContoDiProva& c, Risposta risposta) {
         QByteArray file;
-        n.operatore.attendiDomanda("Eliminare il movimento con progressivo 0001/0001?", risposta,
-                                   [&] { file = contenuto(); });
+        auto annota = c.vendita().primaDellaCancellazione;
+        c.vendita().primaDellaCancellazione = [&file, annota, this](const std::set<int>& righe) {
+            annota(righe);
+            file = contenuto();
+        };
+        n.operatore.attendiDomanda("Eliminare il movimento con progressivo 0001/0001?", risposta);
         c.tasto(Qt::Key_F7, Qt::ShiftModifier);
         return file;
+    }
+    // Its deletion's commit was not answered.
+    void cancellazioneIncerta(ContoDiProva& c) {
+        c.vendita().cancellazioneIncerta = {c.vendita().flxVB.chiave(1, Colonna::Rid)};
     }
 };
 
 TEST_F(RecoveryAfterDeletion, SaleThatLeftTheBooksIsNotOffered) {
-    const QByteArray file = cancellaFinoAllaDomanda(Risposta::Si);
+    const QByteArray file = cancella(registrataECambiata(), Risposta::Si);
+    ASSERT_FALSE(file.isEmpty());
     ASSERT_EQ(n.conta("DettagliMovimento"), 0);
     riparteCon(file);
     nonOffre();
@@ -351,21 +279,39 @@ TEST_F(RecoveryAfterDeletion, SaleThatLeftTheBooksIsNotOffered) {
 }
 
 TEST_F(RecoveryAfterDeletion, SaleThatIsStillInTheBooksIsOffered) {
-    riparteCon(cancellaFinoAllaDomanda(Risposta::No));
+    ContoDiProva& c = registrataECambiata();
+    n.sql("CREATE TABLE Copia AS SELECT * FROM DettagliMovimento");
+    const QByteArray file = cancella(c, Risposta::Si);
+    n.sql("INSERT INTO DettagliMovimento SELECT * FROM Copia");
+    n.sql("DROP TABLE Copia");
+    riparteCon(file);
     riprende();
     EXPECT_EQ(n.vendita(0).flxVB.ultima(), 2);
     EXPECT_TRUE(n.vendita(0).cancellazioneIncerta.empty());
 }
 
-TEST_F(RecoveryAfterDeletion, DeletionOfWhichNothingIsKnownIsStillLookedForAfterwards) {
-    ContoDiProva& c = contoConVendita();
-    c.tasto(Qt::Key_F5);
-    c.scansiona("8002");
-    const int riga = c.vendita().flxVB.chiave(1, Colonna::Rid);
-    c.vendita().cancellazioneIncerta = {riga};
+TEST_F(RecoveryAfterDeletion, AnsweredNoNothingOfItIsWrittenDown) {
+    ContoDiProva& c = registrataECambiata();
+    const QByteArray prima = contenuto();
+    EXPECT_TRUE(cancella(c, Risposta::No).isEmpty());
+    EXPECT_EQ(contenuto(), prima);
+}
+
+TEST_F(RecoveryAfterDeletion, OneThatWasNotKnownToBeInTheBooksIsFoundThereAtTheStart) {
+    cancellazioneIncerta(registrataECambiata());
+    giornale->annota();
+    n.sql("DELETE FROM DettagliMovimento");
+    muoreERiparte();
+    nonOffre();
+    EXPECT_FALSE(fileCe());
+}
+
+TEST_F(RecoveryAfterDeletion, OneThatTurnsOutNotToBeInTheBooksIsForgotten) {
+    cancellazioneIncerta(registrataECambiata());
     muoreERiparte();
     riprende();
-    EXPECT_EQ(n.vendita(0).cancellazioneIncerta, std::set<int>{riga});
+    EXPECT_TRUE(n.vendita(0).cancellazioneIncerta.empty());
+    EXPECT_EQ(n.vendita(0).flxVB.ultima(), 2);
 }
 
 TEST_F(RecoveryAfterDeletion, UnsavedSaleHasNothingToDelete) {
@@ -374,6 +320,16 @@ TEST_F(RecoveryAfterDeletion, UnsavedSaleHasNothingToDelete) {
     const QByteArray prima = contenuto();
     c.tasto(Qt::Key_F7, Qt::ShiftModifier);
     EXPECT_EQ(contenuto(), prima);
+}
+
+TEST_F(RecoveryJournal, SavingWhatIsSavedLeavesNoFile) {
+    ContoDiProva& c = contoConVendita();
+    giornale->annota();
+    c.tasto(Qt::Key_F5);
+    giornale->annota();
+    c.tasto(Qt::Key_F5);
+    giornale->annota();
+    EXPECT_FALSE(fileCe());
 }
 
 // ----

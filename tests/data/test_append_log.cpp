@@ -1,53 +1,12 @@
-#include <atomic>
-#include <condition_variable>
 #include <gtest/gtest.h>
-#include <mutex>
 
 #include <QFile>
 #include <QTemporaryDir>
 
 #include "data/append_log.h"
-#include "data/disk.h"
+#include "doubles/disco_di_prova.h"
 
 namespace {
-
-// Counts what reaches the disk, and says when. It fails on demand.
-class DiscoDiProva final : public Disco {
-  public:
-    DiscoDiProva() { impostaDisco(this); }
-    ~DiscoDiProva() override { impostaDisco(nullptr); }
-    DiscoDiProva(const DiscoDiProva&) = delete;
-    DiscoDiProva& operator=(const DiscoDiProva&) = delete;
-
-    bool scarica(int file) override { return conta(mFile, Disco::scarica(file) && !guasto); }
-    bool scaricaCartellaDi(const QString& file) override {
-        return conta(mCartelle, Disco::scaricaCartellaDi(file) && !guasto);
-    }
-    int cartelle() {
-        const std::lock_guard serratura(mSerratura);
-        return mCartelle;
-    }
-    // Waits for the thread that brings records to the disk.
-    bool aspettaCartelle(int quante) {
-        std::unique_lock serratura(mSerratura);
-        return mCambiato.wait_for(serratura, std::chrono::seconds(10), [&] { return mCartelle >= quante; });
-    }
-
-    std::atomic<bool> guasto = false;
-
-  private:
-    bool conta(int& contatore, bool esito) {
-        const std::lock_guard serratura(mSerratura);
-        ++contatore;
-        mCambiato.notify_all();
-        return esito;
-    }
-
-    std::mutex mSerratura;
-    std::condition_variable mCambiato;
-    int mFile = 0;
-    int mCartelle = 0;
-};
 
 class AppendLog : public testing::Test {
   protected:
@@ -169,7 +128,7 @@ TEST_F(AppendLog, TheNameReachesTheDiskOnceForEachFileAndNotForEachRecord) {
         ASSERT_TRUE(disco.aspettaCartelle(2 * file - 1));
         for (int i = 0; i < 100; ++i)
             registro.aggiungi("due");
-        EXPECT_TRUE(registro.sincronizza());
+        EXPECT_EQ(registro.sincronizza(), EsitoScarico::Fatto);
         EXPECT_EQ(disco.cartelle(), 2 * file - 1);
         registro.elimina();
         ASSERT_TRUE(disco.aspettaCartelle(2 * file));
@@ -180,7 +139,7 @@ TEST_F(AppendLog, SynchronisedTheNameIsOnTheDisk) {
     DiscoDiProva disco;
     RegistroAppeso registro(percorso);
     registro.aggiungi("uno");
-    EXPECT_TRUE(registro.sincronizza());
+    EXPECT_EQ(registro.sincronizza(), EsitoScarico::Fatto);
     EXPECT_GE(disco.cartelle(), 1);
 }
 
@@ -196,32 +155,48 @@ TEST_F(AppendLog, TheRemovalReachesTheDiskByItself) {
 // Records that the disk refused once may be lost though it takes the next ones.
 TEST_F(AppendLog, ADiskThatDoesNotTakeItIsAnsweredUntilTheFileBeginsAnew) {
     DiscoDiProva disco;
-    disco.guasto = true;
+    disco.guastoDati = true;
     RegistroAppeso registro(percorso);
     registro.aggiungi("uno");
-    EXPECT_FALSE(registro.sincronizza());
-    disco.guasto = false;
-    EXPECT_FALSE(registro.sincronizza());
+    EXPECT_EQ(registro.sincronizza(), EsitoScarico::DatiRifiutati);
+    disco.guastoDati = false;
+    EXPECT_EQ(registro.sincronizza(), EsitoScarico::DatiRifiutati);
     registro.elimina();
     registro.aggiungi("due");
-    EXPECT_TRUE(registro.sincronizza());
+    EXPECT_EQ(registro.sincronizza(), EsitoScarico::Fatto);
 }
 
 TEST_F(AppendLog, WhatTheThreadWasRefusedIsAnsweredAtTheNextSynchronisation) {
     DiscoDiProva disco;
-    disco.guasto = true;
+    disco.guastoDati = true;
     RegistroAppeso registro(percorso);
     registro.aggiungi("uno");
     ASSERT_TRUE(disco.aspettaCartelle(1));
-    disco.guasto = false;
-    EXPECT_FALSE(registro.sincronizza());
+    disco.guastoDati = false;
+    EXPECT_EQ(registro.sincronizza(), EsitoScarico::DatiRifiutati);
+}
+
+TEST_F(AppendLog, ANameThatTheDiskRefusesIsToldApartFromTheRecords) {
+    DiscoDiProva disco;
+    disco.guastoNomi = true;
+    RegistroAppeso registro(percorso);
+    registro.aggiungi("uno");
+    EXPECT_EQ(registro.sincronizza(), EsitoScarico::NomeRifiutato);
+    disco.guastoNomi = false;
+    EXPECT_EQ(registro.sincronizza(), EsitoScarico::Fatto);
 }
 
 TEST_F(AppendLog, NothingWrittenIsSynchronisedAtOnce) {
     DiscoDiProva disco;
     RegistroAppeso registro(percorso);
-    EXPECT_TRUE(registro.sincronizza());
+    EXPECT_EQ(registro.sincronizza(), EsitoScarico::Fatto);
     EXPECT_EQ(disco.cartelle(), 0);
+}
+
+// Where the kernel's own files lie a folder has no such call.
+TEST(Disk, AFolderThatKeepsItsNamesByItselfIsDone) {
+    if (!QFile::exists("/proc/self/status")) GTEST_SKIP() << "no /proc";
+    EXPECT_TRUE(Disco().scaricaCartellaDi("/proc/self/status"));
 }
 
 TEST(Disk, AFolderThatIsNotThereIsAnswered) {
