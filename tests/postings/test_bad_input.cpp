@@ -44,7 +44,7 @@ class BadInput : public testing::Test {
         EXPECT_TRUE(n.operatore.avvisi.empty());
     }
     void rifiutoNelRegistro() {
-        EXPECT_EQ(n.registroErrori().count("foreign key", Qt::CaseInsensitive), 1)
+        EXPECT_EQ(n.registroErrori().count("foreign key constraint", Qt::CaseInsensitive), 1)
             << n.registroErrori().toStdString();
         EXPECT_EQ(n.registroErrori().count("Modulo bBottegonClientVB.salvaVendita"), 1);
     }
