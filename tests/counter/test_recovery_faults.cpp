@@ -149,11 +149,12 @@ class RecoveryWithoutOperator : public RecoveryJournal {
         muoreERiparte();
         gVenditoriObbligatori = 1;
         n.allaProssimaApertura = [](ContoDiProva& c) { c.codiciVenditore = {""}; };
+        n.operatore.attendiDomanda("Riprendere le vendite non salvate?", Risposta::Si);
         n.operatore.attendiMessaggio(
             "Vendite non riprese: 1.\n"
-            "Non sono perse: restano conservate e vengono proposte di nuovo al prossimo avvio del "
-            "programma.");
-        riprende();
+            "Non sono perse: restano conservate e vengono proposte di nuovo al prossimo avvio del programma.",
+            OperatorPort::Icona::Esclamazione);
+        riprendiVendite(*giornale, n.operatore);
         gVenditoriObbligatori = 0;
         ASSERT_FALSE(gConti[2]);
     }

@@ -280,10 +280,19 @@ TEST_F(RecoveryAfterDeletion, SaleThatLeftTheBooksIsNotOffered) {
 
 TEST_F(RecoveryAfterDeletion, SaleThatIsStillInTheBooksIsOffered) {
     ContoDiProva& c = registrataECambiata();
-    n.sql("CREATE TABLE Copia AS SELECT * FROM DettagliMovimento");
+    // Another desk changes the row meanwhile: nothing is deleted.
+    auto annota = c.vendita().primaDellaCancellazione;
+    c.vendita().primaDellaCancellazione = [&](const std::set<int>& righe) {
+        n.sql("UPDATE DettagliMovimento SET QUANTITA = 2");
+        annota(righe);
+        n.operatore.attendiMessaggio(
+            "La vendita non è più nell'archivio come la si vede: un'altra cassa l'ha cambiata o cancellata.\n"
+            "Richiamarla e ripetere l'operazione.",
+            OperatorPort::Icona::Esclamazione);
+    };
     const QByteArray file = cancella(c, Risposta::Si);
-    n.sql("INSERT INTO DettagliMovimento SELECT * FROM Copia");
-    n.sql("DROP TABLE Copia");
+    ASSERT_FALSE(file.isEmpty());
+    ASSERT_EQ(n.conta("DettagliMovimento"), 1);
     riparteCon(file);
     riprende();
     EXPECT_EQ(n.vendita(0).flxVB.ultima(), 2);
