@@ -11,12 +11,11 @@
 #include "data/options_table.h"
 #include "postings/journal.h"
 #include "postings/lost_deletion.h"
-#include "postings/lost_save.h"
 #include "postings/payment_schedule.h"
+#include "postings/save_outcome.h"
 #include "postings/stock.h"
 #include "postings/stored_row.h"
 #include "postings/stored_sale.h"
-#include "register/interface_link.h"
 #include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -172,19 +171,15 @@ bool cancellaInTransazione(Vendita& v, int idMovimento) {
 
 // A save of which nothing is known is looked for first: rows that it wrote belong to what goes.
 bool salvataggioChiarito(Vendita& v) {
-    if (!v.salvataggioIncerto) return true;
-    const SalvataggioIncerto salvataggio = *v.salvataggioIncerto;
+    const std::optional<SalvataggioIncerto> salvataggio = v.salvataggioIncerto;
     OperatorPort& operatore = v.schermo.operatore();
-    const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
+    const EsitoCommit esito = chiarisciSalvataggio(v);
+    if (esito == EsitoCommit::NonRegistrato) return true;
     if (esito == EsitoCommit::Ignoto) {
         operatore.messaggio(testoSalvataggioIgnoto, Icona::Critica);
         return false;
     }
-    v.salvataggioIncerto.reset();
-    const bool registrato = esito == EsitoCommit::Registrato && salvataggio.conRighe();
-    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, registrato);
-    if (!registrato) return true;
-    showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
+    showVendita(v, salvataggio->idMovimento, -1, salvataggio->extraProg, -1);
     operatore.messaggio(QString(testoGiaSalvata).arg(v.numero()), Icona::Esclamazione);
     return false;
 }

@@ -1,6 +1,7 @@
 #include "postings/save_outcome.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/errors.h"
 #include "core/format.h"
@@ -145,21 +146,25 @@ bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvatag
     return false;
 }
 
-std::optional<bool> riprendiSalvataggio(Vendita& v) {
-    if (!v.salvataggioIncerto) return std::nullopt;
-    OperatorPort& operatore = v.schermo.operatore();
-    const EsitoCommit esito = cercaSalvataggio(operatore, *v.salvataggioIncerto);
-    if (esito == EsitoCommit::Ignoto) {
-        operatore.messaggio(testoIncerta, Icona::Critica);
-        return false;
-    }
-    const SalvataggioIncerto salvataggio = *v.salvataggioIncerto;
-    v.salvataggioIncerto.reset();
+EsitoCommit chiarisciSalvataggio(Vendita& v) {
+    if (!v.salvataggioIncerto) return EsitoCommit::NonRegistrato;
+    const EsitoCommit esito = cercaSalvataggio(v.schermo.operatore(), *v.salvataggioIncerto);
+    if (esito == EsitoCommit::Ignoto) return esito;
+    const SalvataggioIncerto salvataggio = *std::exchange(v.salvataggioIncerto, std::nullopt);
     const bool registrato = esito == EsitoCommit::Registrato;
-    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, registrato && salvataggio.conRighe());
-    if (registrato && salvataggio.conRighe()) return mostraRitrovata(v, salvataggio);
-    if (registrato) mostraTestata(v, salvataggio.idMovimento, progressivoScritto(salvataggio));
-    return std::nullopt;
+    const bool conRighe = registrato && salvataggio.conRighe();
+    gFrmRegCassa().scontrini.chiarisci(salvataggio.scontrino, conRighe);
+    if (registrato && !conRighe) mostraTestata(v, salvataggio.idMovimento, progressivoScritto(salvataggio));
+    return conRighe ? EsitoCommit::Registrato : EsitoCommit::NonRegistrato;
+}
+
+std::optional<bool> riprendiSalvataggio(Vendita& v) {
+    const std::optional<SalvataggioIncerto> salvataggio = v.salvataggioIncerto;
+    const EsitoCommit esito = chiarisciSalvataggio(v);
+    if (esito == EsitoCommit::NonRegistrato) return std::nullopt;
+    if (esito == EsitoCommit::Registrato) return mostraRitrovata(v, *salvataggio);
+    v.schermo.operatore().messaggio(testoIncerta, Icona::Critica);
+    return false;
 }
 
 bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {

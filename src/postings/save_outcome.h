@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "postings/lost_commit.h"
 #include "postings/save_state.h"
 
 // How a save has ended, and what the operator is told of it.
@@ -17,6 +18,10 @@ void segnaSalvata(Vendita& v, const Documento& d);
 // The answer to the commit was lost: the books are asked. They hold what was written, or nothing of it; true
 // when they do.
 bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima);
+// What became of the last save, if nobody knows: the books are asked, and the list of receipts is told.
+// Registrato when its rows are there; a header without rows only goes to the screen, by key and number.
+// Ignoto: the books did not answer, and all stays as it is.
+EsitoCommit chiarisciSalvataggio(Vendita& v);
 // A sale that may be in the books already is looked for before it is saved again. Nothing when it is to be
 // saved now, else what the save answers.
 std::optional<bool> riprendiSalvataggio(Vendita& v);

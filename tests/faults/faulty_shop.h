@@ -11,6 +11,10 @@
 #include "postings/books.h"
 #include "postings/lost_commit.h"
 
+inline const char* const testoIncerta =
+    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
+    "La vendita resta sullo schermo; quando la si salva di nuovo si controlla prima se è già nell'archivio.";
+
 // A shop on a server of its own, and on its screen a sale of two rows, 12,20 and 12,10, ready to be saved.
 class NegozioGuasto : public testing::Test {
   protected:
@@ -56,6 +60,10 @@ class NegozioGuasto : public testing::Test {
         EXPECT_FALSE(gAdo.inTransazione());
         EXPECT_EQ(n->operatore.clessidre, 0);
         EXPECT_EQ(n->operatore.attesa, QString());
+    }
+    // The save ends with nobody knowing whether it is in the books.
+    void attendiVenditaIncerta() {
+        n->operatore.attendiMessaggio(testoIncerta, OperatorPort::Icona::Critica);
     }
     void nienteNeiLibri() {
         EXPECT_EQ(n->conta("Movimenti"), 0);

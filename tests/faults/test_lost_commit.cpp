@@ -17,9 +17,6 @@ const char* const salvata =
 const char* const nonSalvata =
     "La vendita non è stata salvata: il collegamento con il server si è interrotto.\n"
     "La vendita è ancora sullo schermo e si può salvare di nuovo.";
-const char* const incerta =
-    "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
-    "La vendita resta sullo schermo; quando la si salva di nuovo si controlla prima se è già nell'archivio.";
 const char* const salvataPrima =
     "La vendita era già stata salvata: N° 0001/0001.\n"
     "Le modifiche fatte dopo non sono nell'archivio: si mostra la vendita come è stata salvata.";
@@ -41,7 +38,7 @@ class LostCommit : public NegozioGuasto {
     }
     // It is not known, and the sale stands as it was.
     void salvaNelBuio(Guasto guasto) {
-        salvaCon(guasto, true, incerta, Icona::Critica);
+        salvaCon(guasto, true, testoIncerta, Icona::Critica);
         EXPECT_EQ(schermata(vendita()), prima);
     }
     static QString ritrovata(const QString& numero = "0001/0001") { return QString(salvata).arg(numero); }
@@ -207,7 +204,7 @@ class LostCommitBehindAnError : public LostCommit {
         sondaIstruzioni() = {};
     }
     void salvaNelBuioConErrore(Guasto guasto, const QString& istruzione = "UPDATE Movimenti") {
-        salvaConErrore(guasto, incerta, Icona::Critica, istruzione, true);
+        salvaConErrore(guasto, testoIncerta, Icona::Critica, istruzione, true);
         EXPECT_EQ(schermata(vendita()), prima);
         linea.ripristina();
     }
@@ -268,7 +265,7 @@ TEST_F(LostCommitBehindAnError, ThatWasLeftOpenAndIsMissingIsSaved) {
 
 TEST_F(LostCommit, WithoutAServerTheOutcomeIsLeftOpen) {
     salvaNelBuio(Guasto::DopoIlCommit);
-    n->operatore.attendiMessaggio(incerta, Icona::Critica);
+    attendiVenditaIncerta();
     salva();
     EXPECT_EQ(schermata(vendita()), prima);
 }
@@ -319,7 +316,7 @@ TEST_F(LostCommit, ACommitThatIsStillUnderWayIsNotTakenForLost) {
         if (sql == "COMMIT") server.sospendi();
         return std::nullopt;
     };
-    n->operatore.attendiMessaggio(incerta, Icona::Critica);
+    attendiVenditaIncerta();
     salva();
     sondaIstruzioni() = {};
     server.riprendi();
@@ -349,7 +346,7 @@ TEST_F(LostCommit, APowerCutBeforeTheCommitIsLookedUpAfterTheRestart) {
         if (sql == "COMMIT" && server.acceso()) server.ferma(SIGKILL);
         return std::nullopt;
     };
-    n->operatore.attendiMessaggio(incerta, Icona::Critica);
+    attendiVenditaIncerta();
     salva();
     sondaIstruzioni() = {};
     server.avvia();

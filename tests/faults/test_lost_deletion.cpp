@@ -179,11 +179,7 @@ class DeletionAfterALostSave : public LostDeletion {
     void salvaNelBuio(Guasto guasto) {
         vendi(*conto, "C", "4");
         linea.guasta(guasto, true);
-        n->operatore.attendiMessaggio(
-            "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
-            "La vendita resta sullo schermo; quando la si salva di nuovo si controlla prima se è già "
-            "nell'archivio.",
-            Icona::Critica);
+        attendiVenditaIncerta();
         salva();
     }
 };

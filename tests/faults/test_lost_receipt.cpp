@@ -40,11 +40,7 @@ class LostReceipt : public NegozioGuasto {
     }
     void salvaNelBuio(Guasto guasto) {
         linea.guasta(guasto, true);
-        n->operatore.attendiMessaggio(
-            "Non si sa se la vendita è stata salvata: il server non risponde o è occupato.\n"
-            "La vendita resta sullo schermo; quando la si salva di nuovo si controlla prima se è già "
-            "nell'archivio.",
-            Icona::Critica);
+        attendiVenditaIncerta();
         salva();
         ASSERT_EQ(elenco().size(), 1);
         linea.ripristina();

@@ -165,6 +165,16 @@ bool proprioDelSalvataggio(const QString& sql) {
     return sql.contains(" FROM ") || sql.startsWith("INSERT ") || sql.startsWith("UPDATE ");
 }
 
+// F5 meets an unforeseen error at the statements that begin like this.
+void salvaConErrore(VenditaPronta& s, const QString& inizio) {
+    sondaIstruzioni() = [inizio](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql.startsWith(inizio)) throw RunTimeError(RunTimeError::Overflow);
+        return std::nullopt;
+    };
+    s.conto().tasto(Qt::Key_F5);
+    sondaIstruzioni() = {};
+}
+
 }  // namespace
 
 TEST(SaveRunTimeErrors, AtEveryStatementNothingIsBookedTwice) {
@@ -237,12 +247,7 @@ TEST(SaveRunTimeErrors, AtEveryStatementOfASecondSaveNothingTypedIsLost) {
 TEST(SaveRunTimeErrors, BeforeTheRowsKeepTheHeaderWithWhatWasTyped) {
     VenditaPronta s;
     s.n.operatore.attendiAvviso("bBottegonClientVB.salvaVendita");
-    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
-        if (sql.startsWith("SELECT MAX(EXTRAPROG)")) throw RunTimeError(RunTimeError::Overflow);
-        return std::nullopt;
-    };
-    s.conto().tasto(Qt::Key_F5);
-    sondaIstruzioni() = {};
+    salvaConErrore(s, "SELECT MAX(EXTRAPROG)");
     EXPECT_EQ(s.testate(), 1);
     EXPECT_EQ(s.righe(), 0);
     EXPECT_EQ(s.vendita().lblRID.testo(), s.n.valore("SELECT RID FROM Movimenti"));
@@ -257,12 +262,7 @@ TEST(SaveRunTimeErrors, BeforeTheRowsKeepTheHeaderWithWhatWasTyped) {
 TEST(SaveRunTimeErrors, InTheSaveItselfCommitsWhatWasWrittenAndShowsIt) {
     VenditaPronta s;
     s.n.operatore.attendiAvviso("bBottegonClientVB.salvaVendita");
-    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
-        if (sql.startsWith("UPDATE Movimenti")) throw RunTimeError(RunTimeError::Overflow);
-        return std::nullopt;
-    };
-    s.conto().tasto(Qt::Key_F5);
-    sondaIstruzioni() = {};
+    salvaConErrore(s, "UPDATE Movimenti");
     EXPECT_EQ(s.testate(), 1);
     EXPECT_EQ(s.righe(), 2);
     EXPECT_EQ(s.vendita().lblRID.testo(), s.n.valore("SELECT RID FROM Movimenti"));
@@ -288,12 +288,7 @@ TEST(SaveRunTimeErrors, InTheRowsRollBack) {
     VenditaPronta s;
     s.n.operatore.attendiAvviso("bBottegonClientVB.saveDettagli");
     const QStringList prima = libri(s.n);
-    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
-        if (sql.startsWith("INSERT INTO DettagliMovimento")) throw RunTimeError(RunTimeError::Overflow);
-        return std::nullopt;
-    };
-    s.conto().tasto(Qt::Key_F5);
-    sondaIstruzioni() = {};
+    salvaConErrore(s, "INSERT INTO DettagliMovimento");
     EXPECT_EQ(libri(s.n), prima);
     EXPECT_EQ(s.vendita().flxVB.gestione(1), RigaNuova);
 }
