@@ -1,12 +1,14 @@
 #include <malloc.h>
 #include <unistd.h>
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
-#endif
 
 #include <QFile>
 
 #include "register/link_bench.h"
+
+#ifdef __SANITIZE_ADDRESS__
+// Of the sanitizer's run time; the compiler comes without the header that declares it.
+extern "C" size_t __sanitizer_get_current_allocated_bytes();
+#endif
 
 // The till's memory does not grow, whatever a register's interface program sends for however long.
 class Memory : public Collegato {
