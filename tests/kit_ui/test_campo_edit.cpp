@@ -36,6 +36,34 @@ TEST_F(CampoEditTest, ATextThatTheBoxCannotShowWholeStaysInTheField) {
     EXPECT_EQ(campo.testo(), "uno\ndue");
 }
 
+TEST_F(CampoEditTest, ATextTooLongForTheBoxIsWholeInSmallerLetters) {
+    const QFont intero = casella.font();
+    const QSize misura = casella.sizeHint();
+    casella.resize(QFontMetrics(intero).horizontalAdvance("VITI TRUCIOLARI 4X40"), 44);
+    campo.testo("VITI TRUCIOLARI 4X40 CF");
+    EXPECT_LE(QFontMetrics(casella.font()).horizontalAdvance(casella.text()), casella.width());
+    EXPECT_EQ(casella.sizeHint(), misura);
+    campo.testo("VITI");
+    EXPECT_EQ(casella.font(), intero);
+}
+
+TEST_F(CampoEditTest, LettersNeverGetTooSmallToBeRead) {
+    casella.resize(100, 44);
+    const qreal intero = casella.font().pointSizeF();
+    QTest::keyClicks(&casella, QString("parola ").repeated(20));
+    EXPECT_GE(casella.font().pointSizeF(), intero * 0.7);
+}
+
+TEST_F(CampoEditTest, AWiderBoxShowsItsLettersWholeAgain) {
+    const QFont intero = casella.font();
+    casella.show();
+    casella.resize(100, 44);
+    campo.testo("VITI TRUCIOLARI 4X40");
+    EXPECT_LT(casella.font().pointSizeF(), intero.pointSizeF());
+    casella.resize(900, 44);
+    EXPECT_EQ(casella.font(), intero);
+}
+
 TEST_F(CampoEditTest, EachCharacterPassesTheScreensRules) {
     QString visti;
     casella.filtroTasti([&](QChar c) -> std::optional<QChar> {

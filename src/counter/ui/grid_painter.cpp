@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/value_helpers.h"
 #include "counter/ui/style.h"
+#include "kit/ui/fitting_font.h"
 #include "sale/flxvb.h"
 
 namespace {
@@ -177,11 +178,7 @@ TestoInCella testoInCella(const QString& testo, const QFont& carattere, int larg
 }
 
 TestoInCella cifraInCella(const QString& cifra, const QFont& carattere, int larghezza) {
-    QFont adatto = carattere;
-    const qreal minimo = carattere.pointSizeF() * scalaMinima;
-    while (QFontMetrics(adatto).horizontalAdvance(cifra) > larghezza && adatto.pointSizeF() > minimo) {
-        adatto.setPointSizeF(adatto.pointSizeF() - 0.5);
-    }
+    const QFont adatto = carattereAdatto(carattere, cifra, larghezza, carattere.pointSizeF() * scalaMinima);
     return {{QFontMetrics(adatto).elidedText(cifra, Qt::ElideLeft, larghezza)}, adatto};
 }
 

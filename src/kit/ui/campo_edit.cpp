@@ -5,15 +5,19 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QValidator>
 
 #include "kit/ui/campo_widgets.h"
 #include "kit/ui/contrast.h"
+#include "kit/ui/fitting_font.h"
 
 namespace {
 
 constexpr unsigned bianco = 0xFFFFFF;  // as good as no colour: that of every box
 constexpr int margineTesto = 8;
+constexpr int margineCursore = 3;  // left by the box beside its text margins
+constexpr qreal scalaMinima = 0.7;
 constexpr qreal raggio = 6.0;
 constexpr qreal bordoFuoco = 3.0;
 
@@ -45,12 +49,13 @@ bool tastoDiTesto(const QKeyEvent& evento) {
 }  // namespace
 
 CampoEdit::CampoEdit(Campo& campo, CTextBox* casella, const QString& nomeAccessibile, QWidget* padre)
-    : QLineEdit(padre), mCampo(campo), mCasella(casella) {
+    : QLineEdit(padre), mCampo(campo), mCasella(casella), mIntero(font()) {
     setObjectName(campo.nome());
     setAccessibleName(nomeAccessibile);
     setFrame(false);
     setTextMargins(margineTesto, 0, margineTesto, 0);
     setMinimumHeight(altezzaTocco);
+    mMisura = QLineEdit::sizeHint();
     setValidator(new UnaRiga(this));
     QPalette trasparente = palette();
     trasparente.setColor(QPalette::Base, Qt::transparent);
@@ -62,7 +67,10 @@ CampoEdit::CampoEdit(Campo& campo, CTextBox* casella, const QString& nomeAccessi
     }
     mCampo.osserva([this](const Campo&) { mostra(); });
     mostra();
-    connect(this, &QLineEdit::textChanged, this, [this](const QString& testo) { mCampo.testo(testo); });
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& testo) {
+        adattaCarattere();
+        mCampo.testo(testo);
+    });
 }
 
 CampoEdit::~CampoEdit() {
@@ -75,6 +83,7 @@ void CampoEdit::mostra() {
         // The field's own text stands as it is, even where the box shows less of it.
         const QSignalBlocker zitto(this);
         setText(mCampo.testo());
+        adattaCarattere();
         if (!hasFocus()) setCursorPosition(0);
     }
     setReadOnly(mCampo.bloccato());
@@ -82,6 +91,27 @@ void CampoEdit::mostra() {
     mostraVisibilita(*this, mCampo);
     coloraTesto();
     update();
+}
+
+void CampoEdit::adattaCarattere() {
+    const int spazio = width() - 2 * (margineTesto + margineCursore);
+    const QFont adatto = carattereAdatto(mIntero, text(), spazio, mIntero.pointSizeF() * scalaMinima);
+    if (adatto == font()) return;
+    const QScopedValueRollback adattando(mAdattando, true);
+    setFont(adatto);
+}
+
+void CampoEdit::resizeEvent(QResizeEvent* evento) {
+    QLineEdit::resizeEvent(evento);
+    adattaCarattere();
+}
+
+void CampoEdit::changeEvent(QEvent* evento) {
+    QLineEdit::changeEvent(evento);
+    if (evento->type() != QEvent::FontChange || mAdattando) return;
+    mIntero = font();
+    mMisura = QLineEdit::sizeHint();
+    adattaCarattere();
 }
 
 std::optional<QColor> CampoEdit::fondoProprio() const {

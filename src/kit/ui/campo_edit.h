@@ -9,8 +9,8 @@
 #include "kit/ui/touch_widgets.h"
 
 // The box of a field. Text, lock, enabling, visibility and colours follow the Campo; what is typed goes
-// back to it. Each character first passes the screen's rules, one by one; pasted text does not, and loses
-// its line breaks and control characters.
+// back to it. A text too long for the box is shown in smaller letters. Each character first passes the
+// screen's rules, one by one; pasted text does not, and loses its line breaks and control characters.
 class CampoEdit final : public QLineEdit, public CTextBox::Casella {
     Q_OBJECT
   public:
@@ -32,15 +32,20 @@ class CampoEdit final : public QLineEdit, public CTextBox::Casella {
     void tab() override { focusNextPrevChild(true); }
     void invio() override;
 
+    QSize sizeHint() const override { return mMisura; }
+
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
     void inputMethodEvent(QInputMethodEvent* evento) override;
     void focusInEvent(QFocusEvent* evento) override;
     void mouseReleaseEvent(QMouseEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    void changeEvent(QEvent* evento) override;
 
   private:
     void mostra();
+    void adattaCarattere();
     // A colour that the rules gave the box.
     std::optional<QColor> fondoProprio() const;
     QColor inchiostro() const;
@@ -51,5 +56,8 @@ class CampoEdit final : public QLineEdit, public CTextBox::Casella {
     Campo& mCampo;
     CTextBox* mCasella;
     FiltroTasti mFiltro;
+    QFont mIntero;  // what the box is given; the letters it shows may be smaller
+    QSize mMisura;  // asked for with these
+    bool mAdattando = false;
     bool mFuocoDalMouse = false;
 };

@@ -4,6 +4,8 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include "kit/ui/fitting_font.h"
+
 namespace {
 
 // Background and border as the style sheet says, without the text.
@@ -33,12 +35,9 @@ EtichettaAdattata::EtichettaAdattata(int puntiMinimi, int puntiMassimi, QWidget*
     : QLabel(padre), mMinimi(puntiMinimi), mMassimi(puntiMassimi) {}
 
 QFont EtichettaAdattata::caratterePer(int larghezza) const {
-    QFont carattere = font();
-    for (int punti = mMassimi; punti >= mMinimi; --punti) {
-        carattere.setPointSize(punti);
-        if (QFontMetrics(carattere).horizontalAdvance(text()) <= larghezza) break;
-    }
-    return carattere;
+    QFont grande = font();
+    grande.setPointSize(mMassimi);
+    return carattereAdatto(grande, text(), larghezza, mMinimi);
 }
 
 QSize EtichettaAdattata::sizeHint() const {
