@@ -18,6 +18,23 @@ RigaScritta colonneDa(const QJsonValue& valore) {
     return riga;
 }
 
+QJsonObject righeDi(const std::map<int, RigaScritta>& righe) {
+    QJsonObject perChiave;
+    for (const auto& [rid, colonne] : righe) {
+        perChiave[QString::number(rid)] = colonneDi(colonne);
+    }
+    return perChiave;
+}
+
+std::map<int, RigaScritta> righeDa(const QJsonValue& valore) {
+    const QJsonObject perChiave = valore.toObject();
+    std::map<int, RigaScritta> righe;
+    for (auto r = perChiave.begin(); r != perChiave.end(); ++r) {
+        righe[r.key().toInt()] = colonneDa(r.value());
+    }
+    return righe;
+}
+
 }  // namespace
 
 QJsonArray jsonDi(const std::set<int>& chiavi) {
@@ -37,38 +54,19 @@ std::set<int> chiaviDa(const QJsonValue& valore) {
 }
 
 QJsonObject jsonDi(const SalvataggioIncerto& s) {
-    QJsonObject mutate;
-    for (const auto& [rid, colonne] : s.righe.mutate) {
-        mutate[QString::number(rid)] = colonneDi(colonne);
-    }
-    QJsonArray nuove;
-    for (const RigaScritta& riga : s.righe.nuove) {
-        nuove.append(colonneDi(riga));
-    }
     // The receipt's number is left out: the list that it counts in begins anew with each program.
-    return {{"movimento", s.idMovimento},
-            {"extraProg", s.extraProg},
-            {"testata", colonneDi(s.testata)},
-            {"note", jsonDi(s.righe.note)},
-            {"cancellate", jsonDi(s.righe.cancellate)},
-            {"mutate", mutate},
-            {"nuove", nuove},
-            {"parte", static_cast<int>(s.parte)},
-            {"schermo", QJsonArray::fromStringList(s.schermo)}};
+    return {{"movimento", s.idMovimento},         {"extraProg", s.extraProg},
+            {"testata", colonneDi(s.testata)},    {"cancellate", jsonDi(s.righe.cancellate)},
+            {"mutate", righeDi(s.righe.mutate)},  {"nuove", righeDi(s.righe.nuove)},
+            {"parte", static_cast<int>(s.parte)}, {"schermo", QJsonArray::fromStringList(s.schermo)}};
 }
 
 SalvataggioIncerto salvataggioDa(const QJsonObject& o) {
     SalvataggioIncerto s{o["movimento"].toInt(), o["extraProg"].toInt(), colonneDa(o["testata"]), {}, {}};
     s.parte = static_cast<SalvataggioIncerto::Parte>(o["parte"].toInt());
-    s.righe.note = chiaviDa(o["note"]);
     s.righe.cancellate = chiaviDa(o["cancellate"]);
-    const QJsonObject mutate = o["mutate"].toObject();
-    for (auto m = mutate.begin(); m != mutate.end(); ++m) {
-        s.righe.mutate[m.key().toInt()] = colonneDa(m.value());
-    }
-    for (const QJsonValue& nuova : o["nuove"].toArray()) {
-        s.righe.nuove.push_back(colonneDa(nuova));
-    }
+    s.righe.mutate = righeDa(o["mutate"]);
+    s.righe.nuove = righeDa(o["nuove"]);
     for (const QJsonValue& riga : o["schermo"].toArray()) {
         s.schermo << riga.toString();
     }

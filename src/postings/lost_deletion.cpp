@@ -24,15 +24,6 @@ QString sorgente() {
     return gNomeModulo + ".cancellaVendita";
 }
 
-// A key is never given twice: rows that are not there any more are the deleted ones.
-std::optional<bool> sparite(const std::set<int>& righe) {
-    if (righe.empty()) return true;
-    const Lettura lettura(
-        "SELECT COUNT(RID) FROM DettagliMovimento WHERE RID IN (" + elencoChiavi(righe) + ")", sorgente());
-    if (!lettura.trovata()) return std::nullopt;
-    return lettura->campo(0).toInt() == 0;
-}
-
 // After a conversion the screen tells the number of the new document, not of the one that goes.
 QString numero(const Vendita& v, int idMovimento) {
     if (v.rid() != idMovimento) return {};
@@ -51,7 +42,7 @@ void racconta(Vendita& v, int idMovimento, EsitoCommit esito) {
 }  // namespace
 
 EsitoCommit cercaCancellazione(OperatorPort& operatore, const std::set<int>& righe) {
-    return cercaDopoCommitPerso(operatore, sorgente(), [&] { return sparite(righe); });
+    return cercaDopoCommitPerso(operatore, sorgente(), [&] { return righeSparite(righe, sorgente()); });
 }
 
 bool dopoCancellazionePersa(Vendita& v, int idMovimento) {

@@ -1,19 +1,24 @@
 #include "postings/lost_save.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "core/globals.h"
 #include "core/value_helpers.h"
 #include "data/gateway.h"
 #include "data/prepare_sql.h"
 #include "data/schema.h"
-#include "postings/row_statements.h"
+#include "postings/stored_row.h"
 #include "sale/vendita.h"
 
 namespace {
 
-// The stock gives it out during the save; it follows from the rest of the row.
-const char* const colonnaTaglio = "Taglio";
+using Colonne = std::vector<const char*>;
+
+// What a later sale under the same header leaves as it is: it changes the totals, the entries, the payment.
+const Colonne identitaTestata{"PROGRESSIVO", "ID_CASSA"};
+// What another desk that changes a row leaves as it is.
+const Colonne identitaRiga{"FK_Movimento", "ExtraProg", "FK_Prodotto", "CodProdotto"};
 
 QString sorgente() {
     return gNomeModulo + ".salvaVendita";
@@ -56,80 +61,67 @@ bool contiene(const Recordset& letta, const RigaScritta& scritta, const schema::
     });
 }
 
-QString nomi(const RigaScritta& riga) {
-    QStringList colonne;
-    for (const auto& [colonna, valore] : riga)
+RigaScritta soltanto(const Colonne& colonne, const RigaScritta& riga) {
+    RigaScritta alcune;
+    std::copy_if(riga.begin(), riga.end(), std::back_inserter(alcune), [&](const auto& colonna) {
+        return std::find(colonne.begin(), colonne.end(), colonna.first) != colonne.end();
+    });
+    return alcune;
+}
+
+// How many of these rows, by their keys, the table holds as they are told. They all tell the same columns.
+std::optional<size_t> quanteNeiLibri(const char* nome, const std::map<int, RigaScritta>& righe) {
+    QStringList chiavi;
+    for (const auto& [rid, riga] : righe)
+        chiavi << QString::number(rid);
+    QStringList colonne{"RID"};
+    for (const auto& [colonna, valore] : righe.begin()->second)
         colonne << colonna;
-    return colonne.join(", ");
-}
-
-std::optional<bool> testataRegistrata(const SalvataggioIncerto& s) {
-    const Lettura m(
-        "SELECT " + nomi(s.testata) + " FROM Movimenti WHERE RID = " + QString::number(s.idMovimento),
-        sorgente());
-    if (!m) return std::nullopt;
-    return m.trovata() && contiene(*m, s.testata, tabella("Movimenti"));
-}
-
-// The rows are there as they were written, and no others.
-bool coincidono(Recordset& lette, const RigheSalvate& attese) {
-    const schema::Tabella& dettagli = tabella("DettagliMovimento");
-    std::vector<RigaScritta> mancanti = attese.nuove;
-    size_t mutate = 0;
-    for (; !lette.eof(); lette.moveNext()) {
-        const int rid = lette.intero("RID");
-        if (attese.cancellate.contains(rid)) return false;
-        const auto mutata = attese.mutate.find(rid);
-        if (mutata != attese.mutate.end() && contiene(lette, mutata->second, dettagli)) ++mutate;
-        if (attese.note.contains(rid)) continue;
-        const auto nuova = std::find_if(mancanti.begin(), mancanti.end(), [&](const RigaScritta& riga) {
-            return contiene(lette, riga, dettagli);
-        });
-        if (nuova == mancanti.end()) return false;
-        mancanti.erase(nuova);
-    }
-    return mutate == attese.mutate.size() && mancanti.empty();
-}
-
-// The columns that have to be read; a new row has written all that a changed one has.
-QString colonneDaLeggere(const RigheSalvate& s) {
-    if (!s.nuove.empty()) return "RID, " + nomi(s.nuove.front());
-    if (!s.mutate.empty()) return "RID, " + nomi(s.mutate.begin()->second);
-    return "RID";
-}
-
-std::optional<bool> dettagliRegistrati(const SalvataggioIncerto& s) {
-    const Lettura righe("SELECT " + colonneDaLeggere(s.righe) +
-                            " FROM DettagliMovimento WHERE FK_MOVIMENTO = " + QString::number(s.idMovimento) +
-                            " AND EXTRAPROG = " + QString::number(s.extraProg),
+    const Lettura lette(QString("SELECT %1 FROM %2 WHERE RID IN (%3)")
+                            .arg(colonne.join(", "), QString(nome), chiavi.join(", ")),
                         sorgente());
-    if (!righe) return std::nullopt;
-    return coincidono(*righe, s.righe);
+    if (!lette) return std::nullopt;
+    size_t quante = 0;
+    for (; !lette->eof(); lette->moveNext()) {
+        if (contiene(*lette, righe.at(lette->intero("RID")), tabella(nome))) ++quante;
+    }
+    return quante;
+}
+
+std::optional<bool> testataNeiLibri(const SalvataggioIncerto& s, const RigaScritta& attesa) {
+    const auto trovate = quanteNeiLibri("Movimenti", {{s.idMovimento, attesa}});
+    return trovate ? std::optional(*trovate == 1) : std::nullopt;
+}
+
+// One of them is enough: another desk may have taken the others away since.
+std::optional<bool> nuoveNeiLibri(const std::map<int, RigaScritta>& nuove) {
+    std::map<int, RigaScritta> attese;
+    for (const auto& [rid, riga] : nuove)
+        attese[rid] = soltanto(identitaRiga, riga);
+    const auto trovate = quanteNeiLibri("DettagliMovimento", attese);
+    return trovate ? std::optional(*trovate > 0) : std::nullopt;
+}
+
+std::optional<bool> mutateNeiLibri(const std::map<int, RigaScritta>& mutate) {
+    if (mutate.empty()) return true;
+    const auto trovate = quanteNeiLibri("DettagliMovimento", mutate);
+    return trovate ? std::optional(*trovate == mutate.size()) : std::nullopt;
+}
+
+// The save is there as a whole or not at all. A row that came or went tells by its key, whatever others have
+// done to the document since; without such a one all that was written tells. A key alone would not do: a
+// server gives it once more when what it was given for was rolled back.
+std::optional<bool> registrato(const SalvataggioIncerto& s) {
+    const RigheSalvate& righe = s.righe;
+    const bool perChiave = s.conRighe() && !(righe.nuove.empty() && righe.cancellate.empty());
+    const auto testata = testataNeiLibri(s, perChiave ? soltanto(identitaTestata, s.testata) : s.testata);
+    if (testata != true || !s.conRighe()) return testata;
+    if (!righe.nuove.empty()) return nuoveNeiLibri(righe.nuove);
+    return righe.cancellate.empty() ? mutateNeiLibri(righe.mutate)
+                                    : righeSparite(righe.cancellate, sorgente());
 }
 
 }  // namespace
-
-RigheSalvate descriviRighe(const Vendita& v, int idMovimento, int extraProg, bool trasferimento) {
-    const FlexVB& g = v.flxVB;
-    const auto scritta = [&](int r, int pos, bool nuova) {
-        RigaScritta colonne = colonneRiga({g, r, idMovimento, extraProg, pos, {}, trasferimento}, nuova);
-        std::erase_if(colonne, [](const auto& colonna) { return colonna.first == colonnaTaglio; });
-        return colonne;
-    };
-    RigheSalvate s;
-    int pos = 0;
-    for (int r = 1; r <= g.ultima(); ++r) {
-        if (g.viva(r)) ++pos;
-        const int rid = g.chiave(r, Colonna::Rid);
-        const int stato = g.gestione(r);
-        if (rid > 0) s.note.insert(rid);
-        if (stato == RigaCancellata && rid > 0) s.cancellate.insert(rid);
-        if (stato == RigaModificata && rid > 0) s.mutate[rid] = scritta(r, pos, false);
-        const bool nuova = stato == RigaNuova || (stato == RigaModificata && rid < 1);
-        if (nuova) s.nuove.push_back(scritta(r, pos, true));
-    }
-    return s;
-}
 
 QStringList descriviSchermo(const Vendita& v) {
     QStringList s{v.txtData.testo(), QString::number(v.cliente()), QString::number(v.idTipoDocumento),
@@ -142,9 +134,5 @@ QStringList descriviSchermo(const Vendita& v) {
 }
 
 EsitoCommit cercaSalvataggio(OperatorPort& operatore, const SalvataggioIncerto& s) {
-    return cercaDopoCommitPerso(operatore, sorgente(), [&s]() -> std::optional<bool> {
-        const std::optional<bool> testata = testataRegistrata(s);
-        if (testata != true || !s.conRighe()) return testata;
-        return dettagliRegistrati(s);
-    });
+    return cercaDopoCommitPerso(operatore, sorgente(), [&s] { return registrato(s); });
 }

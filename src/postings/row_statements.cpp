@@ -58,25 +58,25 @@ RigaScritta colonneRiga(const RigaDaScrivere& r, bool nuova) {
     return colonne;
 }
 
-int inserisciRiga(const RigaDaScrivere& r) {
-    QStringList colonne;
+int inserisciRiga(const RigaScritta& colonne) {
+    QStringList nomi;
     QStringList valori;
-    for (const auto& [colonna, valore] : colonneRiga(r, true)) {
-        colonne << colonna;
+    for (const auto& [colonna, valore] : colonne) {
+        nomi << colonna;
         valori << valore;
     }
-    return gAdo.getIDByInsert("INSERT INTO DettagliMovimento (" + colonne.join(", ") + ", Ora) VALUES (" +
+    return gAdo.getIDByInsert("INSERT INTO DettagliMovimento (" + nomi.join(", ") + ", Ora) VALUES (" +
                                   valori.join(", ") + ", Now()) ",
                               sorgente(), "RID", "DettagliMovimento");
 }
 
-bool modificaRiga(const RigaDaScrivere& r) {
+bool modificaRiga(int rid, const RigaScritta& colonne) {
     QStringList assegnazioni;
-    for (const auto& [colonna, valore] : colonneRiga(r, false)) {
+    for (const auto& [colonna, valore] : colonne) {
         assegnazioni << colonna + " = " + valore;
     }
     return eseguiSuRiga("UPDATE DettagliMovimento SET " + assegnazioni.join(", ") + " " +
-                            "WHERE RID = " + QString::number(r.griglia.chiave(r.riga, Colonna::Rid)),
+                            "WHERE RID = " + QString::number(rid),
                         sorgente());
 }
 

@@ -20,9 +20,9 @@ struct RigaDaScrivere {
 RigaScritta colonneRiga(const RigaDaScrivere& r, bool nuova);
 
 // The new row's key; below 1 on failure.
-int inserisciRiga(const RigaDaScrivere& r);
+int inserisciRiga(const RigaScritta& colonne);
 // The seller and the time keep their first value. False when another desk has deleted the row meanwhile.
-bool modificaRiga(const RigaDaScrivere& r);
+bool modificaRiga(int rid, const RigaScritta& colonne);
 // A row that was never stored is none to delete.
 bool cancellaRiga(const FlexVB& griglia, int riga);
 // Ties a component of a kit to its head.

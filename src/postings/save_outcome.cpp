@@ -82,8 +82,7 @@ void restaIncerto(Vendita& v, SalvataggioIncerto salvataggio) {
 // What an unforeseen error left written may be a part of the sale.
 void dopoErroreECommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     OperatorPort& operatore = v.schermo.operatore();
-    SalvataggioIncerto salvataggio{d.idMovimento, d.extraProg, d.testata, {}, {}};
-    if (d.righeScritte) salvataggio.righe = descriviRighe(v, d.idMovimento, d.extraProg, d.trasferimento);
+    SalvataggioIncerto salvataggio = descriviSalvataggio(d);
     salvataggio.parte = d.righeScritte ? Parte::TestataERighe : Parte::SolaTestata;
     const EsitoCommit esito =
         d.testata.empty() ? EsitoCommit::NonRegistrato : cercaSalvataggio(operatore, salvataggio);
@@ -123,17 +122,13 @@ void segnaSalvata(Vendita& v, const Documento& d) {
     gVenditaSalvata = true;
 }
 
-SalvataggioIncerto descriviSalvataggio(const Vendita& v, const Documento& d) {
-    return {d.idMovimento,
-            d.extraProg,
-            d.testata,
-            descriviRighe(v, d.idMovimento, d.extraProg, d.trasferimento),
-            {}};
+SalvataggioIncerto descriviSalvataggio(const Documento& d) {
+    return {d.idMovimento, d.extraProg, d.testata, d.righe, {}};
 }
 
 bool dopoCommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     OperatorPort& operatore = v.schermo.operatore();
-    SalvataggioIncerto salvataggio = descriviSalvataggio(v, d);
+    SalvataggioIncerto salvataggio = descriviSalvataggio(d);
     const EsitoCommit esito = cercaSalvataggio(operatore, salvataggio);
     if (esito == EsitoCommit::Registrato) {
         segnaSalvata(v, d);

@@ -11,7 +11,7 @@
 QString transazioneSalvataggio();
 
 // What the books hold when the commit succeeds.
-SalvataggioIncerto descriviSalvataggio(const Vendita& v, const Documento& d);
+SalvataggioIncerto descriviSalvataggio(const Documento& d);
 // The sale on the screen is the one in the books.
 void segnaSalvata(Vendita& v, const Documento& d);
 

@@ -10,6 +10,7 @@
 #include "postings/receipt_text.h"
 #include "postings/row_statements.h"
 #include "postings/row_stock.h"
+#include "postings/save_state.h"
 #include "postings/weight.h"
 #include "register/interface_link.h"
 #include "register/register_link.h"
@@ -18,11 +19,9 @@
 
 namespace {
 
-// What all rows of one save share, and what they add up to.
+// The document of all rows of one save, and what they add up to.
 struct Salvataggio {
-    int idMovimento;
-    int extraProg;
-    bool trasferimento;
+    Documento& documento;
     int pos = 0;
     int ultimaTesta = -1;  // key of the latest kit head
     float peso = 0;
@@ -36,8 +35,10 @@ bool nuovaTesta(const FlexVB& g, int r) {
 }
 
 bool inserisci(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
-    const int rid = inserisciRiga(riga);
+    RigaScritta colonne = colonneRiga(riga, true);
+    const int rid = inserisciRiga(colonne);
     if (rid < 1) return false;
+    s.documento.righe.nuove[rid] = std::move(colonne);
     if (nuovaTesta(g, riga.riga)) s.ultimaTesta = rid;
     if (!g.cella(riga.riga, Colonna::IdDistintaBase).isEmpty() && !collegaComponente(rid, s.ultimaTesta))
         return false;
@@ -45,13 +46,22 @@ bool inserisci(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
     return true;
 }
 
+bool modifica(int rid, const RigaDaScrivere& riga, Salvataggio& s) {
+    RigaScritta colonne = colonneRiga(riga, false);
+    if (!modificaRiga(rid, colonne)) return false;
+    s.documento.righe.mutate[rid] = std::move(colonne);
+    return true;
+}
+
 bool scriviRiga(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
+    const int rid = g.chiave(riga.riga, Colonna::Rid);
     switch (g.gestione(riga.riga)) {
         case RigaNuova:
             return inserisci(g, riga, s);
         case RigaModificata:
-            return g.chiave(riga.riga, Colonna::Rid) > 0 ? modificaRiga(riga) : inserisci(g, riga, s);
+            return rid > 0 ? modifica(rid, riga, s) : inserisci(g, riga, s);
         case RigaCancellata:
+            if (rid > 0) s.documento.righe.cancellate.insert(rid);
             return cancellaRiga(g, riga.riga);
         default:
             return true;
@@ -84,10 +94,11 @@ bool salvaRiga(Vendita& v, int r, Salvataggio& s) {
     if (nuovaTesta(v.flxVB, r) && v.flxVB.chiave(r, Colonna::Rid) > 0)
         s.ultimaTesta = v.flxVB.chiave(r, Colonna::Rid);
     Currency taglio;
-    if (!scaricaRiga(v, r, s.trasferimento, taglio)) return false;
+    const Documento& d = s.documento;
+    if (!scaricaRiga(v, r, d.trasferimento, taglio)) return false;
     const bool daScrivere = v.flxVB.gestione(r) == RigaNuova || v.flxVB.gestione(r) == RigaModificata;
-    if (s.trasferimento && daScrivere) valutaAlCosto(v, r, std::max(taglio, Currency()));
-    const RigaDaScrivere riga{v.flxVB, r, s.idMovimento, s.extraProg, s.pos, taglio, s.trasferimento};
+    if (d.trasferimento && daScrivere) valutaAlCosto(v, r, std::max(taglio, Currency()));
+    const RigaDaScrivere riga{v.flxVB, r, d.idMovimento, d.extraProg, s.pos, taglio, d.trasferimento};
     if (!scriviRiga(v.flxVB, riga, s) || !aggiornaStatistiche(v, r)) return false;
     if (v.mAccompagnatorio) sommaPeso(v.flxVB, r, s);
     return true;
@@ -95,8 +106,8 @@ bool salvaRiga(Vendita& v, int r, Salvataggio& s) {
 
 // A sale in words, for the list of those without a receipt.
 QString nomeVendita(const Vendita& v, const Salvataggio& s) {
-    return "N° " + v.txtProg.testo() + "/" + Format(s.extraProg, u"0000") + " del " + v.txtData.testo() +
-           ", € " + formattaImporto(s.scontrino.totale(), 2);
+    return "N° " + v.txtProg.testo() + "/" + Format(s.documento.extraProg, u"0000") + " del " +
+           v.txtData.testo() + ", € " + formattaImporto(s.scontrino.totale(), 2);
 }
 
 // The receipt leaves before the commit, and nothing calls it back.
@@ -115,17 +126,17 @@ void emettiScontrino(const Vendita& v, const Salvataggio& s) {
 
 }  // namespace
 
-bool saveDettagli(Vendita& v, int idMovimento, int extraProg, bool trasferimento) {
+bool saveDettagli(Vendita& v, Documento& d) {
     return protetto(
         gNomeModulo, "saveDettagli",
         [&] {
-            Salvataggio s{idMovimento, extraProg, trasferimento};
+            Salvataggio s{d};
             for (int r = 1; r <= v.flxVB.ultima(); ++r) {
                 if (!salvaRiga(v, r, s)) return false;
             }
-            if (!getTotaleConto(v, idMovimento)) return false;
+            if (!getTotaleConto(v, d.idMovimento)) return false;
             emettiScontrino(v, s);
-            return !v.mAccompagnatorio || updatePesoColli(idMovimento, s.peso, s.colli);
+            return !v.mAccompagnatorio || updatePesoColli(d.idMovimento, s.peso, s.colli);
         },
         false);
 }

@@ -40,7 +40,7 @@ bool scriviNeiLibri(Vendita& v, Documento& d) {
     const bool nuova = v.rid() <= 0;
     if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d) && riprendiDaiLibri(v, d))) return false;
     d.extraProg = v.extraProg() > 0 ? v.extraProg() : getNewSottoProgressivo(v, d.progressivo);
-    d.righeScritte = saveDettagli(v, d.idMovimento, d.extraProg, d.trasferimento);
+    d.righeScritte = saveDettagli(v, d);
     if (!d.righeScritte) return false;
     if (d.trasferimento) calcolaTotali(v, true);
     return contabilizza(v, d);
@@ -66,7 +66,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
             return d.testataSparita && diventaNuova(v, d) &&
                    salvaInTransazione(v, conversione, tipoDocumento, StatoPrimaDelSalvataggio(v));
         }
-        if (v.primaDelCommit) v.primaDelCommit(descriviSalvataggio(v, d));
+        if (v.primaDelCommit) v.primaDelCommit(descriviSalvataggio(d));
     } catch (const std::exception&) {
         return confermaDopoErrore(v, d, prima);
     }

@@ -21,6 +21,7 @@ struct Documento {
     int progressivo = 0;
     int extraProg = 0;
     RigaScritta testata;          // what was written to the header
+    RigheSalvate righe;           // and to the rows
     bool testataSparita = false;  // another desk has deleted the header meanwhile
     bool righeScritte = false;    // all of them; before that none is in the books if the save ends here
 };

@@ -28,6 +28,14 @@ void avvisaCambiata() {
     gErr.mostraMessaggio(testoCambiata, OperatorPort::Icona::Esclamazione);
 }
 
+std::optional<bool> righeSparite(const std::set<int>& righe, const QString& sorgente) {
+    if (righe.empty()) return true;
+    const Lettura lettura(
+        "SELECT COUNT(RID) FROM DettagliMovimento WHERE RID IN (" + elencoChiavi(righe) + ")", sorgente);
+    if (!lettura.trovata()) return std::nullopt;
+    return lettura->campo(0).toInt() == 0;
+}
+
 QString elencoChiavi(const std::set<int>& chiavi) {
     if (chiavi.empty()) return "0";
     QStringList elenco;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <set>
 
 #include <QString>
@@ -13,6 +14,10 @@ bool eseguiSuRiga(const QString& sql, const QString& sorgente);
 
 // Tells the operator, after the transaction, that the sale is no more as the screen has it.
 void avvisaCambiata();
+
+// Whether none of these rows of DettagliMovimento is there; nothing when they could not be read. A key that
+// was once in the books is given to no other row: one that is not there any more was deleted.
+std::optional<bool> righeSparite(const std::set<int>& righe, const QString& sorgente);
 
 // For IN (...): the keys, or one that no row has.
 QString elencoChiavi(const std::set<int>& chiavi);

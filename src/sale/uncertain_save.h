@@ -10,12 +10,11 @@
 // What a save writes to a row of the books: each column with its value as SQL.
 using RigaScritta = std::vector<std::pair<QString, QString>>;
 
-// What the rows of a sale wrote to DettagliMovimento when it was saved.
+// What the rows of a sale wrote to DettagliMovimento when it was saved, by their keys.
 struct RigheSalvate {
-    std::set<int> note;                 // keys of those that were in the books before
-    std::set<int> cancellate;           // of these, the ones that are gone now
-    std::map<int, RigaScritta> mutate;  // and the changed ones
-    std::vector<RigaScritta> nuove;
+    std::set<int> cancellate;
+    std::map<int, RigaScritta> mutate;
+    std::map<int, RigaScritta> nuove;
 };
 
 // A save of which nobody knows whether it is in the books: the answer to its commit was lost. Told in such a

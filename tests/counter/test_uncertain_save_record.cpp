@@ -13,10 +13,9 @@ SalvataggioIncerto riletto(const SalvataggioIncerto& salvataggio) {
 
 SalvataggioIncerto esempio() {
     SalvataggioIncerto s{12, 3, {{"TOTDOCUMENTO", "24.4"}, {"FK_PAGAMENTO", "NULL"}}, {}, {}};
-    s.righe.note = {5, 6, 7};
     s.righe.cancellate = {7};
     s.righe.mutate = {{6, {{"QUANTITA", "2"}, {"DESCPRODOTTO", "'perché ''漢''\\'"}}}};
-    s.righe.nuove = {{{"QUANTITA", "1"}}, {{"QUANTITA", "-1"}}};
+    s.righe.nuove = {{8, {{"QUANTITA", "1"}}}, {9, {{"QUANTITA", "-1"}}}};
     s.schermo = QStringList{"una riga", ""};
     return s;
 }
@@ -29,7 +28,6 @@ TEST(UncertainSaveRecord, HeaderAndRowsComeBack) {
     EXPECT_EQ(dopo.idMovimento, 12);
     EXPECT_EQ(dopo.extraProg, 3);
     EXPECT_EQ(dopo.testata, prima.testata);
-    EXPECT_EQ(dopo.righe.note, prima.righe.note);
     EXPECT_EQ(dopo.righe.cancellate, prima.righe.cancellate);
     EXPECT_EQ(dopo.righe.mutate, prima.righe.mutate);
     EXPECT_EQ(dopo.righe.nuove, prima.righe.nuove);

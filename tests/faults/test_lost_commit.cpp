@@ -84,6 +84,79 @@ TEST_F(LostCommit, ANextSaleOfTheDayThatIsMissingIsNotTakenForTheFirst) {
     EXPECT_EQ(n->verifica(), QStringList());
 }
 
+// ---- The document went on meanwhile
+
+class LostCommitOfAnOpenDocument : public LostCommit {
+  protected:
+    // Another account of the desk sells under the same header: its totals and entries are others then.
+    void vendeUnAltroConto() {
+        ContoDiProva& altro = n->apriConto(1);
+        altro.tasto(Qt::Key_F2);
+        altro.vendita().lblRID.testo(n->valore("SELECT MAX(RID) FROM Movimenti"));
+        altro.vendita().txtProg.testo("0001");
+        vendi(altro, "A");
+        altro.tasto(Qt::Key_F5);
+        EXPECT_EQ(altro.vendita().txtSottoProg.testo(), "0002");
+    }
+    void ritrova(int righe) {
+        linea.ripristina();
+        vendeUnAltroConto();
+        n->operatore.attendiMessaggio(ritrovata(), Icona::Informazione);
+        salva();
+        EXPECT_EQ(n->conta("DettagliMovimento"), righe);
+        EXPECT_EQ(n->conta("Movimenti"), 1);
+        EXPECT_EQ(n->verifica(), QStringList());
+    }
+};
+
+TEST_F(LostCommitOfAnOpenDocument, ASaleIsFoundUnderAHeaderThatAnotherOneHasChanged) {
+    salvaNelBuio(Guasto::DopoIlCommit);
+    ritrova(3);
+}
+
+TEST_F(LostCommitOfAnOpenDocument, AnAddedRowIsFoundUnderAHeaderThatAnotherSaleHasChanged) {
+    n->prodotto({.codice = "C", .listino1 = 1});
+    salva();
+    vendi(*conto, "C", "7");
+    prima = schermata(vendita());
+    salvaNelBuio(Guasto::DopoIlCommit);
+    ritrova(4);
+}
+
+TEST_F(LostCommitOfAnOpenDocument, ADeletedRowIsMissedUnderAHeaderThatAnotherSaleHasChanged) {
+    salva();
+    conto->clicRiga(2);
+    n->operatore.attendiDomanda("Eliminare il prodotto [B]?", OperatorPort::Risposta::Si);
+    conto->tasto(Qt::Key_F9);
+    prima = schermata(vendita());
+    salvaNelBuio(Guasto::DopoIlCommit);
+    ritrova(2);
+}
+
+TEST_F(LostCommitOfAnOpenDocument, ASaleIsFoundWhenAnotherDeskHasChangedItsRows) {
+    salvaNelBuio(Guasto::DopoIlCommit);
+    linea.ripristina();
+    n->interroga("DELETE FROM DettagliMovimento WHERE CODPRODOTTO = 'A'");
+    n->interroga("UPDATE DettagliMovimento SET QUANTITA = 5 WHERE CODPRODOTTO = 'B'");
+    n->operatore.attendiMessaggio(ritrovata(), Icona::Informazione);
+    salva();
+    EXPECT_EQ(n->righe("SELECT CODPRODOTTO, QUANTITA FROM DettagliMovimento"), QStringList("B|5"));
+}
+
+TEST_F(LostCommitOfAnOpenDocument, AMissingSaleIsNotTakenForTheOneThatAnotherAccountSaved) {
+    salva();
+    conto->tasto(Qt::Key_F2);
+    vendi(*conto, "A");
+    prima = schermata(vendita());
+    salvaNelBuio(Guasto::PrimaDelCommit);
+    linea.ripristina();
+    vendeUnAltroConto();
+    salva();
+    EXPECT_EQ(vendita().txtSottoProg.testo(), "0003");
+    EXPECT_EQ(n->conta("DettagliMovimento"), 4);
+    EXPECT_EQ(n->verifica(), QStringList());
+}
+
 class LostCommitOfAChange : public LostCommit {
   protected:
     // The quantity of the first row becomes 3, the second row goes, and a third one comes.
