@@ -87,6 +87,13 @@ static void salvaRigheSuUnMilione(benchmark::State& stato) {
 }
 BENCHMARK(salvaRigheSuUnMilione)->Arg(1)->Arg(10)->Arg(100)->MISURA;
 
+static void salvaRigheAlPrezzoMedioSuUnMilione(benchmark::State& stato) {
+    LibriGemelli libri(&milioneDiRighe);
+    gPrezzoMedio = 1;
+    salvataggi(stato, libri);
+}
+BENCHMARK(salvaRigheAlPrezzoMedioSuUnMilione)->Arg(1)->Arg(10)->MISURA;
+
 static void risalvaUnaRiga(benchmark::State& stato) {
     LibriGemelli libri;
     risalvataggi(stato, libri);
