@@ -11,6 +11,7 @@
 #include "data/options_table.h"
 #include "postings/journal.h"
 #include "postings/lost_deletion.h"
+#include "postings/missing_references.h"
 #include "postings/payment_schedule.h"
 #include "postings/save_outcome.h"
 #include "postings/stock.h"
@@ -84,6 +85,7 @@ struct Cancellazione {
     QDate data;
     Currency iva;
     Currency totale;
+    int causaleIncasso = -1;  // of the collection that was posted anew
 };
 
 RegistrazionePN registrazione(const Vendita& v, const Cancellazione& c, const QString& inizio) {
@@ -108,10 +110,11 @@ int riscriviDocumento(const Vendita& v, const Cancellazione& c) {
 }
 
 // The collection goes back to the shop's own causal, whatever this desk uses.
-bool riscriviIncasso(const Vendita& v, const Cancellazione& c) {
+bool riscriviIncasso(const Vendita& v, Cancellazione& c) {
+    c.causaleIncasso = gCausalePagOverride > 0 ? valIntero(getOpzione("CausalePagVb")) : gCausalePagVb;
     RegistrazionePN r = registrazione(v, c, "Incasso Vendita al Banco N° ");
     r.idPrimaNota = v.idPNPagamento;
-    r.idCausale = gCausalePagOverride > 0 ? valIntero(getOpzione("CausalePagVb")) : gCausalePagVb;
+    r.idCausale = c.causaleIncasso;
     return salvaPrimaNota(r) >= 0;
 }
 
@@ -137,9 +140,8 @@ bool comeNeiLibri(Vendita& v, int idMovimento) {
 }
 
 // Everything between begin and commit; false: roll back.
-bool togliDaiLibri(Vendita& v, int idMovimento) {
+bool togliDaiLibri(Vendita& v, int idMovimento, Cancellazione& c) {
     if (!comeNeiLibri(v, idMovimento) || !removeDettagli(v)) return false;
-    Cancellazione c;
     c.data = v.giorno();
     if (!leggiResto(v, idMovimento, c)) return false;
     const int registrazioneDocumento = riscriviDocumento(v, c);
@@ -158,14 +160,17 @@ bool cancellaInTransazione(Vendita& v, int idMovimento) {
     const QString totale = v.lblTotConto.testo();
     const int documento = v.idPrimaNota;
     const int incasso = v.idPNPagamento;
+    Cancellazione c;
     const bool tolta = protetto(
-        gNomeModulo, "cancellaVendita", [&] { return togliDaiLibri(v, idMovimento); }, false);
+        gNomeModulo, "cancellaVendita", [&] { return togliDaiLibri(v, idMovimento, c); }, false);
     if (tolta && gAdo.commitTrasaction(transazione())) return true;
+    const auto riferimenti = riferimentiRifiutatiCancellando(v, c.causaleIncasso);
     v.lblTotConto.testo(totale);
     v.idPrimaNota = documento;
     v.idPNPagamento = incasso;
     if (tolta && gAdo.commitDiEsitoIgnoto()) return dopoCancellazionePersa(v, idMovimento);
     if (gAdo.inTransazione()) gAdo.rollbackTrasaction(transazione());
+    if (riferimenti) spiegaRiferimentiMancantiCancellando(*riferimenti);
     return false;
 }
 

@@ -25,6 +25,12 @@ const char* const testoCompletare =
 const char* const testoRifiuto =
     "La vendita non è stata salvata: qualcosa a cui si riferisce non è più nell'archivio.\n"
     "La vendita è ancora sullo schermo e si può salvare di nuovo.";
+const char* const testoMancantiCancellando =
+    "La vendita non è stata cancellata. Nell'archivio non c'è più:%1\n"
+    "Si potrà cancellare quando l'archivio sarà stato completato.";
+const char* const testoRifiutoCancellando =
+    "La vendita non è stata cancellata: qualcosa a cui si riferisce non è più nell'archivio.\n"
+    "La vendita è ancora nell'archivio e si può cancellare di nuovo.";
 
 const char* const tabellaCausali = "Causali";
 
@@ -36,17 +42,21 @@ QString traParentesi(const QString& nome, const QString& valore) {
     return valore.isEmpty() ? nome : nome + " [" + valore + "]";
 }
 
+Riferimento ilCliente(const Vendita& v, int chiave) {
+    return {"Anagrafiche", chiave, traParentesi("il cliente", v.lblDescCliente.testo())};
+}
+
+Riferimenti leCausali(int documento, int incasso) {
+    return {{tabellaCausali, documento, "la causale del documento", false},
+            {tabellaCausali, incasso, "la causale dell'incasso", false}};
+}
+
 Riferimenti dellaTestata(const Vendita& v, const Documento& d) {
-    return {{"Anagrafiche", d.trasferimento ? -1 : v.cliente(),
-             traParentesi("il cliente", v.lblDescCliente.testo())},
+    return {ilCliente(v, d.trasferimento ? -1 : v.cliente()),
             {"Pagamenti", v.idPagamento, "il pagamento della vendita", false},
             {"TipoDocumenti", d.tipo, traParentesi("il tipo di documento", v.descTipoDocumento), false},
             {"Magazzini", v.magazzinoOrigine, "il magazzino da cui parte la merce", false},
-            {"Magazzini", v.magazzinoDestinazione, "il magazzino a cui va la merce", false},
-            {tabellaCausali, siRegistra(v, d.trasferimento) ? v.mCausaleDoc : -1, "la causale del documento",
-             false},
-            {tabellaCausali, siIncassa(v, d.trasferimento, d.conversione) ? v.idCausalePagamento : -1,
-             "la causale dell'incasso", false}};
+            {"Magazzini", v.magazzinoDestinazione, "il magazzino a cui va la merce", false}};
 }
 
 Riferimenti dellaRiga(const FlexVB& g, int r) {
@@ -115,38 +125,73 @@ Riferimenti mancanti(const Riferimenti& riferimenti) {
 }
 
 // An insert is logged by the gateway, any other statement is not.
-void annotaRifiuto() {
+void annotaRifiuto(const QString& procedura) {
     if (gAdo.erroreAnnotato()) return;
     const ErroreServer& e = gAdo.ultimoErrore();
-    gErr.annotaErrore(RunTimeError(e.codice, e.descrizione, e.origine), gNomeModulo, "salvaVendita",
+    gErr.annotaErrore(RunTimeError(e.codice, e.descrizione, e.origine), gNomeModulo, procedura,
                       "SQL=" + decodificaTestoSQL(gAdo.getLastSQLCommand()));
+}
+
+bool rifiutata(const QString& procedura) {
+    if (!gAdo.transazioneFallita() || gAdo.ultimoErrore().classe != ErroreServer::Classe::Integrita)
+        return false;
+    annotaRifiuto(procedura);
+    gErr.ritiraUltimoDialogo();
+    return true;
+}
+
+struct Mancanti {
+    QString elenco;            // one a line; empty when all are there
+    bool correggibile = true;  // all of them on the screen
+};
+
+Mancanti cercaMancanti(Riferimenti riferimenti) {
+    aggiungi(riferimenti, contiDelleCausali(chiaviDella(riferimenti, tabellaCausali)));
+    QStringList nomi;
+    Mancanti tutti;
+    for (const Riferimento& r : mancanti(riferimenti)) {
+        if (!nomi.contains(r.nome)) nomi << r.nome;
+        tutti.correggibile = tutti.correggibile && r.dellaVendita;
+    }
+    for (const QString& nome : nomi)
+        tutti.elenco += "\n - " + nome;
+    return tutti;
 }
 
 }  // namespace
 
 std::optional<Riferimenti> riferimentiRifiutati(const Vendita& v, const Documento& d) {
-    if (!gAdo.transazioneFallita() || gAdo.ultimoErrore().classe != ErroreServer::Classe::Integrita)
-        return std::nullopt;
-    annotaRifiuto();
-    gErr.ritiraUltimoDialogo();
+    if (!rifiutata("salvaVendita")) return std::nullopt;
     Riferimenti tutti;
     aggiungi(tutti, dellaTestata(v, d));
+    aggiungi(tutti, leCausali(siRegistra(v, d.trasferimento) ? v.mCausaleDoc : -1,
+                              siIncassa(v, d.trasferimento, d.conversione) ? v.idCausalePagamento : -1));
     for (int r = 1; r <= v.flxVB.ultima(); ++r) {
         if (v.flxVB.viva(r)) aggiungi(tutti, dellaRiga(v.flxVB, r));
     }
     return tutti;
 }
 
+std::optional<Riferimenti> riferimentiRifiutatiCancellando(const Vendita& v, int causaleIncasso) {
+    // What other rows still refer to is not gone: the server's words are the right ones.
+    if (gAdo.getLastSQLCommand().startsWith("DELETE") || !rifiutata("cancellaVendita")) return std::nullopt;
+    Riferimenti tutti;
+    aggiungi(tutti, {ilCliente(v, v.cliente())});
+    aggiungi(tutti, leCausali(v.mCausaleDoc, causaleIncasso));
+    return tutti;
+}
+
 void spiegaRiferimentiMancanti(Riferimenti riferimenti) {
-    aggiungi(riferimenti, contiDelleCausali(chiaviDella(riferimenti, tabellaCausali)));
-    QStringList nomi;
-    bool correggibile = true;
-    for (const Riferimento& r : mancanti(riferimenti)) {
-        if (!nomi.contains(r.nome)) nomi << r.nome;
-        correggibile = correggibile && r.dellaVendita;
-    }
-    const QString testo = nomi.isEmpty() ? QString(testoRifiuto)
-                                         : QString(testoMancanti).arg("\n - " + nomi.join("\n - ")) +
-                                               (correggibile ? testoCorreggere : testoCompletare);
+    const Mancanti m = cercaMancanti(std::move(riferimenti));
+    const QString testo = m.elenco.isEmpty() ? QString(testoRifiuto)
+                                             : QString(testoMancanti).arg(m.elenco) +
+                                                   (m.correggibile ? testoCorreggere : testoCompletare);
     gErr.mostraMessaggio(testo, OperatorPort::Icona::Esclamazione);
+}
+
+void spiegaRiferimentiMancantiCancellando(Riferimenti riferimenti) {
+    const Mancanti m = cercaMancanti(std::move(riferimenti));
+    gErr.mostraMessaggio(m.elenco.isEmpty() ? QString(testoRifiutoCancellando)
+                                            : QString(testoMancantiCancellando).arg(m.elenco),
+                         OperatorPort::Icona::Esclamazione);
 }

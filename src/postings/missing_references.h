@@ -24,3 +24,8 @@ struct Riferimento {
 std::optional<std::vector<Riferimento>> riferimentiRifiutati(const Vendita& v, const Documento& d);
 // After the rollback: tells which of these are gone, and of the causals' accounts.
 void spiegaRiferimentiMancanti(std::vector<Riferimento> riferimenti);
+
+// The same of a deletion, which posts anew what remains: whatever the causal of the document says of posting,
+// and its collection by `causaleIncasso`, below 1 when that is left alone.
+std::optional<std::vector<Riferimento>> riferimentiRifiutatiCancellando(const Vendita& v, int causaleIncasso);
+void spiegaRiferimentiMancantiCancellando(std::vector<Riferimento> riferimenti);

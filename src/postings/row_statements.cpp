@@ -80,10 +80,8 @@ bool modificaRiga(int rid, const RigaScritta& colonne) {
                         sorgente());
 }
 
-bool cancellaRiga(const FlexVB& griglia, int riga) {
-    const int rid = griglia.chiave(riga, Colonna::Rid);
-    return rid < 1 ||
-           eseguiSuRiga("DELETE FROM DettagliMovimento WHERE RID = " + QString::number(rid), sorgente());
+bool cancellaRiga(int rid) {
+    return eseguiSuRiga("DELETE FROM DettagliMovimento WHERE RID = " + QString::number(rid), sorgente());
 }
 
 bool collegaComponente(int idRiga, int idTesta) {

@@ -23,7 +23,7 @@ RigaScritta colonneRiga(const RigaDaScrivere& r, bool nuova);
 int inserisciRiga(const RigaScritta& colonne);
 // The seller and the time keep their first value. False when another desk has deleted the row meanwhile.
 bool modificaRiga(int rid, const RigaScritta& colonne);
-// A row that was never stored is none to delete.
-bool cancellaRiga(const FlexVB& griglia, int riga);
+// False as above.
+bool cancellaRiga(int rid);
 // Ties a component of a kit to its head.
 bool collegaComponente(int idRiga, int idTesta);

@@ -4,6 +4,7 @@
 #include "core/globals.h"
 #include "core/value_helpers.h"
 #include "postings/average_price.h"
+#include "postings/save_state.h"
 #include "postings/stock.h"
 #include "sale/product_info.h"
 #include "sale/totals.h"
@@ -37,11 +38,10 @@ Currency taglioRiga(const Vendita& v, int riga, bool trasferimento) {
     return g.currency(riga, v.mGestioneTaglio ? Colonna::PrezzoNettoEsteso : Colonna::Taglio);
 }
 
-// A row taken away before it was ever saved has moved nothing.
-bool muoveMerce(const Vendita& v, int riga) {
+bool muoveMerce(const Vendita& v, int riga, const Documento& d) {
     const FlexVB& g = v.flxVB;
-    const bool maiSalvata = g.gestione(riga) == RigaCancellata && g.chiave(riga, Colonna::Rid) < 1;
-    return g.gestione(riga) > RigaInvariata && !maiSalvata && v.operazione &&
+    const bool daRegistrare = g.viva(riga) ? g.gestione(riga) > RigaInvariata : d.toglie(g, riga);
+    return daRegistrare && v.operazione &&
            getAggiornamentoGiacenzeByProdotto(g.chiave(riga, Colonna::IdProdotto));
 }
 
@@ -63,9 +63,9 @@ bool muovi(Vendita& v, int riga, Currency& taglio) {
 
 }  // namespace
 
-bool scaricaRiga(Vendita& v, int riga, bool trasferimento, Currency& taglio) {
-    taglio = taglioRiga(v, riga, trasferimento);
-    return !muoveMerce(v, riga) || muovi(v, riga, taglio);
+bool scaricaRiga(Vendita& v, int riga, const Documento& d, Currency& taglio) {
+    taglio = taglioRiga(v, riga, d.trasferimento);
+    return !muoveMerce(v, riga, d) || muovi(v, riga, taglio);
 }
 
 // Each amount is what its cell shows, so that the columns of the row agree with each other.

@@ -53,6 +53,11 @@ bool modifica(int rid, const RigaDaScrivere& riga, Salvataggio& s) {
     return true;
 }
 
+bool cancella(int rid, Salvataggio& s) {
+    s.documento.righe.cancellate.insert(rid);
+    return cancellaRiga(rid);
+}
+
 bool scriviRiga(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
     const int rid = g.chiave(riga.riga, Colonna::Rid);
     switch (g.gestione(riga.riga)) {
@@ -61,8 +66,7 @@ bool scriviRiga(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
         case RigaModificata:
             return rid > 0 ? modifica(rid, riga, s) : inserisci(g, riga, s);
         case RigaCancellata:
-            if (rid > 0) s.documento.righe.cancellate.insert(rid);
-            return cancellaRiga(g, riga.riga);
+            return !s.documento.toglie(g, riga.riga) || cancella(rid, s);
         default:
             return true;
     }
@@ -95,7 +99,7 @@ bool salvaRiga(Vendita& v, int r, Salvataggio& s) {
         s.ultimaTesta = v.flxVB.chiave(r, Colonna::Rid);
     Currency taglio;
     const Documento& d = s.documento;
-    if (!scaricaRiga(v, r, d.trasferimento, taglio)) return false;
+    if (!scaricaRiga(v, r, d, taglio)) return false;
     const bool daScrivere = v.flxVB.gestione(r) == RigaNuova || v.flxVB.gestione(r) == RigaModificata;
     if (d.trasferimento && daScrivere) valutaAlCosto(v, r, std::max(taglio, Currency()));
     const RigaDaScrivere riga{v.flxVB, r, d.idMovimento, d.extraProg, s.pos, taglio, d.trasferimento};

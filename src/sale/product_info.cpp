@@ -97,7 +97,7 @@ Currency getTaglioProdotto(int idProdotto, int idMagazzino) {
     for (const char* condizione : {"AND QUANTITA > 0 ", ""}) {
         const Lettura lettura(inizio + condizione + "ORDER BY RID",
                               moduloFrmMain + QString(".getTaglioProdotto"));
-        if (lettura.trovata()) return lettura->importo("TAGLIO");
+        if (lettura.trovata() && lettura->importo("TAGLIO") >= Currency()) return lettura->importo("TAGLIO");
     }
     return Currency::daIntero(-1);
 }

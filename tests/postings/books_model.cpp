@@ -235,9 +235,14 @@ bool ModelloLibri::cancella(int documento, int extra, QDate oggi) {
     return true;
 }
 
-void ModelloLibri::converti(int documento, const QString& tipo, QDate oggi) {
+void ModelloLibri::converti(int documento, const QString& tipo, const std::vector<RigaRisalvata>& righe,
+                            QDate oggi) {
     const Documento origine = mDocumenti[documento];
-    salva(tipo, origine.cliente, oggi, origine.pagato, origine.vendite.begin()->second);
+    std::vector<Riga> rimaste;
+    for (const RigaRisalvata& r : righe) {
+        if (r.stato != RigaRisalvata::Cancellata) rimaste.push_back(r.riga);
+    }
+    salva(tipo, origine.cliente, oggi, origine.pagato, rimaste);
     cancella(documento, origine.vendite.begin()->first, oggi);
 }
 

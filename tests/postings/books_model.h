@@ -67,8 +67,9 @@ class ModelloLibri {
     void risalva(int documento, int extra, const std::vector<RigaRisalvata>& righe, QDate oggi);
     // False: what would remain has negative VAT, and nothing happens.
     bool cancella(int documento, int extra, QDate oggi);
-    // The only sale of a document becomes a document of the other type.
-    void converti(int documento, const QString& tipo, QDate oggi);
+    // The only sale of a document becomes a document of the other type, with those of its rows that are not
+    // marked for deletion.
+    void converti(int documento, const QString& tipo, const std::vector<RigaRisalvata>& righe, QDate oggi);
 
     // Goods that go to the store, at their cost.
     int trasferisci(QDate data, std::vector<Riga> righe);

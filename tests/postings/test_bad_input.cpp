@@ -350,20 +350,6 @@ class SaleDates : public testing::Test {
     Vendita& v = c.vendita();
 };
 
-TEST_F(SaleDates, ASaleOfAnotherYearTakesThatYearsNumber) {
-    nuovaVendita();
-    c.tasto(Qt::Key_F2);
-    v.lblRID.testo("-1");
-    v.txtData.testo("30/12/2025");
-    vendi(c, "A");
-    c.tasto(Qt::Key_F5);
-    EXPECT_EQ(documento(), "1|2025|2025-12-30 00:00:00");
-    EXPECT_EQ(n.righe("SELECT ANNO, NUMERO FROM Contatori ORDER BY ANNO"), (QStringList{"2025|1", "2026|1"}));
-    // Its sub-number follows this year's document of the same number.
-    EXPECT_EQ(n.valore("SELECT MAX(EXTRAPROG) FROM DettagliMovimento"), "2");
-    EXPECT_EQ(v.txtData.testo(), "30/12/2025");
-}
-
 TEST_F(SaleDates, ASaleBegunBeforeMidnightKeepsItsDay) {
     adesso("2026-03-16 23:58");
     c.tasto(Qt::Key_F2);

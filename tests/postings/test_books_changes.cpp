@@ -298,6 +298,33 @@ TEST_F(BooksChanges, DeletedRowStillWeighs) {
     EXPECT_EQ(n.riga("SELECT PESOCONS, COLLICONS FROM Movimenti"), "6.5|8");
 }
 
+// 0,5 is 0, and 0,5 more is 0 again; a whole one makes 1, and with another half 1,5 it is 2.
+TEST_F(BooksChanges, PackagesAreRoundedWithEachRow) {
+    for (const char* codice : {"D", "E"})
+        n.prodotto({.codice = codice, .listino1 = 1});
+    n.sql("UPDATE Prodotti SET PESO = 0.25, COLLI = 1");
+    v.mAccompagnatorio = true;
+    for (const char* codice : {"A", "B", "C"})
+        vendi(c, codice, "0,5");
+    vendi(c, "D");
+    vendi(c, "E", "0,5");
+    ASSERT_TRUE(salvaVendita(v, false, -1));
+    EXPECT_EQ(n.riga("SELECT PESOCONS, COLLICONS FROM Movimenti"), "0.75|2");
+}
+
+TEST_F(BooksChanges, MorePackagesThanSixteenBitsRefuseTheSave) {
+    gNomeModulo = "bBottegonClientVB";
+    n.sql("UPDATE Prodotti SET COLLI = 20000 WHERE RID = 1");
+    v.mAccompagnatorio = true;
+    vendi(c, "A", "2");
+    const QStringList libriPrima = libri(n);
+    const QStringList schermoPrima = schermata(v);
+    n.operatore.attendiAvviso("bBottegonClientVB.saveDettagli");
+    EXPECT_FALSE(salvaVendita(v, false, -1));
+    EXPECT_EQ(libri(n), libriPrima);
+    EXPECT_EQ(schermata(v), schermoPrima);
+}
+
 TEST_F(BooksChanges, NetPriceIsStoredUnrounded) {
     n.prodotto({.codice = "D", .listino1 = 2.5, .sconto = 3});
     vendi(c, "D");

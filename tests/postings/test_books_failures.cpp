@@ -196,6 +196,8 @@ const Caso risalvaCliente{Lavoro::Risalva, false};
 const Caso cancellaBanco{Lavoro::Cancella, true};
 const Caso cancellaCliente{Lavoro::Cancella, false};
 const Caso trasferisci{Lavoro::Trasferisci, false};
+const Caso salvaBancoAllaMedia{Lavoro::Salva, true, 1};
+const Caso cancellaClienteAllaMedia{Lavoro::Cancella, false, 1};
 
 // Every kind of sale, work and valuation.
 std::vector<Caso> tutti() {
@@ -223,7 +225,7 @@ TEST_P(BooksFailures, AStatementThatFailsLeavesTheBooks) {
 }
 INSTANTIATE_TEST_SUITE_P(Every, BooksFailures,
                          testing::Values(salvaCliente, risalvaCliente, cancellaBanco, cancellaCliente,
-                                         trasferisci),
+                                         trasferisci, salvaBancoAllaMedia, cancellaClienteAllaMedia),
                          nome);
 
 TEST_P(BooksFailuresLong, AStatementThatFailsLeavesTheBooks) {
@@ -235,7 +237,9 @@ TEST_P(BooksKilled, TheProcessLeavesTheBooksWhole) {
     EXPECT_GE(mortiDiSeguito(GetParam()), 30);
 }
 INSTANTIATE_TEST_SUITE_P(Every, BooksKilled,
-                         testing::Values(salvaCliente, risalvaCliente, cancellaBanco, trasferisci), nome);
+                         testing::Values(salvaCliente, risalvaCliente, cancellaBanco, trasferisci,
+                                         salvaBancoAllaMedia, cancellaClienteAllaMedia),
+                         nome);
 
 TEST_P(BooksKilledLong, TheProcessLeavesTheBooksWhole) {
     const Morti morti = mortiUnaAUna(GetParam());
@@ -286,4 +290,50 @@ TEST(DeletionFailures, AnUnforeseenErrorRollsBackToo) {
     EXPECT_EQ(avvisi.moduli, QStringList("bBottegonClientVB.cancellaVendita"));
     EXPECT_EQ(libriSenzaChiavi(s.n), libriPrima);
     EXPECT_EQ(schermata(s.vendita()), schermoPrima);
+}
+
+// ---- An unforeseen error in the accounts
+
+namespace {
+
+// The sale of a customer who pays by instalments, saved with such an error at the first of these statements.
+struct ErroreInContabilita {
+    explicit ErroreInContabilita(const QString& inizio) : s(salvaCliente), prima(libriSenzaChiavi(s.n)) {
+        sondaIstruzioni() = [this, inizio](const QString& sql) -> std::optional<ErroreServer> {
+            if (accaduto || !sql.startsWith(inizio)) return std::nullopt;
+            accaduto = true;
+            throw RunTimeError(RunTimeError::Overflow);
+        };
+        s.fai();
+        sondaIstruzioni() = {};
+        EXPECT_TRUE(accaduto);
+    }
+
+    Banco s;
+    const QStringList prima;
+    const RegistroAvvisi avvisi;
+    bool accaduto = false;
+};
+
+}  // namespace
+
+// An entry that nobody knows the fate of is no reason to roll back: the sale is in the books without it, and
+// so without due dates; its collection is there.
+TEST(PostingRunTimeErrors, AnEntryThatCannotBeMadeLeavesTheSaleWithoutOne) {
+    ErroreInContabilita e("INSERT INTO PrimaNota (");
+    const Negozio& n = e.s.n;
+    EXPECT_EQ(e.avvisi.moduli, QStringList("bBottegonClientVB.salvaPrimaNota"));
+    EXPECT_FALSE(e.s.vendita().venditaModificata);
+    EXPECT_GT(n.conta("DettagliMovimento"), 0);
+    EXPECT_EQ(n.conta("Movimenti", "FK_PRIMANOTA IS NULL AND FK_PNPAGAMENTO IS NOT NULL"), 1);
+    EXPECT_EQ(n.righe("SELECT FK_CAUSALE FROM PrimaNota"), QStringList("2"));
+    EXPECT_EQ(n.righe("SELECT FK_CONTO FROM PrimaNotaDettagli ORDER BY RID"), (QStringList{"2", "1"}));
+    EXPECT_EQ(n.conta("Scadenze"), 0);
+}
+
+TEST(PostingRunTimeErrors, LinesThatCannotBeMadeRollTheSaleBack) {
+    ErroreInContabilita e("INSERT INTO PrimaNotaDettagli (");
+    EXPECT_EQ(e.avvisi.moduli, QStringList("bBottegonClientVB.saveDettagliPrimaNota"));
+    EXPECT_TRUE(e.s.vendita().venditaModificata);
+    EXPECT_EQ(libriSenzaChiavi(e.s.n), e.prima);
 }

@@ -219,6 +219,44 @@ TEST_F(BooksTable, MixedRatesAndADiscount) {
            });
 }
 
+// It has that year's numbers, in the journal too; its sub-number follows this year's document of the same
+// number.
+TEST_F(BooksTable, SaleOfAnotherYearOnCredit) {
+    ContoDiProva& c = n.apriConto();
+    Vendita& v = c.vendita();
+    vendi(c, "A");
+    c.tasto(Qt::Key_F5);
+    n.orologio.istante = n.orologio.istante.addDays(1);
+    c.tasto(Qt::Key_F2);
+    v.txtData.testo("30/12/2025");
+    Bottega::intesta(v, 0, 9);
+    vendi(c, "A", "2");
+    vendi(c, "B", "3");
+    ASSERT_TRUE(salvaERilegge(v));
+    confrontaLibri(
+        n, {
+               .movimenti = {"1|1|2026|2026-03-16|1|1||1|1|255|0|10|2.2|12.2|1|2|0|",
+                             "2|1|2025|2025-12-30|1|1||2|9|255|0|35|5.9|40.9|3||0|"},
+               .dettagli = {"1|1|1|1|1|A|A|1|10|0|0|0|0|10|10|1|22|2.2|2.2|12.2|1|6|||2026-03-16 10:30:00",
+                            "2|2|2|1|1|A|A|2|10|0|0|0|0|10|20|1|22|2.2|4.4|24.4|1|6|||2026-03-17 10:30:00",
+                            "3|2|2|2|2|B|Biscotti|3|5|0|0|0|0|5|15|2|10|0.5|1.5|16.5|1|0|||2026-03-17 "
+                            "10:30:00"},
+               .prodotti = {"A|7||0"},
+               .strati = {"1|1|6|1", "1|1|7|6"},
+               .primaNota =
+                   {"1|1|2026-03-16|2026-03-16|1|1|Vendita al banco N° 0001 del 16/03/2026|||12.2|VB/1|1|",
+                    "2|2|2026-03-16|2026-03-16|2|1|Incasso Vendita al banco N° 0001 del "
+                    "16/03/2026|||12.2|VB/1|1|",
+                    "3|1|2025-12-30|2025-12-30|1|2|Vendita al banco N° 0001 del 30/12/2025|||40.9|VB/1|9|"},
+               .righePrimaNota = {"1|1|12.2|0", "1|3|0|10", "1|4|0|2.2", "2|2|12.2|0", "2|1|0|12.2",
+                                  "3|1|40.9|0", "3|3|0|35", "3|4|0|5.9"},
+               .scadenze = {"3||2026-01-29|20.45", "3||2026-02-28|20.45"},
+               .contatori = {"1|2025|1|n/d", "1|2026|1|n/d"},
+           });
+    EXPECT_EQ(v.txtData.testo(), "30/12/2025");
+    EXPECT_EQ(n.verifica(), QStringList());
+}
+
 // The head carries no money and moves no stock, even when its own product takes part in it; the
 // components do both.
 TEST_F(BooksTable, Kit) {

@@ -5,6 +5,7 @@
 #include "postings/save_sale.h"
 #include "sale/document_info.h"
 #include "sale/last_numbers.h"
+#include "sale/sale_document.h"
 
 namespace {
 
@@ -28,6 +29,27 @@ class Numbering : public testing::Test {
                 "FROM Movimenti M JOIN DettagliMovimento D ON D.FK_MOVIMENTO = M.RID) V ORDER BY RID, "
                 "EXTRAPROG")
             .join(',');
+    }
+    // A saved sale of one row, as any program may have written it.
+    void venditaDi(int tipo, int cassa, int progressivo, int extraProg) {
+        n.sql(QString("INSERT INTO Movimenti (PROGRESSIVO, ANNO, DATA, FK_TIPODOCUMENTO, ID_CASSA) VALUES "
+                      "(%1,2026,'2026-03-16 00:00:00',%2,%3)")
+                  .arg(progressivo)
+                  .arg(tipo)
+                  .arg(cassa));
+        n.sql(QString("INSERT INTO DettagliMovimento (FK_MOVIMENTO, EXTRAPROG, FK_PRODOTTO) SELECT MAX(RID), "
+                      "%1, 1 FROM Movimenti")
+                  .arg(extraProg));
+    }
+    void tipoFattura() {
+        n.sql(
+            "INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
+            "ACCOMPAGNATORIO, MOSTRAVB) VALUES (5,'FT','Fattura',1,1,0,0,1)");
+    }
+    // "number/sub-number" of the last sale of the day.
+    static QString ultima(const Vendita& v) {
+        const NumeroVendita numero = getProgByData(v, QDate(2026, 3, 16));
+        return QString("%1/%2").arg(numero.progressivo).arg(numero.extraProg);
     }
     Negozio n;
 };
@@ -207,7 +229,7 @@ TEST_F(Numbering, SubNumberOfASaleOfLastYearStartsAgain) {
 TEST_F(Numbering, SubNumbersOfOtherDocumentTypesDoNotCount) {
     ContoDiProva& c = n.apriConto();
     vendita(c);
-    n.sql("INSERT INTO TipoDocumenti (RID, CODICE, FK_CAUSALE, NCONTATORE) VALUES (5,'FT',1,2)");
+    tipoFattura();
     n.sql("UPDATE Movimenti SET FK_TIPODOCUMENTO = 5");
     EXPECT_EQ(getNewSottoProgressivo(c.vendita(), 1), 1);
 }
@@ -273,21 +295,78 @@ TEST_F(Numbering, NewSaleLooksAtTodayThoughAPastDayWasSavedLast) {
     EXPECT_EQ(c.vendita().txtData.testo(), "16/03/2026");
 }
 
+// ---- The last sale of a day
+
+TEST_F(Numbering, LastSaleOfADayIsOneOfThisDesk) {
+    const Vendita& v = n.apriConto().vendita();
+    venditaDi(1, 255, 1, 1);
+    venditaDi(1, 9, 2, 4);
+    EXPECT_EQ(ultima(v), "1/1");
+    gIDCassa = 9;
+    EXPECT_EQ(ultima(v), "2/4");
+    gIDCassa = 8;
+    EXPECT_EQ(ultima(v), "-1/-1");
+}
+
+TEST_F(Numbering, LastSaleOfADayIsOneOfTheDocumentTypeOnTheScreen) {
+    tipoFattura();
+    Vendita& v = n.apriConto().vendita();
+    venditaDi(1, 255, 1, 1);
+    venditaDi(5, 255, 2, 4);
+    EXPECT_EQ(ultima(v), "1/1");
+    v.idTipoDocumento = 5;
+    EXPECT_EQ(ultima(v), "2/4");
+}
+
+// By the sub-number alone, whatever the numbers of the headers.
+TEST_F(Numbering, LastSaleOfADayWithTwoHeadersHasTheHighestSubNumber) {
+    const Vendita& v = n.apriConto().vendita();
+    venditaDi(1, 255, 1, 3);
+    venditaDi(1, 255, 2, 1);
+    EXPECT_EQ(ultima(v), "1/3");
+}
+
+TEST_F(Numbering, LastSubNumberOfANumberIsThatOfAnyDocumentTypeOfThisDesk) {
+    tipoFattura();
+    venditaDi(1, 255, 1, 2);
+    venditaDi(5, 255, 1, 7);
+    venditaDi(1, 9, 1, 8);
+    EXPECT_EQ(getSottoProgByProg(1, 2026), 7);
+    EXPECT_EQ(getSottoProgByProg(1, 2025), -1);
+    EXPECT_EQ(getSottoProgByProg(2, 2026), -1);
+}
+
 // ---- Counters
 
+// Nobody asks whether the number was given.
+TEST_F(Numbering, CounterBelowNothingGivesADocumentTheNumberZero) {
+    n.sql("INSERT INTO Contatori (FK_NUMERATORE, ANNO, NUMERO) VALUES (1,'2026',-1)");
+    ContoDiProva& c = n.apriConto();
+    vendi(c, "A");
+    EXPECT_TRUE(salvaVendita(c.vendita(), false, -1));
+    EXPECT_EQ(vendite(), "0/1");
+    EXPECT_EQ(c.vendita().txtProg.testo(), "0000");
+    EXPECT_EQ(n.valore("SELECT CODICEPARTITA FROM PrimaNota"), "VB/0");
+    EXPECT_EQ(contatori(), "1/2026=0");
+}
+
 TEST_F(Numbering, DocumentTypesOfOneCounterShareItsSequence) {
-    n.sql(
-        "INSERT INTO TipoDocumenti (RID, CODICE, DESCRIZIONE, FK_CAUSALE, NCONTATORE, USAPREZZIIVA, "
-        "ACCOMPAGNATORIO, MOSTRAVB) VALUES (5,'FT','Fattura',1,1,0,0,1)");
+    tipoFattura();
     ContoDiProva& c = n.apriConto();
     vendita(c);
-    n.vendita(0).lblRID.testo("-1");
     setInfoDocumento(c.vendita(), 5);
+    setForNewMovimento(c.vendita());
     vendi(c, "A");
     ASSERT_TRUE(salvaVendita(c.vendita(), true, 5));
     EXPECT_EQ(n.righe("SELECT FK_TIPODOCUMENTO, PROGRESSIVO FROM Movimenti ORDER BY RID"),
               (QStringList{"1|1", "5|2"}));
+    EXPECT_EQ(vendite(), "1/1,2/1");
+    EXPECT_EQ(n.righe("SELECT CODICEPARTITA FROM PrimaNota ORDER BY RID"),
+              (QStringList{"VB/1", "VB/1", "FT/2", "FT/2"}));
+    EXPECT_EQ(n.righe("SELECT FK_PRIMANOTA, FK_PNPAGAMENTO FROM Movimenti ORDER BY RID"),
+              (QStringList{"1|2", "3|4"}));
     EXPECT_EQ(contatori(), "1/2026=2");
+    EXPECT_EQ(n.verifica(), QStringList());
 }
 
 TEST_F(Numbering, NumberBeyondFourDigitsIsShownWhole) {

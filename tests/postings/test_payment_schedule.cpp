@@ -67,11 +67,23 @@ TEST_F(PaymentSchedule, DownPaymentIsDueAtOnceBesideTheWholeAmount) {
     EXPECT_EQ(scadenze(), (QStringList{"2026-03-16 20", "2026-04-15 50", "2026-05-15 50"}));
 }
 
-TEST_F(PaymentSchedule, AmountsHaveFourDecimals) {
-    pagamento(33.33, false, false, 1, {{30, 66.67}});
+TEST_F(PaymentSchedule, InstalmentHasFourDecimals) {
+    pagamento(0, false, false, 1, {{30, 66.67}});
+    EXPECT_TRUE(genera(10.01));  // 6,673667
+    EXPECT_EQ(n.conta("Scadenze", "IMPORTO = 6.6737"), 1);
+}
+
+TEST_F(PaymentSchedule, InstalmentInTheMiddleGoesToTheEvenOne) {
+    pagamento(0, false, false, 2, {{30, 50}, {60, 150}});
+    EXPECT_TRUE(genera(0.0625));  // 0,03125 and 0,09375
+    EXPECT_EQ(n.conta("Scadenze", "IMPORTO = 0.0312"), 1);
+    EXPECT_EQ(n.conta("Scadenze", "IMPORTO = 0.0938"), 1);
+}
+
+TEST_F(PaymentSchedule, DownPaymentIsAShareOfTheWholeAmount) {
+    pagamento(33.33, false, false, 0, {{30, 0}});
     EXPECT_TRUE(genera(10.01));
-    const QStringList importi = n.righe("SELECT ROUND(IMPORTO, 4) FROM Scadenze ORDER BY RID");
-    EXPECT_EQ(importi, (QStringList{"3.3363", "6.6737"}));
+    EXPECT_EQ(n.valore("SELECT ROUND(IMPORTO, 4) FROM Scadenze"), "3.3363");
 }
 
 TEST_F(PaymentSchedule, NegativeTurnsEverySign) {

@@ -33,6 +33,15 @@ unsigned seme() {
     return detto ? numero : std::random_device{}();
 }
 
+// The rows that stand by themselves, a kit in its first.
+std::vector<size_t> prodottiInteri(const std::vector<RigaRisalvata>& righe) {
+    std::vector<size_t> intere;
+    for (size_t i = 0; i < righe.size(); ++i) {
+        if (!righe[i].riga.componente) intere.push_back(i);
+    }
+    return intere;
+}
+
 class Passeggiata {
   public:
     explicit Passeggiata(int prezzoMedio);
@@ -61,6 +70,7 @@ class Passeggiata {
     // On the screen, and the rows that come of it.
     std::vector<ModelloLibri::Riga> aggiungi(ContoDiProva& c, const std::vector<std::pair<int, int>>& merce);
 
+    std::vector<RigaRisalvata> righeSalvate(const Scelta& s) const;
     // Of a sale on the screen: a row's quantity, a row away, rows more.
     void cambia(ContoDiProva& c, std::vector<RigaRisalvata>& righe, size_t r);
     void togli(ContoDiProva& c, std::vector<RigaRisalvata>& righe, size_t r);
@@ -250,6 +260,13 @@ void Passeggiata::nuova() {
     mChiavi[chiave] = c.vendita().lblRID.testo();
 }
 
+std::vector<RigaRisalvata> Passeggiata::righeSalvate(const Scelta& s) const {
+    std::vector<RigaRisalvata> righe;
+    for (const auto& riga : m.documenti().at(s.documento).vendite.at(s.extra))
+        righe.push_back({riga, riga.quantita});
+    return righe;
+}
+
 void Passeggiata::cambia(ContoDiProva& c, std::vector<RigaRisalvata>& righe, size_t r) {
     const int segno = righe[r].riga.quantita < 0 ? -1 : 1;
     m.cambiaQuantita(righe, r, segno * (std::abs(righe[r].riga.quantita) % 7 + 1));
@@ -293,13 +310,8 @@ void Passeggiata::ritocca() {
     const auto scelta = scegli(false);
     if (!scelta) return;
     ContoDiProva& c = mostra(*scelta);
-    std::vector<RigaRisalvata> righe;
-    for (const auto& riga : m.documenti().at(scelta->documento).vendite.at(scelta->extra))
-        righe.push_back({riga, riga.quantita});
-    std::vector<size_t> intere;  // what stands by itself, in its first row
-    for (size_t i = 0; i < righe.size(); ++i) {
-        if (!righe[i].riga.componente) intere.push_back(i);
-    }
+    std::vector<RigaRisalvata> righe = righeSalvate(*scelta);
+    const std::vector<size_t> intere = prodottiInteri(righe);
     const size_t r = intere[static_cast<size_t>(caso(static_cast<int>(intere.size())))];
     mDiario << "ritocca " + numero(*scelta);
     if (caso(2) == 0) {
@@ -333,14 +345,20 @@ void Passeggiata::cancella() {
     if (gConti[1]) gConti[1]->scarica();
 }
 
-// As the conversion does it: the rows are saved under the other type, then the source goes.
+// As the conversion does it: the rows are saved under the other type, then the source goes, and with it a row
+// that was taken away on the screen.
 void Passeggiata::converti() {
     const auto scelta = scegli(true);
     if (!scelta) return;
     mDiario << "converti " + numero(*scelta);
     const ModelloLibri::Documento origine = m.documenti().at(scelta->documento);
     if (m.impostaDelleRighe(origine) < 0) return;
-    Vendita& v = mostra(*scelta).vendita();
+    ContoDiProva& c = mostra(*scelta);
+    Vendita& v = c.vendita();
+    std::vector<RigaRisalvata> righe = righeSalvate(*scelta);
+    const std::vector<size_t> intere = prodottiInteri(righe);
+    if (intere.size() > 1 && caso(2) == 0)
+        togli(c, righe, intere[static_cast<size_t>(caso(static_cast<int>(intere.size())))]);
     const int idOrigine = v.rid();
     const int registrazione = v.idPrimaNota;
     const int incasso = v.idPNPagamento;
@@ -352,7 +370,7 @@ void Passeggiata::converti() {
     v.idPNPagamento = incasso;
     EXPECT_TRUE(cancellaVendita(v, idOrigine, false));
     gConti[1]->scarica();
-    m.converti(scelta->documento, tipoFattura, oggi());
+    m.converti(scelta->documento, tipoFattura, righe, oggi());
     mChiavi[m.documenti().rbegin()->first] = nuovo;
 }
 

@@ -56,6 +56,15 @@ TEST_F(Stock, EmptyLayerIsPassedOver) {
     EXPECT_EQ(mosso, euro(7));
 }
 
+// A transfer at the average leaves such a layer behind.
+TEST_F(Stock, LayerOfAnUnknownCostIsPassedOverForAnEmptyOne) {
+    n.sql("UPDATE DettagliProdotto SET QUANTITA = 0 WHERE TAGLIO = 6");
+    n.sql("UPDATE DettagliProdotto SET TAGLIO = -1 WHERE TAGLIO = 7");
+    EXPECT_EQ(muovi({.quantita = 2, .taglio = ignoto, .azione = 1, .idOrigine = 1}), "OK");
+    EXPECT_EQ(merce(), "1/6=-2 1/-1=6 : 8");
+    EXPECT_EQ(mosso, euro(6));
+}
+
 TEST_F(Stock, WithoutGoodsAnywhereItIsTheOldestLayer) {
     n.sql("UPDATE DettagliProdotto SET QUANTITA = -1");
     EXPECT_EQ(muovi({.quantita = 2, .taglio = ignoto, .azione = 1, .idOrigine = 1}), "OK");
