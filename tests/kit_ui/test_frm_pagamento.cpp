@@ -2,8 +2,11 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include "core/errors.h"
+#include "doubles/operatore_scritto.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/frmPagamento.h"
 #include "kit_ui/modal.h"
@@ -12,6 +15,9 @@ namespace {
 
 class TenderForm : public testing::Test {
   protected:
+    TenderForm() { gErr.imposta(cartella.path(), &operatore); }
+    ~TenderForm() override { gErr.imposta({}, nullptr); }
+
     EsitoIncasso apri(std::function<void()> gesto, double totale = 12.2) {
         frmPagamento finestra(nullptr);
         quandoModale([&](QWidget* aperta) {
@@ -34,8 +40,13 @@ class TenderForm : public testing::Test {
         FAIL() << qPrintable(didascalia);
     }
 
+    QTemporaryDir cartella;
+    OperatoreScritto operatore;
     QWidget* form = nullptr;
 };
+
+// A customer's card, scanned where an amount is asked for.
+const QString tessera = "400012345678901234";
 
 }  // namespace
 
@@ -94,4 +105,29 @@ TEST_F(TenderForm, AmountsAreNotCut) {
             }
         },
         123456.78);
+}
+
+TEST_F(TenderForm, CardScannedAsTheAmountTenderedIsToldAndTheTenderGoesOn) {
+    operatore.attendiAvviso("frmPagamento.calcolaResto");
+    const EsitoIncasso esito = apri([&] {
+        digita(tessera);
+        tasto(Qt::Key_Return);
+        EXPECT_TRUE(operatore.esaurito());
+        box("txtPagato").selectAll();
+        digita("20");
+        tasto(Qt::Key_Return);
+        EXPECT_EQ(resto(), "7,80");
+    });
+    EXPECT_EQ(esito.totale, Currency::daDouble(12.2));
+}
+
+TEST_F(TenderForm, TotalBeyondAllMoneyIsToldAndLeavesTheOneThatWasDue) {
+    operatore.attendiAvviso("frmPagamento.Form_Unload");
+    const EsitoIncasso esito = apri([&] {
+        box("txtTotale").setFocus();
+        box("txtTotale").selectAll();
+        digita(tessera);
+    });
+    EXPECT_EQ(esito.totale, Currency::daDouble(12.2));
+    EXPECT_EQ(esito.resto, "");
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QDialog>
 
 #include "kit/cKeyFunction.h"
@@ -17,19 +19,20 @@ class frmPagamento final : public QDialog {
     explicit frmPagamento(QWidget* padre);
     ~frmPagamento() override;
 
-    // Modal.
+    // Modal; once for each form. Amounts that no money can be are reported, and are none.
     EsitoIncasso startMe(Currency totale);
 
   protected:
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:
+    std::optional<QChar> tasto(CTextBox& casella, QChar tasto);
     void costruisci();
     QLabel* titolo(const QString& didascalia, const Campo& campo);
     CampoEdit* riga(QBoxLayout& colonna, const QString& didascalia, CTextBox& casella, const QString& nome);
     QBoxLayout* importi();
 
-    MonitorResto* mMonitor = nullptr;
+    std::optional<MonitorResto> mMonitor;
     cKeyFunction mFunzioni;
     QWidget* mContenuto = nullptr;
 };
