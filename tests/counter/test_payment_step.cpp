@@ -117,3 +117,37 @@ TEST_F(PaymentStep, RegisteredSaleAsksBeforeItsTotalIsChanged) {
     EXPECT_EQ(n.conta("DettagliMovimento", "SCONTO > 0"), 0);
     EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "24.4");
 }
+
+TEST_F(PaymentStep, TotalOfAnEvenExchangeCannotBeChangedAndTheTenderComesUpAgain) {
+    n.prodotto({.codice = "B", .listino1 = 10, .barcode = "8002"});
+    ContoDiProva& c = contoConVendita();
+    c.scansiona("8002");
+    c.tasto(Qt::Key_F6, Qt::ShiftModifier);
+    ASSERT_EQ(c.vendita().lblMainDisplay.testo(), "0,00");
+    incassaCon(c, [](Currency) { return EsitoIncasso{Currency::daIntero(5), "15,00"}; });
+    n.operatore.attendiMessaggio(
+        "Il totale di questa vendita è 0,00 e qui non si può cambiare.\n"
+        "Per incassare un altro importo correggere le righe della vendita.");
+    Currency mostrato = Currency::daIntero(-1);
+    incassaCon(c, [&](Currency totale) {
+        mostrato = totale;
+        return intatto(totale);
+    });
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(mostrato, Currency());
+    EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO + 0.0 FROM Movimenti"), "0");
+    EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), "0,00");
+    EXPECT_EQ(c.vendita().lblUltimoResto.testo(), "");
+}
+
+TEST_F(PaymentStep, TotalThatNoRowCanHoldLeavesTheOldOneOnTheDisplay) {
+    ContoDiProva& c = contoConVendita();
+    incassaCon(c, nuovoTotale(9e14));
+    n.operatore.attendiAvviso("frmMain.cmdComando_Click");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(c.vendita().lblMainDisplay.testo(), "12,20");
+    EXPECT_EQ(vendite(), 0);
+    incassaCon(c, intatto);
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), "12,20");
+}
