@@ -9,6 +9,14 @@ class PaymentStep : public BancoDiProva {
     void incassaCon(ContoDiProva& c, std::function<EsitoIncasso(Currency)> risposta) {
         c.incassi.push_back(std::move(risposta));
     }
+    // A for another product, which comes back.
+    ContoDiProva& contoConCambio(double listinoReso) {
+        n.prodotto({.codice = "B", .listino1 = listinoReso, .barcode = "8002"});
+        ContoDiProva& c = contoConVendita();
+        c.scansiona("8002");
+        c.tasto(Qt::Key_F6, Qt::ShiftModifier);
+        return c;
+    }
     static EsitoIncasso intatto(Currency totale) { return {totale, {}}; }
     static std::function<EsitoIncasso(Currency)> nuovoTotale(double totale) {
         return [totale](Currency) { return EsitoIncasso{Currency::daDouble(totale), {}}; };
@@ -119,10 +127,7 @@ TEST_F(PaymentStep, RegisteredSaleAsksBeforeItsTotalIsChanged) {
 }
 
 TEST_F(PaymentStep, TotalOfAnEvenExchangeCannotBeChangedAndTheTenderComesUpAgain) {
-    n.prodotto({.codice = "B", .listino1 = 10, .barcode = "8002"});
-    ContoDiProva& c = contoConVendita();
-    c.scansiona("8002");
-    c.tasto(Qt::Key_F6, Qt::ShiftModifier);
+    ContoDiProva& c = contoConCambio(10);
     ASSERT_EQ(c.vendita().lblMainDisplay.testo(), "0,00");
     incassaCon(c, [](Currency) { return EsitoIncasso{Currency::daIntero(5), "15,00"}; });
     n.operatore.attendiMessaggio(
@@ -141,13 +146,15 @@ TEST_F(PaymentStep, TotalOfAnEvenExchangeCannotBeChangedAndTheTenderComesUpAgain
 }
 
 TEST_F(PaymentStep, TotalThatNoRowCanHoldLeavesTheOldOneOnTheDisplay) {
-    ContoDiProva& c = contoConVendita();
+    ContoDiProva& c = contoConCambio(9.99);
+    const QString totale = c.vendita().lblMainDisplay.testo();
+    ASSERT_EQ(totale, "0,01");
     incassaCon(c, nuovoTotale(9e14));
     n.operatore.attendiAvviso("frmMain.cmdComando_Click");
     c.tasto(Qt::Key_F5);
-    EXPECT_EQ(c.vendita().lblMainDisplay.testo(), "12,20");
+    EXPECT_EQ(c.vendita().lblMainDisplay.testo(), totale);
     EXPECT_EQ(vendite(), 0);
     incassaCon(c, intatto);
     c.tasto(Qt::Key_F5);
-    EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), "12,20");
+    EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), totale);
 }
