@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -20,6 +21,7 @@ class TenderForm : public testing::Test {
 
     EsitoIncasso apri(std::function<void()> gesto, double totale = 12.2) {
         frmPagamento finestra(nullptr);
+        finestra.sordaPer(sordita);
         quandoModale([&](QWidget* aperta) {
             form = aperta;
             ASSERT_TRUE(QTest::qWaitForWindowActive(form));
@@ -42,6 +44,7 @@ class TenderForm : public testing::Test {
 
     QTemporaryDir cartella;
     OperatoreScritto operatore;
+    int sordita = 0;
     QWidget* form = nullptr;
 };
 
@@ -86,6 +89,27 @@ TEST_F(TenderForm, TheSaveKeyGoesOnWithTheSave) {
         tasto(Qt::Key_F5);
         EXPECT_FALSE(form->isVisible());
     });
+}
+
+TEST_F(TenderForm, BouncedSaveKeyThatBroughtItUpDoesNotLeaveIt) {
+    constexpr int unOra = 3'600'000;
+    sordita = unOra;
+    apri([&] {
+        tasto(Qt::Key_F5);
+        EXPECT_TRUE(form->isVisible());
+        tasto(Qt::Key_Escape);
+        EXPECT_FALSE(form->isVisible());
+    });
+}
+
+TEST_F(TenderForm, SaveKeyIsHeardAfterAQuarterOfASecond) {
+    frmPagamento finestra(nullptr);
+    EXPECT_FALSE(finestra.sorda());
+    QElapsedTimer aperta;
+    aperta.start();
+    finestra.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !finestra.sorda(); }));
+    EXPECT_GE(aperta.elapsed(), 250);
 }
 
 TEST_F(TenderForm, CorrectedTotalGoesBack) {

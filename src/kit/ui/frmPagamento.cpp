@@ -38,7 +38,7 @@ frmPagamento::frmPagamento(QWidget* padre) : QDialog(padre) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     // The key that saves goes on with the save.
     mFunzioni.evtFunctionKey([this](int tasto, int modificatori, Campo*) {
-        if (tasto == Qt::Key_F5 && modificatori == Qt::NoModifier) accept();
+        if (tasto == Qt::Key_F5 && modificatori == Qt::NoModifier && !sorda()) accept();
     });
 }
 
@@ -119,6 +119,15 @@ void frmPagamento::costruisci() {
     cmdEsci->setToolTip("Ritorna alla vendita, che viene salvata (Esc o F5)");
     connect(cmdEsci, &QPushButton::clicked, this, &QDialog::accept);
     tutto->addWidget(cmdEsci);
+}
+
+bool frmPagamento::sorda() const {
+    return mSordaDa.isValid() && mSordaDa.elapsed() < mSordita;
+}
+
+void frmPagamento::showEvent(QShowEvent* evento) {
+    QDialog::showEvent(evento);
+    mSordaDa.start();
 }
 
 void frmPagamento::keyPressEvent(QKeyEvent* evento) {

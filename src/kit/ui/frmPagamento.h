@@ -3,6 +3,7 @@
 #include <optional>
 
 #include <QDialog>
+#include <QElapsedTimer>
 
 #include "kit/cKeyFunction.h"
 #include "kit/tender.h"
@@ -19,10 +20,16 @@ class frmPagamento final : public QDialog {
     explicit frmPagamento(QWidget* padre);
     ~frmPagamento() override;
 
+    // For a moment the key that saves is not heard: a bounced one was meant to bring the dialogue up.
+    bool sorda() const;
+    // How long that is, in milliseconds.
+    void sordaPer(int millisecondi) { mSordita = millisecondi; }
+
     // Modal; once for each form. Amounts that no money can be are reported, and are none.
     EsitoIncasso startMe(Currency totale);
 
   protected:
+    void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:
@@ -34,5 +41,7 @@ class frmPagamento final : public QDialog {
 
     std::optional<MonitorResto> mMonitor;
     cKeyFunction mFunzioni;
+    QElapsedTimer mSordaDa;
+    int mSordita = 250;
     QWidget* mContenuto = nullptr;
 };
