@@ -158,3 +158,61 @@ TEST_F(PaymentStep, TotalThatNoRowCanHoldLeavesTheOldOneOnTheDisplay) {
     c.tasto(Qt::Key_F5);
     EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), totale);
 }
+
+// ---- The print question
+
+namespace {
+
+class PrintQuestion : public PaymentStep {
+  protected:
+    // F5 on a paid sale of account 1; what came, in order.
+    QStringList salva(ContoDiProva& c) {
+        QStringList passi;
+        c.vendita().chkPagato.valore(1);
+        incassaCon(c, [&passi](Currency totale) {
+            passi << "incasso";
+            return intatto(totale);
+        });
+        c.quandoStampa = [&](bool simula) {
+            EXPECT_EQ(vendite(), 0);
+            passi << (simula ? "simulata" : "chiesta");
+        };
+        c.tasto(Qt::Key_F5);
+        EXPECT_EQ(vendite(), 1);
+        return passi;
+    }
+    ContoDiProva& nominata() {
+        n.apriConto(0);
+        return contoConCliente(1);
+    }
+};
+
+}  // namespace
+
+TEST_F(PrintQuestion, ComesBetweenTheTenderAndTheSave) {
+    gStampa = 1;
+    EXPECT_EQ(salva(nominata()), (QStringList{"incasso", "chiesta"}));
+}
+
+TEST_F(PrintQuestion, PrintingMayBeTakenAsDone) {
+    gSimulaStampa = 1;
+    EXPECT_EQ(salva(nominata()), (QStringList{"incasso", "simulata"}));
+}
+
+TEST_F(PrintQuestion, IsNotAskedWhereTheWorkstationDoesNotWantIt) {
+    EXPECT_EQ(salva(nominata()), QStringList{"incasso"});
+}
+
+TEST_F(PrintQuestion, IsNotAskedForTheWalkInCustomer) {
+    gStampa = 1;
+    gSimulaStampa = 1;
+    EXPECT_EQ(salva(contoConVendita()), QStringList{"incasso"});
+}
+
+TEST_F(PrintQuestion, WithoutAnyoneToAskItNothingHappens) {
+    gStampa = 1;
+    ContoDiProva& c = nominata();
+    c.vendita().chkPagato.valore(0);
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(vendite(), 1);
+}
