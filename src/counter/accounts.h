@@ -48,6 +48,9 @@ class Conto : public SchermoVendita {
     virtual void scegliVendita(VaiVendita& scelta) = 0;
     // The key of the picked row; empty for none.
     virtual QString scegliRiga(ElencoMovimento& movimento) = 0;
+    // A named customer's sale is about to be saved, its tender is over, and the workstation wants to be asked
+    // about the printing (`simula` false) or to have it taken as done (true).
+    virtual void messaggioStampa([[maybe_unused]] bool simula) {}
     // A sale of this screen has been saved, and the screen shows it.
     virtual void venditaSalvata() {}
 

@@ -68,7 +68,17 @@ int postoDi(const VenditaAperta& aperta) {
     return -1;
 }
 
-void mostra(const VenditaAperta& aperta, Vendita& v) {
+// The field that was being typed in has its rule when it is left, also where another window is in front.
+void riprendiFuoco(const VenditaAperta& aperta, Conto& conto) {
+    Vendita& v = conto.vendita();
+    Campo* campo = v.elenco.trova(aperta.immagine.campoAttivo());
+    if (campo == nullptr || !campo->abilitato() || !campo->visibile()) campo = &v.txtCodProdotto;
+    conto.fuoco(*campo);
+    conto.campoAttivo(campo);
+}
+
+void mostra(const VenditaAperta& aperta, Conto& conto) {
+    Vendita& v = conto.vendita();
     const RidisegnoFermo fermo(v.schermo);
     aperta.immagine.scriviIn(v);
     if (aperta.salvataggio) {
@@ -81,7 +91,7 @@ void mostra(const VenditaAperta& aperta, Vendita& v) {
     mostraSaldo(v);
     applicaModificaConsentita(v);
     setVenditaModificata(v);
-    v.schermo.fuoco(v.txtCodProdotto);
+    riprendiFuoco(aperta, conto);
 }
 
 // False when no account stayed open for it, or an error came before all of it was there.
@@ -91,7 +101,7 @@ bool riprendi(const VenditaAperta& aperta) {
     const ContoAperto& conto = gConti[static_cast<size_t>(posto)];
     protetto(moduloFrmMain, "riprendiVendite", [&] {
         getConto(posto, false);
-        if (conto) mostra(aperta, conto->vendita());
+        if (conto) mostra(aperta, *conto);
     });
     if (!conto) return false;
     if (!libero(posto)) return true;

@@ -54,10 +54,17 @@ void venditaSuccessiva(Conto& conto) {
     vendita(conto, Direzione::Avanti);
 }
 
+void chiediStampa(Conto& conto) {
+    if (conto.vendita().cliente() == gClientePredefinito) return;
+    if (gStampa != 0) conto.messaggioStampa(false);
+    if (gSimulaStampa != 0) conto.messaggioStampa(true);
+}
+
 // Account 0 goes on with the saved sale in sight; the others close.
 void salva(Conto& conto) {
     Vendita& v = conto.vendita();
     if (gMonitor != 0 && (v.chkPagato.valore() == 1 || !v.chkPagato.abilitato())) apriMonitorResto(conto);
+    chiediStampa(conto);
     if (!salvaEMostraUltima(conto)) return;
     // Numbers start again every year: a sale saved after midnight is looked up in its own.
     showVendita(v, 0, v.progressivo(), v.extraProg(), v.giorno().year());

@@ -13,7 +13,9 @@ namespace {
 const QString nomeCampi = "campi";
 const QString nomeStato = "stato";
 const QString nomeRighe = "righe";
-// And of the state's, while a save or a deletion is not known to be in the books.
+// In the state: what is being typed there has not reached its row yet.
+const QString nomeAttivo = "attivo";
+// And, while a save or a deletion is not known to be in the books.
 const QString nomeIncerto = "incerto";
 const QString nomeImmutata = "immutata";
 const QString nomeCancellazione = "cancellazione";
@@ -110,11 +112,12 @@ void scriviRiga(const QJsonObject& riga, Vendita& v) {
 
 }  // namespace
 
-QJsonObject TracciaVendita::differenza(const Vendita& v) {
+QJsonObject TracciaVendita::differenza(const Vendita& v, const Campo* attivo) {
     QJsonObject record;
     const QJsonObject campi = differenzaCampi(v);
     if (!campi.isEmpty()) record[nomeCampi] = campi;
-    const QJsonObject stato = statoDi(v);
+    QJsonObject stato = statoDi(v);
+    if (attivo != nullptr) stato[nomeAttivo] = attivo->nome();
     if (stato != mStato) record[nomeStato] = stato;
     mStato = stato;
     const QJsonObject righe = differenzaRighe(v.flxVB);
@@ -182,6 +185,10 @@ void ImmagineVendita::applica(const QJsonObject& record) {
 
 bool ImmagineVendita::daSalvare() const {
     return mStato["modificata"].toBool() && !mRighe.isEmpty();
+}
+
+QString ImmagineVendita::campoAttivo() const {
+    return mStato[nomeAttivo].toString();
 }
 
 void ImmagineVendita::scriviIn(Vendita& v) const {

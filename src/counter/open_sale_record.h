@@ -27,8 +27,9 @@ struct ValoreCampo {
 // Follows one sale from record to record.
 class TracciaVendita {
   public:
-    // What has changed since the last call, everything at the first; empty when nothing has.
-    QJsonObject differenza(const Vendita& v);
+    // What has changed since the last call, everything at the first; empty when nothing has. `attivo` is the
+    // field being typed in, or none.
+    QJsonObject differenza(const Vendita& v, const Campo* attivo);
 
   private:
     QJsonObject differenzaCampi(const Vendita& v);
@@ -48,6 +49,8 @@ class ImmagineVendita {
     bool daSalvare() const;
     // All of it as one record.
     QJsonObject intera() const;
+    // The name of the field that was being typed in; empty when none was.
+    QString campoAttivo() const;
     // Puts the sale on a screen that was opened for it.
     void scriviIn(Vendita& v) const;
 

@@ -26,24 +26,49 @@ bool accettaNuovoTotale(Conto& conto) {
         OperatorPort::Icona::Esclamazione);
 }
 
-void evtTotaleVendita(Conto& conto, Currency totale) {
-    Vendita& v = conto.vendita();
-    if (totale == getValoreCurrency(v.lblMainDisplay.testo()) || !accettaNuovoTotale(conto)) return;
+// A changed total goes over the rows as a share of the one before, and 0,00 has no shares.
+bool ripartibile(Conto& conto) {
+    if (getValoreCurrency(conto.vendita().lblMainDisplay.tag()) != Currency()) return true;
+    conto.operatore().messaggio(
+        "Il totale di questa vendita è 0,00 e qui non si può cambiare.\n"
+        "Per incassare un altro importo correggere le righe della vendita.",
+        OperatorPort::Icona::Esclamazione);
+    return false;
+}
+
+void ripartisci(Vendita& v, Currency totale) {
+    const QString prima = v.lblMainDisplay.testo();
     v.lblMainDisplay.testo(formattaImporto(totale, 2));
-    ricalcolaDaTotale(v);
+    try {
+        ricalcolaDaTotale(v);
+    } catch (...) {
+        v.lblMainDisplay.testo(prima);
+        throw;
+    }
     v.lblMainDisplay.testoETag(formattaImporto(Currency(), 2));
     mostraSaldo(v);
+}
+
+// False when the total cannot be changed: the sale is as it was, and the tender asks again.
+bool evtTotaleVendita(Conto& conto, Currency totale) {
+    Vendita& v = conto.vendita();
+    if (totale == getValoreCurrency(v.lblMainDisplay.testo())) return true;
+    if (!ripartibile(conto)) return false;
+    if (accettaNuovoTotale(conto)) ripartisci(v, totale);
+    return true;
+}
+
+EsitoIncasso incassa(Conto& conto) {
+    const QScopedValueRollback aperta(gModaleAperta, true);
+    return conto.incassa(getValoreCurrency(conto.vendita().lblMainDisplay.testo()));
 }
 
 }  // namespace
 
 void apriMonitorResto(Conto& conto) {
-    Vendita& v = conto.vendita();
-    EsitoIncasso esito;
-    {
-        const QScopedValueRollback aperta(gModaleAperta, true);
-        esito = conto.incassa(getValoreCurrency(v.lblMainDisplay.testo()));
+    EsitoIncasso esito = incassa(conto);
+    while (!evtTotaleVendita(conto, esito.totale)) {
+        esito = incassa(conto);
     }
-    v.lblUltimoResto.tag(esito.resto);
-    evtTotaleVendita(conto, esito.totale);
+    conto.vendita().lblUltimoResto.tag(esito.resto);
 }

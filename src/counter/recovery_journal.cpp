@@ -151,7 +151,7 @@ bool GiornaleVendite::aggiorna() {
         const ContoAperto& conto = gConti[static_cast<size_t>(i)];
         if (conto && conto->vendita().venditaModificata) {
             if (!seguita) seguita.emplace();
-            const QJsonObject record = seguita->traccia.differenza(conto->vendita());
+            const QJsonObject record = seguita->traccia.differenza(conto->vendita(), conto->campoAttivo());
             if (record.isEmpty()) continue;
             applica(record, seguita->scritta);
             scrivi(i, record);

@@ -7,6 +7,7 @@
 #include "data/gateway.h"
 #include "data/prepare_sql.h"
 #include "postings/stored_row.h"
+#include "sale/row_cells.h"
 #include "sale/totals.h"
 
 namespace {
@@ -36,7 +37,7 @@ RigaScritta colonneRiga(const RigaDaScrivere& r, bool nuova) {
         {"FK_Prodotto", getIDOrNullStr(cella(Colonna::IdProdotto))},
         {"CodProdotto", testoSQL(cella(Colonna::Codice))},
         {"DescProdotto", testoSQL(cella(Colonna::Descrizione))},
-        {"Quantita", getSqlNumberOrZero(cella(Colonna::Quantita))},
+        {"Quantita", getSqlNumberOrZero(quantitaEsatta(r.griglia, r.riga))},
         {"Prezzo", importo(r, Colonna::PrezzoListino)},
         {"ScontoNetto", importo(r, Colonna::ScNetto)},
         {"PrezzoNetto", importo(r, Colonna::PrezzoNettoEsteso)},

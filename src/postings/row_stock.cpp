@@ -7,6 +7,7 @@
 #include "postings/save_state.h"
 #include "postings/stock.h"
 #include "sale/product_info.h"
+#include "sale/row_cells.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
 
@@ -15,7 +16,7 @@ namespace {
 MovimentoMerce movimento(const Vendita& v, int riga, Currency taglio) {
     const FlexVB& g = v.flxVB;
     MovimentoMerce m;
-    m.quantita = g.single(riga, Colonna::Quantita);
+    m.quantita = getValoreSingle(quantitaEsatta(g, riga));
     m.quantitaVecchia = g.single(riga, Colonna::OldQuantita);
     m.taglio = taglio;
     m.idProdotto = g.chiave(riga, Colonna::IdProdotto);
@@ -71,7 +72,7 @@ bool scaricaRiga(Vendita& v, int riga, const Documento& d, Currency& taglio) {
 // Each amount is what its cell shows, so that the columns of the row agree with each other.
 void valutaAlCosto(Vendita& v, int riga, Currency taglio) {
     FlexVB& g = v.flxVB;
-    const double quantita = static_cast<double>(g.single(riga, Colonna::Quantita));
+    const double quantita = static_cast<double>(getValoreSingle(quantitaEsatta(g, riga)));
     const double aliquota = static_cast<double>(g.single(riga, Colonna::Iva));
     const auto scrivi = [&](Colonna colonna, double valore) {
         g.scrivi(riga, colonna, formattaImporto(Currency::daDouble(valore), 2));

@@ -102,10 +102,13 @@ void offriDocumentoAperto(Vendita& v) {
     if (documento > 0 && lasciaLeRighe(v)) showVendita(v, documento, -1, 1, -1);
 }
 
-// Loads and shows a customer; `trovato` runs behind that.
+// Loads and shows a customer; `trovato` runs behind that. A sale that changes hands is to be saved; one that
+// is being opened has no rows yet.
 template <class Trovato>
 bool prendiCliente(Vendita& v, int id, const QString& codice, Trovato trovato) {
+    const int prima = v.cliente();
     const bool esito = caricaCliente(v, id, codice);
+    if (v.cliente() != prima && v.flxVB.righe() > 1) setVenditaModificata(v);
     if (esito) {
         v.lblSaldo.testoETag(formattaImporto(getSaldoCliente(v.cliente()), 2));
         // Nothing of a sale that was never saved is in that balance; what stood here is the sale before.

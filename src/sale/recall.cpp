@@ -197,19 +197,23 @@ void aggiungiRiga(Vendita& v, const Recordset& d) {
     checkRowReso(v, v.flxVB.aggiungi(std::move(c)));
 }
 
-void caricaVendita(Vendita& v, int idMovimento, int progressivo, int extraProg, int anno) {
-    pulisciTestata(v);
+// False when it is not in the books, or could not be read.
+bool leggiVendita(Vendita& v, int idMovimento, int progressivo, int extraProg, int anno) {
     {
         const Lettura lettura(sqlTestata(v, idMovimento, progressivo, anno), sorgente(".showVendita"));
-        if (!lettura) return;
+        if (!lettura) return false;
         if (lettura->eof()) {
             v.schermo.operatore().messaggio("Movimento inesistente ", OperatorPort::Icona::Informazione);
-            v.txtProg.testo("(Auto)");
-            return;
+            return false;
         }
         riempiTestata(v, *lettura, extraProg);
     }
-    if (!showDettagli(v)) return pulisciTestata(v);
+    return showDettagli(v);
+}
+
+void caricaVendita(Vendita& v, int idMovimento, int progressivo, int extraProg, int anno) {
+    pulisciTestata(v);
+    if (!leggiVendita(v, idMovimento, progressivo, extraProg, anno)) return sgombraSchermata(v);
     v.venditaModificata = false;
     v.pctSave.visibile(false);
     v.txtData.bloccato(true);

@@ -88,6 +88,12 @@ QString testoImporto(double importo) {
     return testo;
 }
 
+const QString& quantitaEsatta(const FlexVB& g, int riga) {
+    const QString& mostrata = g.cella(riga, Colonna::Quantita);
+    const bool immutata = mostrata == formattaImporto(g.single(riga, Colonna::OldQuantita), 2);
+    return immutata ? g.cella(riga, Colonna::OldQuantita) : mostrata;
+}
+
 CelleRiga celleRiga(const Vendita& v, const DatiRiga& d, bool nuova) {
     CelleRiga celle;
     aggiungiProdotto(celle, d);

@@ -15,6 +15,9 @@ using CelleRiga = std::vector<std::pair<Colonna, QString>>;
 // An amount as a cell shows it. One that the sums could not read back: RunTimeError 6.
 QString testoImporto(double importo);
 
+// A row's quantity with all its decimals, of which the cell shows two: as stored, until another one is
+// entered.
+const QString& quantitaEsatta(const FlexVB& griglia, int riga);
 // Beyond the range of a price or amount: RunTimeError 6. `nuova`: the row is not in the grid yet.
 CelleRiga celleRiga(const Vendita& v, const DatiRiga& dati, bool nuova);
 // Writes them, with the row's save state and, on a row that has none, the operator.

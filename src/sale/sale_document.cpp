@@ -19,6 +19,13 @@ namespace {
 
 const char* const numeroDaAssegnare = "(Auto)";
 
+// Nothing is unsaved, and everything may be changed.
+void azzeraModifiche(Vendita& v) {
+    v.venditaModificata = false;
+    v.modificaConsentita = true;
+    applicaModificaConsentita(v);
+}
+
 // A sale under a header of its own.
 void iniziaDocumento(Vendita& v) {
     pulisciTestata(v);
@@ -33,6 +40,8 @@ void iniziaDocumento(Vendita& v) {
     v.txtCodCliente.bloccato(false);
     txtCodCliente_Invio(v);
     pulisciCampiRiga(v, false);
+    v.chkPrezziIva.abilitato(v.indice == 0);
+    if (v.indice == 0) v.schermo.fuoco(v.txtCodProdotto);
 }
 
 // A further sale under the header that today's earlier sales of this desk share; false when there is none.
@@ -106,18 +115,17 @@ void nuovoDocumento(Vendita& v) {
     protetto(moduloFrmMain, "nuovoDocumento", [&] {
         const QString ultimo = v.lblMainDisplay.testo();
         const bool tillDelGiorno = v.indice == 0 && !v.mUsaPrezziIva;
-        if (!tillDelGiorno || !continuaDocumentoDelGiorno(v)) {
-            iniziaDocumento(v);
-            v.chkPrezziIva.abilitato(v.indice == 0);
-            if (v.indice == 0) v.schermo.fuoco(v.txtCodProdotto);
-        }
+        if (!tillDelGiorno || !continuaDocumentoDelGiorno(v)) iniziaDocumento(v);
         v.inChiusura = false;
-        v.venditaModificata = false;
-        v.modificaConsentita = true;
-        applicaModificaConsentita(v);
+        azzeraModifiche(v);
         v.lblLastMainDisplay.testo(ultimo);
         chiediOperatore(v);
     });
+}
+
+void sgombraSchermata(Vendita& v) {
+    iniziaDocumento(v);
+    azzeraModifiche(v);
 }
 
 bool setForNewMovimento(Vendita& v) {

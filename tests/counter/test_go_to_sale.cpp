@@ -111,6 +111,17 @@ TEST_F(GoToSale, FullNumberBeyondAllSalesIsTold) {
     });
 }
 
+TEST_F(GoToSale, NextCustomerIsServedRightBehindAMissingSale) {
+    n.operatore.attendiMessaggio("Movimento inesistente ", OperatorPort::Icona::Informazione);
+    vaiA([](VaiVendita& s) {
+        s.txtProg.testo("999");
+        s.txtSottoProg.testo("1");
+    });
+    c.scansiona("8001");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.conta("DettagliMovimento"), 3);
+}
+
 TEST_F(GoToSale, NumberGoesBeforeTheDay) {
     vaiA([](VaiVendita& s) {
         s.txtProg.testo("1");

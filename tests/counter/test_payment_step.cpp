@@ -9,6 +9,14 @@ class PaymentStep : public BancoDiProva {
     void incassaCon(ContoDiProva& c, std::function<EsitoIncasso(Currency)> risposta) {
         c.incassi.push_back(std::move(risposta));
     }
+    // A for another product, which comes back.
+    ContoDiProva& contoConCambio(double listinoReso) {
+        n.prodotto({.codice = "B", .listino1 = listinoReso, .barcode = "8002"});
+        ContoDiProva& c = contoConVendita();
+        c.scansiona("8002");
+        c.tasto(Qt::Key_F6, Qt::ShiftModifier);
+        return c;
+    }
     static EsitoIncasso intatto(Currency totale) { return {totale, {}}; }
     static std::function<EsitoIncasso(Currency)> nuovoTotale(double totale) {
         return [totale](Currency) { return EsitoIncasso{Currency::daDouble(totale), {}}; };
@@ -116,4 +124,95 @@ TEST_F(PaymentStep, RegisteredSaleAsksBeforeItsTotalIsChanged) {
     c.tasto(Qt::Key_F5);
     EXPECT_EQ(n.conta("DettagliMovimento", "SCONTO > 0"), 0);
     EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "24.4");
+}
+
+TEST_F(PaymentStep, TotalOfAnEvenExchangeCannotBeChangedAndTheTenderComesUpAgain) {
+    ContoDiProva& c = contoConCambio(10);
+    ASSERT_EQ(c.vendita().lblMainDisplay.testo(), "0,00");
+    incassaCon(c, [](Currency) { return EsitoIncasso{Currency::daIntero(5), "15,00"}; });
+    n.operatore.attendiMessaggio(
+        "Il totale di questa vendita è 0,00 e qui non si può cambiare.\n"
+        "Per incassare un altro importo correggere le righe della vendita.");
+    Currency mostrato = Currency::daIntero(-1);
+    incassaCon(c, [&](Currency totale) {
+        mostrato = totale;
+        return intatto(totale);
+    });
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(mostrato, Currency());
+    EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO + 0.0 FROM Movimenti"), "0");
+    EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), "0,00");
+    EXPECT_EQ(c.vendita().lblUltimoResto.testo(), "");
+}
+
+TEST_F(PaymentStep, TotalThatNoRowCanHoldLeavesTheOldOneOnTheDisplay) {
+    ContoDiProva& c = contoConCambio(9.99);
+    const QString totale = c.vendita().lblMainDisplay.testo();
+    ASSERT_EQ(totale, "0,01");
+    incassaCon(c, nuovoTotale(9e14));
+    n.operatore.attendiAvviso("frmMain.cmdComando_Click");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(c.vendita().lblMainDisplay.testo(), totale);
+    EXPECT_EQ(vendite(), 0);
+    incassaCon(c, intatto);
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(c.vendita().lblUltimaVendita.testo(), totale);
+}
+
+// ---- The print question
+
+namespace {
+
+class PrintQuestion : public PaymentStep {
+  protected:
+    // F5 on a paid sale of account 1; what came, in order.
+    QStringList salva(ContoDiProva& c) {
+        QStringList passi;
+        c.vendita().chkPagato.valore(1);
+        incassaCon(c, [&passi](Currency totale) {
+            passi << "incasso";
+            return intatto(totale);
+        });
+        c.quandoStampa = [&](bool simula) {
+            EXPECT_EQ(vendite(), 0);
+            passi << (simula ? "simulata" : "chiesta");
+        };
+        c.tasto(Qt::Key_F5);
+        EXPECT_EQ(vendite(), 1);
+        return passi;
+    }
+    ContoDiProva& nominata() {
+        n.apriConto(0);
+        return contoConCliente(1);
+    }
+};
+
+}  // namespace
+
+TEST_F(PrintQuestion, ComesBetweenTheTenderAndTheSave) {
+    gStampa = 1;
+    EXPECT_EQ(salva(nominata()), (QStringList{"incasso", "chiesta"}));
+}
+
+TEST_F(PrintQuestion, PrintingMayBeTakenAsDone) {
+    gSimulaStampa = 1;
+    EXPECT_EQ(salva(nominata()), (QStringList{"incasso", "simulata"}));
+}
+
+TEST_F(PrintQuestion, IsNotAskedWhereTheWorkstationDoesNotWantIt) {
+    EXPECT_EQ(salva(nominata()), QStringList{"incasso"});
+}
+
+TEST_F(PrintQuestion, IsNotAskedForTheWalkInCustomer) {
+    gStampa = 1;
+    gSimulaStampa = 1;
+    EXPECT_EQ(salva(contoConVendita()), QStringList{"incasso"});
+}
+
+TEST_F(PrintQuestion, WithoutAnyoneToAskItNothingHappens) {
+    gStampa = 1;
+    ContoDiProva& c = nominata();
+    c.vendita().chkPagato.valore(0);
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(vendite(), 1);
 }

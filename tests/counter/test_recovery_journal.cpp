@@ -20,6 +20,27 @@ TEST_F(RecoveryJournal, OpenSaleComesBackAsItWas) {
     EXPECT_TRUE(n.vendita(0).venditaModificata);
 }
 
+TEST_F(RecoveryJournal, QuantityBeingTypedReachesItsRowWithTheNextCommand) {
+    ContoDiProva& c = contoConVendita();
+    c.clic(c.vendita().txtQta);
+    c.digita("3");
+    muoreERiparte();
+    riprende();
+    EXPECT_EQ(n.vendita(0).txtQta.testo(), "3");
+    n.apriConto(0).tasto(Qt::Key_F5);
+    EXPECT_EQ(n.valore("SELECT QUANTITA + 0.0 FROM DettagliMovimento"), "3");
+}
+
+TEST_F(RecoveryJournal, QuantityBeingTypedReachesItsRowBeforeTheNextScan) {
+    ContoDiProva& c = contoConVendita();
+    c.clic(c.vendita().txtQta);
+    c.digita("3");
+    muoreERiparte();
+    riprende();
+    n.apriConto(0).scansiona("8002");
+    EXPECT_EQ(n.vendita(0).flxVB.cella(1, Colonna::Quantita), "3,00");
+}
+
 TEST_F(RecoveryJournal, KeyByKeyRecordsTellTheSameAsOne) {
     ContoDiProva& c = contoConVendita();
     giornale->annota();

@@ -142,6 +142,24 @@ TEST_F(Searches, OnAnotherAccountTheCustomerChosenIsLoaded) {
     EXPECT_EQ(c.fuocoSu(), &c.vendita().txtCodProdotto);
 }
 
+TEST_F(Searches, CustomerPickedForASavedSaleIsToBeSaved) {
+    n.apriConto();
+    contoConCliente(1).tasto(Qt::Key_F5);
+    ASSERT_EQ(gConti[1], nullptr);
+    const int bianchi = n.cliente(8, "BIANCHI");
+    ASSERT_TRUE(apriContoConVendita(n.valore("SELECT RID FROM Movimenti").toInt()));
+    ContoDiProva& c = static_cast<ContoDiProva&>(*gConti[1]);
+    ASSERT_FALSE(c.vendita().venditaModificata);
+    c.rispondeRicerca(QString::number(bianchi) + "|");
+    n.operatore.attendiDomanda("Il conto attuale è gia stato salvato.\nAprire un nuovo conto?", Risposta::No);
+    cmdConto_Click(c, contoCliente);
+    EXPECT_TRUE(c.vendita().venditaModificata);
+    EXPECT_TRUE(c.vendita().pctSave.visibile());
+    rispondeAlSalvataggio(Risposta::No);
+    c.tasto(Qt::Key_F10);
+    EXPECT_TRUE(n.operatore.esaurito());
+}
+
 TEST_F(Searches, ACustomerWithoutANumberIsLoadedByItsKey) {
     n.sql("INSERT INTO Anagrafiche (RID, TIPO, DENOMINAZIONE, LISTINO) VALUES (50, 'C', 'SENZA NUMERO', 1)");
     n.apriConto();

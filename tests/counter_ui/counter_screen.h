@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#include <QApplication>
 #include <QTest>
 
 #include "counter/ui/finestra_conti.h"
 #include "counter/ui/frmMain.h"
 #include "doubles/negozio.h"
+#include "kit/ui/frmPagamento.h"
 
 // The real window over the rules, with a shop of its own: keys and clicks in, widgets out.
 class CounterScreen : public testing::Test {
@@ -37,9 +39,12 @@ class CounterScreen : public testing::Test {
     void clic(const Campo& campo) const;
     bool haFuoco(const Campo& campo) const;
 
-    // After a save or the end of an account.
+    // After a save or the end of an account, and when the tender has just come up.
     void aspettaCheSenta() const {
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !finestra->sorda(); }));
+        ASSERT_TRUE(QTest::qWaitFor([this] {
+            const auto* incasso = qobject_cast<frmPagamento*>(QApplication::activeModalWidget());
+            return !finestra->sorda() && (incasso == nullptr || !incasso->sorda());
+        }));
     }
 
     // A sale with rows and every field full, as on a busy day.

@@ -64,6 +64,8 @@ class ContoDiProva final : public Conto {
     std::deque<std::function<EsitoIncasso(Currency)>> incassi;
     std::deque<std::function<void(VaiVendita&)>> vaiA;
     std::deque<std::function<QString(ElencoMovimento&)>> righeMovimento;
+    // Hears of the print question, which nobody answers yet.
+    std::function<void(bool simula)> quandoStampa;
     // Sees each list as it is offered.
     std::function<void(Recordset& righe, const QString& colonne)> quandoOffre;
 
@@ -76,6 +78,9 @@ class ContoDiProva final : public Conto {
     void scegliVendita(VaiVendita& scelta) override { prossimo(vaiA, "vai alla vendita", scelta); }
     QString scegliRiga(ElencoMovimento& movimento) override {
         return prossimo(righeMovimento, "righe del movimento", movimento);
+    }
+    void messaggioStampa(bool simula) override {
+        quandoStampa ? quandoStampa(simula) : Conto::messaggioStampa(simula);
     }
     OperatorPort& operatore() override { return mOperatore; }
     void fuoco(Campo& campo) override;

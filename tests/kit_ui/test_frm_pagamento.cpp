@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include "core/errors.h"
+#include "doubles/operatore_scritto.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/frmPagamento.h"
 #include "kit_ui/modal.h"
@@ -12,8 +16,12 @@ namespace {
 
 class TenderForm : public testing::Test {
   protected:
+    TenderForm() { gErr.imposta(cartella.path(), &operatore); }
+    ~TenderForm() override { gErr.imposta({}, nullptr); }
+
     EsitoIncasso apri(std::function<void()> gesto, double totale = 12.2) {
         frmPagamento finestra(nullptr);
+        finestra.sordaPer(sordita);
         quandoModale([&](QWidget* aperta) {
             form = aperta;
             ASSERT_TRUE(QTest::qWaitForWindowActive(form));
@@ -34,8 +42,14 @@ class TenderForm : public testing::Test {
         FAIL() << qPrintable(didascalia);
     }
 
+    QTemporaryDir cartella;
+    OperatoreScritto operatore;
+    int sordita = 0;
     QWidget* form = nullptr;
 };
+
+// A customer's card, scanned where an amount is asked for.
+const QString tessera = "400012345678901234";
 
 }  // namespace
 
@@ -77,6 +91,27 @@ TEST_F(TenderForm, TheSaveKeyGoesOnWithTheSave) {
     });
 }
 
+TEST_F(TenderForm, BouncedSaveKeyThatBroughtItUpDoesNotLeaveIt) {
+    constexpr int unOra = 3'600'000;
+    sordita = unOra;
+    apri([&] {
+        tasto(Qt::Key_F5);
+        EXPECT_TRUE(form->isVisible());
+        tasto(Qt::Key_Escape);
+        EXPECT_FALSE(form->isVisible());
+    });
+}
+
+TEST_F(TenderForm, SaveKeyIsHeardAfterAQuarterOfASecond) {
+    frmPagamento finestra(nullptr);
+    EXPECT_FALSE(finestra.sorda());
+    QElapsedTimer aperta;
+    aperta.start();
+    finestra.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !finestra.sorda(); }));
+    EXPECT_GE(aperta.elapsed(), 250);
+}
+
 TEST_F(TenderForm, CorrectedTotalGoesBack) {
     const EsitoIncasso esito = apri([&] {
         box("txtTotale").setFocus();
@@ -94,4 +129,29 @@ TEST_F(TenderForm, AmountsAreNotCut) {
             }
         },
         123456.78);
+}
+
+TEST_F(TenderForm, CardScannedAsTheAmountTenderedIsToldAndTheTenderGoesOn) {
+    operatore.attendiAvviso("frmPagamento.calcolaResto");
+    const EsitoIncasso esito = apri([&] {
+        digita(tessera);
+        tasto(Qt::Key_Return);
+        EXPECT_TRUE(operatore.esaurito());
+        box("txtPagato").selectAll();
+        digita("20");
+        tasto(Qt::Key_Return);
+        EXPECT_EQ(resto(), "7,80");
+    });
+    EXPECT_EQ(esito.totale, Currency::daDouble(12.2));
+}
+
+TEST_F(TenderForm, TotalBeyondAllMoneyIsToldAndLeavesTheOneThatWasDue) {
+    operatore.attendiAvviso("frmPagamento.Form_Unload");
+    const EsitoIncasso esito = apri([&] {
+        box("txtTotale").setFocus();
+        box("txtTotale").selectAll();
+        digita(tessera);
+    });
+    EXPECT_EQ(esito.totale, Currency::daDouble(12.2));
+    EXPECT_EQ(esito.resto, "");
 }

@@ -351,6 +351,20 @@ INSTANTIATE_TEST_SUITE_P(Of, SameQuantity,
                          testing::Values("0.125", "0.1", "0.3", "1.234", "33.333", "-2.5", "-1.004",
                                          "1234.567", "99999.999", "1234567.891", "16777217", "0.3333333333"));
 
+TEST_F(ChangedMeanwhile, AQuantityBehindARemovedRowKeepsItsDecimals) {
+    n.sql("UPDATE DettagliMovimento SET QUANTITA = 2.125, TOTALERIGA = 7.77 WHERE RID = 2");
+    richiama(v, 1);
+    const QString giacenza = n.valore("SELECT GIACENZA FROM Prodotti WHERE RID = 2");
+    const QString strati = n.riga("SELECT SUM(QUANTITA) FROM DettagliProdotto WHERE FK_PRODOTTO = 2");
+    toglie(c, 1, "A");
+    ASSERT_EQ(v.flxVB.gestione(2), RigaModificata);
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(n.riga("SELECT QUANTITA + 0.0, TOTALERIGA + 0.0 FROM DettagliMovimento WHERE RID = 2"),
+              "2.125|7.77");
+    EXPECT_EQ(n.valore("SELECT GIACENZA FROM Prodotti WHERE RID = 2"), giacenza);
+    EXPECT_EQ(n.riga("SELECT SUM(QUANTITA) FROM DettagliProdotto WHERE FK_PRODOTTO = 2"), strati);
+}
+
 TEST_F(ChangedMeanwhile, AReturnIsSavedAgain) {
     nuovaVendita(v);
     c.digita("A");

@@ -106,6 +106,31 @@ TEST_F(Customer, RowsKeepTheirPricesWhenTheCustomerChanges) {
     EXPECT_EQ(cella(v, 1, Colonna::PrezzoListino), "8,00");
 }
 
+TEST_F(Customer, SaleThatChangesHandsIsModified) {
+    n.prodotto({.codice = "P", .listino1 = 10});
+    digitaCliente("7");
+    vendi(c, "P");
+    n.cliente(8, "BIANCHI");
+    v.venditaModificata = false;
+    digitaCliente("8");
+    EXPECT_TRUE(v.venditaModificata);
+}
+
+TEST_F(Customer, SameCustomerReadAgainIsNoChange) {
+    n.prodotto({.codice = "P", .listino1 = 10});
+    digitaCliente("7");
+    vendi(c, "P");
+    v.venditaModificata = false;
+    c.clic(v.txtCodCliente);
+    c.invio();
+    EXPECT_FALSE(v.venditaModificata);
+}
+
+TEST_F(Customer, SaleWithoutRowsIsNotModifiedByItsCustomer) {
+    digitaCliente("7");
+    EXPECT_FALSE(v.venditaModificata);
+}
+
 // ---- The till belongs to the walk-in customer
 
 TEST_F(Customer, TillOffersANewAccountForAnother) {

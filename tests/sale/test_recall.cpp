@@ -69,6 +69,44 @@ TEST_F(Recall, NumberOfAnotherYearIsMissing) {
     EXPECT_EQ(v.rid(), -1);
 }
 
+// The screen held a closed sale, and is free for the next one now.
+void aspettaSgombra(const Vendita& v) {
+    EXPECT_EQ(v.rid(), -1);
+    EXPECT_EQ(v.txtProg.testo(), "(Auto)");
+    EXPECT_EQ(v.flxVB.ultima(), 0);
+    EXPECT_EQ(v.cliente(), gClientePredefinito);
+    EXPECT_EQ(v.lblDescCliente.testo(), "CLIENTE DEL BANCO");
+    EXPECT_FALSE(v.txtData.bloccato());
+    EXPECT_FALSE(v.txtCodCliente.bloccato());
+    EXPECT_FALSE(v.venditaModificata);
+    EXPECT_TRUE(v.modificaConsentita);
+}
+
+TEST_F(Recall, MissingSaleLeavesTheScreenReadyForTheNext) {
+    gLockVBEdit = 1;
+    n.sql("UPDATE Movimenti SET DATASTAMPA = '2026-03-11'");
+    showVendita(v, 40, -1, 1, -1);
+    n.operatore.attendiMessaggio("Movimento inesistente ");
+    showVendita(v, 0, 999, 1, 2026);
+    aspettaSgombra(v);
+}
+
+TEST_F(Recall, HeaderThatCannotBeReadLeavesTheScreenReadyForTheNext) {
+    vendi(c, "P");
+    n.operatore.attendiAvviso("cAdoSqlServer.getNewRecordset -> frmMain.showVendita");
+    const IstruzioneRotta rotta("SELECT M.RID, M.PROGRESSIVO, M.DATA");
+    showVendita(v, 40, -1, 1, -1);
+    aspettaSgombra(v);
+}
+
+TEST_F(Recall, RowsThatCannotBeReadLeaveTheScreenReadyForTheNext) {
+    showVendita(v, 40, -1, 2, -1);
+    n.operatore.attendiAvviso("cAdoSqlServer.getNewRecordset -> frmMain.showDettagli");
+    const IstruzioneRotta rotta("SELECT DM.RID, DM.QUANTITA");
+    showVendita(v, 40, -1, 1, -1);
+    aspettaSgombra(v);
+}
+
 TEST_F(Recall, WithoutKeyAndNumberNothingHappens) {
     vendi(c, "P");
     showVendita(v, 0, 0, 1, -1);

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QScreen>
 
+#include "core/errors.h"
 #include "kit/ui/box_focus.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/campo_widgets.h"
@@ -12,6 +13,7 @@
 
 namespace {
 
+const char* const nomeModulo = "frmPagamento";
 constexpr QSize misura{900, 520};
 constexpr int distanza = 10;
 constexpr int puntiCasella = 34;
@@ -36,27 +38,29 @@ frmPagamento::frmPagamento(QWidget* padre) : QDialog(padre) {
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     // The key that saves goes on with the save.
     mFunzioni.evtFunctionKey([this](int tasto, int modificatori, Campo*) {
-        if (tasto == Qt::Key_F5 && modificatori == Qt::NoModifier) accept();
+        if (tasto == Qt::Key_F5 && modificatori == Qt::NoModifier && !sorda()) accept();
     });
 }
 
+// The widgets show the monitor's fields: they go before it, whatever ends the dialogue.
 frmPagamento::~frmPagamento() {
     delete mContenuto;
 }
 
 EsitoIncasso frmPagamento::startMe(Currency totale) {
-    MonitorResto monitor(totale);
-    mMonitor = &monitor;
+    mMonitor.emplace(totale);
     costruisci();
     resize(misura.boundedTo(screen()->availableSize()));
-    monitor.pagato.setFocus();
+    mMonitor->pagato.setFocus();
     exec();
-    const EsitoIncasso esito = monitor.esito();
-    // The widgets show the monitor's fields: they go before it.
-    delete mContenuto;
-    mContenuto = nullptr;
-    mMonitor = nullptr;
-    return esito;
+    // A total that is no amount of money leaves the one that was due.
+    return protetto(
+        nomeModulo, "Form_Unload", [this] { return mMonitor->esito(); }, EsitoIncasso{totale, {}});
+}
+
+std::optional<QChar> frmPagamento::tasto(CTextBox& casella, QChar tasto) {
+    return protetto(
+        nomeModulo, "calcolaResto", [&] { return mMonitor->tasto(casella, tasto); }, std::optional<QChar>());
 }
 
 QLabel* frmPagamento::titolo(const QString& didascalia, const Campo& campo) {
@@ -71,7 +75,7 @@ CampoEdit* frmPagamento::riga(QBoxLayout& colonna, const QString& didascalia, CT
     auto* campo = new CampoEdit(casella.campo(), &casella, nome, mContenuto);
     campo->setFont(carattereDisplay(puntiCasella));
     campo->setMinimumHeight(altezzaCasella);
-    campo->filtroTasti([this, &casella](QChar tasto) { return mMonitor->tasto(casella, tasto); });
+    campo->filtroTasti([this, &casella](QChar tasto) { return this->tasto(casella, tasto); });
     seguiFuoco(campo, casella);
     colonna.addWidget(campo);
     return campo;
@@ -98,11 +102,9 @@ QBoxLayout* frmPagamento::importi() {
 
 void frmPagamento::costruisci() {
     mContenuto = new QWidget(this);
-    if (layout() == nullptr) {
-        auto* cornice = new QVBoxLayout(this);
-        cornice->setContentsMargins(0, 0, 0, 0);
-    }
-    layout()->addWidget(mContenuto);
+    auto* cornice = new QVBoxLayout(this);
+    cornice->setContentsMargins(0, 0, 0, 0);
+    cornice->addWidget(mContenuto);
     auto* sopra = new QHBoxLayout;
     sopra->setSpacing(2 * distanza);
     sopra->addLayout(importi(), 3);
@@ -117,6 +119,15 @@ void frmPagamento::costruisci() {
     cmdEsci->setToolTip("Ritorna alla vendita, che viene salvata (Esc o F5)");
     connect(cmdEsci, &QPushButton::clicked, this, &QDialog::accept);
     tutto->addWidget(cmdEsci);
+}
+
+bool frmPagamento::sorda() const {
+    return mSordaDa.isValid() && mSordaDa.elapsed() < mSordita;
+}
+
+void frmPagamento::showEvent(QShowEvent* evento) {
+    QDialog::showEvent(evento);
+    mSordaDa.start();
 }
 
 void frmPagamento::keyPressEvent(QKeyEvent* evento) {

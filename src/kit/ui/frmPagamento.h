@@ -1,6 +1,9 @@
 #pragma once
 
+#include <optional>
+
 #include <QDialog>
+#include <QElapsedTimer>
 
 #include "kit/cKeyFunction.h"
 #include "kit/tender.h"
@@ -17,19 +20,28 @@ class frmPagamento final : public QDialog {
     explicit frmPagamento(QWidget* padre);
     ~frmPagamento() override;
 
-    // Modal.
+    // For a moment the key that saves is not heard: a bounced one was meant to bring the dialogue up.
+    bool sorda() const;
+    // How long that is, in milliseconds.
+    void sordaPer(int millisecondi) { mSordita = millisecondi; }
+
+    // Modal; once for each form. Amounts that no money can be are reported, and are none.
     EsitoIncasso startMe(Currency totale);
 
   protected:
+    void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
   private:
+    std::optional<QChar> tasto(CTextBox& casella, QChar tasto);
     void costruisci();
     QLabel* titolo(const QString& didascalia, const Campo& campo);
     CampoEdit* riga(QBoxLayout& colonna, const QString& didascalia, CTextBox& casella, const QString& nome);
     QBoxLayout* importi();
 
-    MonitorResto* mMonitor = nullptr;
+    std::optional<MonitorResto> mMonitor;
     cKeyFunction mFunzioni;
+    QElapsedTimer mSordaDa;
+    int mSordita = 250;
     QWidget* mContenuto = nullptr;
 };
