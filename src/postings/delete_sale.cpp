@@ -133,7 +133,9 @@ bool leggiResto(Vendita& v, int idMovimento, Cancellazione& c) {
 bool comeNeiLibri(Vendita& v, int idMovimento) {
     const std::set<int> righe = righeRegistrate(v.flxVB);
     const auto vendita = leggiVenditaNeiLibri(idMovimento, righe);
-    return vendita && riprendiRegistrazioni(v, *vendita) && righeComeSulloSchermo(v.flxVB, *vendita, righe);
+    if (!vendita) return false;
+    riprendiPagamento(v, *vendita);
+    return riprendiRegistrazioni(v, *vendita) && righeComeSulloSchermo(v.flxVB, *vendita, righe);
 }
 
 // Everything between begin and commit; false: roll back.
@@ -158,8 +160,10 @@ bool cancellaInTransazione(Vendita& v, int idMovimento) {
     const QString totale = v.lblTotConto.testo();
     const int documento = v.idPrimaNota;
     const int incasso = v.idPNPagamento;
+    const int pagamento = v.idPagamento;
     const bool tolta = protetto(
         gNomeModulo, "cancellaVendita", [&] { return togliDaiLibri(v, idMovimento); }, false);
+    v.idPagamento = pagamento;
     if (tolta && gAdo.commitTrasaction(transazione())) return true;
     v.lblTotConto.testo(totale);
     v.idPrimaNota = documento;

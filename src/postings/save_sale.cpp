@@ -35,10 +35,11 @@ bool contabilizza(Vendita& v, Documento& d) {
 
 // Everything between begin and commit; false: roll back.
 bool scriviNeiLibri(Vendita& v, Documento& d) {
-    if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
     d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
     const bool nuova = v.rid() <= 0;
-    if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d) && riprendiDaiLibri(v, d))) return false;
+    if (!nuova && !riprendiDaiLibri(v)) return false;
+    if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
+    if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
     d.extraProg = v.extraProg() > 0 ? v.extraProg() : getNewSottoProgressivo(v, d.progressivo);
     d.righeScritte = saveDettagli(v, d);
     if (!d.righeScritte) return false;

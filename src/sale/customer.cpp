@@ -102,14 +102,20 @@ void offriDocumentoAperto(Vendita& v) {
     if (documento > 0 && lasciaLeRighe(v)) showVendita(v, documento, -1, 1, -1);
 }
 
+// A sale that was never saved goes by the terms of its customer.
+void perVenditaNuova(Vendita& v) {
+    v.idPagamento = v.mPagamentoCliente;
+    // Nothing of it is in the balance; what stood here is the sale before.
+    v.lblLastMainDisplay.testo(formattaImporto(0.0, 2));
+}
+
 // Loads and shows a customer; `trovato` runs behind that.
 template <class Trovato>
 bool prendiCliente(Vendita& v, int id, const QString& codice, Trovato trovato) {
     const bool esito = caricaCliente(v, id, codice);
     if (esito) {
         v.lblSaldo.testoETag(formattaImporto(getSaldoCliente(v.cliente()), 2));
-        // Nothing of a sale that was never saved is in that balance; what stood here is the sale before.
-        if (v.rid() < 0) v.lblLastMainDisplay.testo(formattaImporto(0.0, 2));
+        if (v.rid() < 0) perVenditaNuova(v);
         trovato();
     }
     mostraSegnala(v);
