@@ -37,11 +37,9 @@ Currency taglioRiga(const Vendita& v, int riga, bool trasferimento) {
     return g.currency(riga, v.mGestioneTaglio ? Colonna::PrezzoNettoEsteso : Colonna::Taglio);
 }
 
-// A row taken away before it was ever saved has moved nothing.
 bool muoveMerce(const Vendita& v, int riga) {
     const FlexVB& g = v.flxVB;
-    const bool maiSalvata = g.gestione(riga) == RigaCancellata && g.chiave(riga, Colonna::Rid) < 1;
-    return g.gestione(riga) > RigaInvariata && !maiSalvata && v.operazione &&
+    return g.gestione(riga) > RigaInvariata && v.operazione &&
            getAggiornamentoGiacenzeByProdotto(g.chiave(riga, Colonna::IdProdotto));
 }
 

@@ -354,14 +354,33 @@ TEST_F(BooksChanges, ProductThatWasNeverInTheWarehouseRefusesTheSave) {
 }
 
 TEST_F(BooksChanges, RowTakenAwayBeforeItWasEverSavedMovesNothing) {
+    n.sql(
+        "UPDATE Prodotti SET PESO = 0.25, COLLI = 1, DATAULTIMOSCARICO = '2026-01-02 00:00:00', "
+        "PREZZOULTIMOSCARICO = 9");
     vendi(c, "A", "2");
     vendi(c, "B", "3");
-    v.flxVB.scrivi(1, Colonna::Gestione, "3");
-    ASSERT_TRUE(salvaERilegge(v));
+    c.clicRiga(1);
+    n.operatore.attendiDomanda("Eliminare il prodotto [A]?", OperatorPort::Risposta::Si);
+    c.tasto(Qt::Key_F9);
+    v.mAccompagnatorio = true;
+    ASSERT_TRUE(salvaVendita(v, false, -1));
     const LibriAttesi letti = leggiLibri(n);
     EXPECT_EQ(letti.strati, (QStringList{"1|1|6|4", "1|1|7|6"}));
-    EXPECT_EQ(letti.prodotti, QStringList{"A|10||0"});
+    EXPECT_EQ(letti.prodotti, QStringList{"A|10|2026-01-02|9"});
     EXPECT_EQ(n.righe("SELECT POS, CODPRODOTTO FROM DettagliMovimento"), QStringList{"1|B"});
+    EXPECT_EQ(n.riga("SELECT PESOCONS, COLLICONS FROM Movimenti"), "0.75|3");
+}
+
+// Nor does it need a cost to go by.
+TEST_F(BooksChanges, RowOfUnknownCostTakenAwayBeforeItWasEverSavedIsNoHindrance) {
+    n.prodotto({.codice = "N", .listino1 = 1, .descrizione = "Nuovo", .gestioneGiacenza = true});
+    vendi(c, "A");
+    vendi(c, "N");
+    c.clicRiga(2);
+    n.operatore.attendiDomanda("Eliminare il prodotto [Nuovo]?", OperatorPort::Risposta::Si);
+    c.tasto(Qt::Key_F9);
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(n.conta("DettagliMovimento"), 1);
 }
 
 // ---- Statistics and transport data
