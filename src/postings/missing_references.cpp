@@ -18,10 +18,14 @@ namespace {
 
 using Riferimenti = std::vector<Riferimento>;
 
-const char* const testoMancanti = "La vendita non è stata salvata. Nell'archivio non c'è più:%1\n";
+const char* const testoNonSalvata = "La vendita non è stata salvata. ";
+const char* const testoMancanti = "Nell'archivio non c'è più:";
+const char* const testoNonScelti = "Nelle opzioni non è stato scelto:";
 const char* const testoCorreggere = "La vendita è ancora sullo schermo: correggerla e salvarla di nuovo.";
 const char* const testoCompletare =
     "La vendita è ancora sullo schermo: si potrà salvare quando l'archivio sarà stato completato.";
+const char* const testoScegliere =
+    "La vendita è ancora sullo schermo: si potrà salvare quando sarà stato scelto.";
 const char* const testoRifiuto =
     "La vendita non è stata salvata: qualcosa a cui si riferisce non è più nell'archivio.\n"
     "La vendita è ancora sullo schermo e si può salvare di nuovo.";
@@ -39,8 +43,9 @@ QString traParentesi(const QString& nome, const QString& valore) {
 Riferimenti dellaTestata(const Vendita& v, const Documento& d) {
     return {{"Anagrafiche", d.trasferimento ? -1 : v.cliente(),
              traParentesi("il cliente", v.lblDescCliente.testo())},
-            {"Pagamenti", v.idPagamento, "il pagamento della vendita", false},
-            {"TipoDocumenti", d.tipo, traParentesi("il tipo di documento", v.descTipoDocumento), false},
+            {"Pagamenti", v.idPagamento, "il pagamento della vendita", false, gPagamentoVB < 1},
+            {"TipoDocumenti", d.tipo, traParentesi("il tipo di documento", v.descTipoDocumento), false,
+             gTipoDocVb < 1},
             {"Magazzini", v.magazzinoOrigine, "il magazzino da cui parte la merce", false},
             {"Magazzini", v.magazzinoDestinazione, "il magazzino a cui va la merce", false},
             {tabellaCausali, siRegistra(v, d.trasferimento) ? v.mCausaleDoc : -1, "la causale del documento",
@@ -64,7 +69,7 @@ Riferimenti dellaRiga(const FlexVB& g, int r) {
 
 void aggiungi(Riferimenti& tutti, const Riferimenti& altri) {
     for (const Riferimento& altro : altri) {
-        if (altro.chiave > 0) tutti.push_back(altro);
+        if (altro.chiave > 0 || altro.opzioneMaiScelta) tutti.push_back(altro);
     }
 }
 
@@ -114,6 +119,10 @@ Riferimenti mancanti(const Riferimenti& riferimenti) {
     return tutti;
 }
 
+QString elenco(const char* titolo, const QStringList& nomi) {
+    return nomi.isEmpty() ? QString() : titolo + ("\n - " + nomi.join("\n - ")) + "\n";
+}
+
 // An insert is logged by the gateway, any other statement is not.
 void annotaRifiuto() {
     if (gAdo.erroreAnnotato()) return;
@@ -140,13 +149,16 @@ std::optional<Riferimenti> riferimentiRifiutati(const Vendita& v, const Document
 void spiegaRiferimentiMancanti(Riferimenti riferimenti) {
     aggiungi(riferimenti, contiDelleCausali(chiaviDella(riferimenti, tabellaCausali)));
     QStringList nomi;
+    QStringList nonScelti;
     bool correggibile = true;
     for (const Riferimento& r : mancanti(riferimenti)) {
-        if (!nomi.contains(r.nome)) nomi << r.nome;
+        QStringList& elencati = r.chiave > 0 ? nomi : nonScelti;
+        if (!elencati.contains(r.nome)) elencati << r.nome;
         correggibile = correggibile && r.dellaVendita;
     }
-    const QString testo = nomi.isEmpty() ? QString(testoRifiuto)
-                                         : QString(testoMancanti).arg("\n - " + nomi.join("\n - ")) +
-                                               (correggibile ? testoCorreggere : testoCompletare);
-    gErr.mostraMessaggio(testo, OperatorPort::Icona::Esclamazione);
+    const char* const rimedio =
+        nomi.isEmpty() ? testoScegliere : (correggibile ? testoCorreggere : testoCompletare);
+    const QString elenchi = elenco(testoMancanti, nomi) + elenco(testoNonScelti, nonScelti);
+    gErr.mostraMessaggio(elenchi.isEmpty() ? QString(testoRifiuto) : testoNonSalvata + elenchi + rimedio,
+                         OperatorPort::Icona::Esclamazione);
 }

@@ -41,6 +41,12 @@ class BadInput : public testing::Test {
     void mancanoNellArchivio(const QString& nomi) {
         mancano(nomi, "si potrà salvare quando l'archivio sarà stato completato.");
     }
+    void nonScelti(const QString& nomi) {
+        n.operatore.attendiMessaggio(
+            "La vendita non è stata salvata. Nelle opzioni non è stato scelto:\n - " + nomi +
+                "\nLa vendita è ancora sullo schermo: si potrà salvare quando sarà stato scelto.",
+            Icona::Esclamazione);
+    }
     // What the server said is for those who look after the till.
     void soloNelRegistro(const QString& procedura) {
         EXPECT_EQ(n.registroErrori().count(procedura), 1);
@@ -172,6 +178,30 @@ TEST_F(BadInput, ThePaymentOfTheSaveIsNamed) {
     mancanoNellArchivio("il pagamento della vendita");
     rifiutata();
     EXPECT_EQ(v.idPagamento, 1);
+}
+
+// Nobody has filled in the options of the shop.
+TEST_F(BadInput, APaymentThatWasNeverChosenIsNamed) {
+    gPagamentoVB = -1;
+    nonScelti("il pagamento della vendita");
+    rifiutata();
+    gPagamentoVB = 1;
+    salvata();
+}
+
+TEST_F(BadInput, ADocumentTypeThatWasNeverChosenIsNamed) {
+    gTipoDocVb = gPagamentoVB = -1;
+    v.descTipoDocumento.clear();
+    nonScelti("il pagamento della vendita\n - il tipo di documento");
+    rifiutata();
+}
+
+TEST_F(BadInput, WhatWasNeverChosenIsNamedBesideWhatIsGone) {
+    gPagamentoVB = -1;
+    n.sql("DELETE FROM Prodotti WHERE CODICE = 'C'");
+    mancanoNellArchivio(
+        "il prodotto [C - C]\nNelle opzioni non è stato scelto:\n - il pagamento della vendita");
+    rifiutata();
 }
 
 TEST_F(BadInput, WarehousesThatAreGoneAreNamed) {
