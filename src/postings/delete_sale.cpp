@@ -16,7 +16,6 @@
 #include "postings/stock.h"
 #include "postings/stored_row.h"
 #include "postings/stored_sale.h"
-#include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
 
@@ -183,8 +182,8 @@ bool salvataggioChiarito(Vendita& v) {
         operatore.messaggio(testoSalvataggioIgnoto, Icona::Critica);
         return false;
     }
-    showVendita(v, salvataggio->idMovimento, -1, salvataggio->extraProg, -1);
-    operatore.messaggio(QString(testoGiaSalvata).arg(v.numero()), Icona::Esclamazione);
+    mostraSalvata(v, *salvataggio);
+    operatore.messaggio(QString(testoGiaSalvata).arg(numeroScritto(*salvataggio)), Icona::Esclamazione);
     return false;
 }
 
