@@ -36,6 +36,7 @@ const char* const testoComeNellArchivio =
 const char* const testoTrasferimento =
     "Il trasferimento è nell'archivio: N° %1.\n"
     "Il salvataggio non è finito regolarmente: controllarlo.";
+const char* const testoAncoraScontrino = "\nLo scontrino sarà stampato di nuovo.";
 const char* const testoSparita =
     "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
     "La vendita non è stata salvata. Salvarla come nuova vendita?";
@@ -198,10 +199,9 @@ bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalva
 }
 
 bool diventaNuova(Vendita& v, const Documento& d) {
-    if (!v.schermo.operatore().chiedeSi(QString(testoSparita).arg(Format(d.progressivo, u"0000")),
-                                        Icona::Esclamazione)) {
-        return false;
-    }
+    QString domanda = QString(testoSparita).arg(Format(d.progressivo, u"0000"));
+    if (!gRegCassa.isEmpty() && v.extraProg() > 0) domanda += testoAncoraScontrino;
+    if (!v.schermo.operatore().chiedeSi(domanda, Icona::Esclamazione)) return false;
     setForNewMovimento(v);
     dimenticaCancellate(v.flxVB);
     v.txtProg.testo("(Auto)");

@@ -398,6 +398,26 @@ TEST_F(GoneSaleOfACustomer, PaidByNowGoesByTheCountersPayment) {
     EXPECT_EQ(n.conta("Scadenze"), 0);
 }
 
+// All of its rows are new ones.
+TEST_F(GoneDocument, AChangedSaleWillBePrintedOnceMore) {
+    s.ritocca();
+    altraCassaCancella();
+    gRegCassa = "prova";
+    n.operatore.attendiDomanda(sparito + "\nLo scontrino sarà stampato di nuovo.",
+                               OperatorPort::Risposta::No);
+    s.salva();
+}
+
+// That one has had no receipt yet.
+TEST_F(GoneDocument, ANewSaleUnderItWillBePrintedForTheFirstTime) {
+    s.conto().tasto(Qt::Key_F2);
+    vendi(s.conto(), "A");
+    altraCassaCancella();
+    gRegCassa = "prova";
+    n.operatore.attendiDomanda(sparito, OperatorPort::Risposta::No);
+    s.salva();
+}
+
 TEST_F(GoneDocument, AChangedSaleMovesNoStock) {
     s.ritocca();
     altraCassaCancella();
