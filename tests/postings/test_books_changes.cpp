@@ -175,11 +175,12 @@ TEST_F(BooksOfACredit, AConversionOfAPaidSaleIsPaid) {
     EXPECT_GT(n.valore("SELECT FK_PNPAGAMENTO FROM Movimenti WHERE RID = 2").toInt(), 0);
 }
 
-// The next sale on the screen is not hers.
-TEST_F(BooksOfACredit, TermsEndWithTheSale) {
-    n.intesta(v, 0, 10);
-    nuovoDocumento(v);
-    EXPECT_EQ(v.idPagamento, -1);
+// What stood on the screen before it went by others.
+TEST_F(BooksOfACredit, RecalledSaleTakesNothingFromTheSaleBefore) {
+    n.intesta(v, 0, 9);
+    showVendita(v, 1, -1, 1, -1);
+    acquista(c, "1");
+    EXPECT_EQ(pagamenti(), QStringList{"10|10"});
 }
 
 TEST_F(BooksChanges, SecondSaleOfTheDayJoinsHeaderAndEntries) {
