@@ -17,7 +17,6 @@
 #include "postings/stock.h"
 #include "postings/stored_row.h"
 #include "postings/stored_sale.h"
-#include "sale/recall.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
 
@@ -136,7 +135,9 @@ bool leggiResto(Vendita& v, int idMovimento, Cancellazione& c) {
 bool comeNeiLibri(Vendita& v, int idMovimento) {
     const std::set<int> righe = righeRegistrate(v.flxVB);
     const auto vendita = leggiVenditaNeiLibri(idMovimento, righe);
-    return vendita && riprendiRegistrazioni(v, *vendita) && righeComeSulloSchermo(v.flxVB, *vendita, righe);
+    if (!vendita) return false;
+    riprendiPagamento(v, *vendita);
+    return riprendiRegistrazioni(v, *vendita) && righeComeSulloSchermo(v.flxVB, *vendita, righe);
 }
 
 // Everything between begin and commit; false: roll back.
@@ -160,9 +161,11 @@ bool cancellaInTransazione(Vendita& v, int idMovimento) {
     const QString totale = v.lblTotConto.testo();
     const int documento = v.idPrimaNota;
     const int incasso = v.idPNPagamento;
+    const int pagamento = v.idPagamento;
     Cancellazione c;
     const bool tolta = protetto(
         gNomeModulo, "cancellaVendita", [&] { return togliDaiLibri(v, idMovimento, c); }, false);
+    v.idPagamento = pagamento;
     if (tolta && gAdo.commitTrasaction(transazione())) return true;
     const auto riferimenti = riferimentiRifiutatiCancellando(v, c.causaleIncasso);
     v.lblTotConto.testo(totale);
@@ -184,8 +187,8 @@ bool salvataggioChiarito(Vendita& v) {
         operatore.messaggio(testoSalvataggioIgnoto, Icona::Critica);
         return false;
     }
-    showVendita(v, salvataggio->idMovimento, -1, salvataggio->extraProg, -1);
-    operatore.messaggio(QString(testoGiaSalvata).arg(v.numero()), Icona::Esclamazione);
+    mostraSalvata(v, *salvataggio);
+    operatore.messaggio(QString(testoGiaSalvata).arg(numeroScritto(*salvataggio)), Icona::Esclamazione);
     return false;
 }
 

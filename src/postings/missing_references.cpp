@@ -18,16 +18,19 @@ namespace {
 
 using Riferimenti = std::vector<Riferimento>;
 
-const char* const testoMancanti = "La vendita non è stata salvata. Nell'archivio non c'è più:%1\n";
+const char* const testoNonSalvata = "La vendita non è stata salvata. ";
+const char* const testoMancanti = "Nell'archivio non c'è più:";
+const char* const testoNonScelti = "Nelle opzioni non è stato scelto:";
 const char* const testoCorreggere = "La vendita è ancora sullo schermo: correggerla e salvarla di nuovo.";
 const char* const testoCompletare =
     "La vendita è ancora sullo schermo: si potrà salvare quando l'archivio sarà stato completato.";
+const char* const testoScegliere =
+    "La vendita è ancora sullo schermo: si potrà salvare quando sarà stato scelto.";
 const char* const testoRifiuto =
     "La vendita non è stata salvata: qualcosa a cui si riferisce non è più nell'archivio.\n"
     "La vendita è ancora sullo schermo e si può salvare di nuovo.";
-const char* const testoMancantiCancellando =
-    "La vendita non è stata cancellata. Nell'archivio non c'è più:%1\n"
-    "Si potrà cancellare quando l'archivio sarà stato completato.";
+const char* const testoNonCancellata = "La vendita non è stata cancellata. ";
+const char* const testoCompletareCancellando = "Si potrà cancellare quando l'archivio sarà stato completato.";
 const char* const testoRifiutoCancellando =
     "La vendita non è stata cancellata: qualcosa a cui si riferisce non è più nell'archivio.\n"
     "La vendita è ancora nell'archivio e si può cancellare di nuovo.";
@@ -53,8 +56,9 @@ Riferimenti leCausali(int documento, int incasso) {
 
 Riferimenti dellaTestata(const Vendita& v, const Documento& d) {
     return {ilCliente(v, d.trasferimento ? -1 : v.cliente()),
-            {"Pagamenti", v.idPagamento, "il pagamento della vendita", false},
-            {"TipoDocumenti", d.tipo, traParentesi("il tipo di documento", v.descTipoDocumento), false},
+            {"Pagamenti", v.idPagamento, "il pagamento della vendita", false, gPagamentoVB < 1},
+            {"TipoDocumenti", d.tipo, traParentesi("il tipo di documento", v.descTipoDocumento), false,
+             gTipoDocVb < 1},
             {"Magazzini", v.magazzinoOrigine, "il magazzino da cui parte la merce", false},
             {"Magazzini", v.magazzinoDestinazione, "il magazzino a cui va la merce", false}};
 }
@@ -74,7 +78,7 @@ Riferimenti dellaRiga(const FlexVB& g, int r) {
 
 void aggiungi(Riferimenti& tutti, const Riferimenti& altri) {
     for (const Riferimento& altro : altri) {
-        if (altro.chiave > 0) tutti.push_back(altro);
+        if (altro.chiave > 0 || altro.opzioneMaiScelta) tutti.push_back(altro);
     }
 }
 
@@ -124,6 +128,10 @@ Riferimenti mancanti(const Riferimenti& riferimenti) {
     return tutti;
 }
 
+QString elenco(const char* titolo, const QStringList& nomi) {
+    return nomi.isEmpty() ? QString() : titolo + ("\n - " + nomi.join("\n - ")) + "\n";
+}
+
 // An insert is logged by the gateway, any other statement is not.
 void annotaRifiuto(const QString& procedura) {
     if (gAdo.erroreAnnotato()) return;
@@ -141,21 +149,26 @@ bool rifiutata(const QString& procedura) {
 }
 
 struct Mancanti {
-    QString elenco;            // one a line; empty when all are there
+    QStringList nomi;
+    QStringList nonScelti;     // options that were never set
     bool correggibile = true;  // all of them on the screen
+
+    QString elenchi() const { return elenco(testoMancanti, nomi) + elenco(testoNonScelti, nonScelti); }
 };
 
 Mancanti cercaMancanti(Riferimenti riferimenti) {
     aggiungi(riferimenti, contiDelleCausali(chiaviDella(riferimenti, tabellaCausali)));
-    QStringList nomi;
-    Mancanti tutti;
+    Mancanti m;
     for (const Riferimento& r : mancanti(riferimenti)) {
-        if (!nomi.contains(r.nome)) nomi << r.nome;
-        tutti.correggibile = tutti.correggibile && r.dellaVendita;
+        QStringList& elencati = r.chiave > 0 ? m.nomi : m.nonScelti;
+        if (!elencati.contains(r.nome)) elencati << r.nome;
+        m.correggibile = m.correggibile && r.dellaVendita;
     }
-    for (const QString& nome : nomi)
-        tutti.elenco += "\n - " + nome;
-    return tutti;
+    return m;
+}
+
+void racconta(const QString& testo) {
+    gErr.mostraMessaggio(testo, OperatorPort::Icona::Esclamazione);
 }
 
 }  // namespace
@@ -183,15 +196,13 @@ std::optional<Riferimenti> riferimentiRifiutatiCancellando(const Vendita& v, int
 
 void spiegaRiferimentiMancanti(Riferimenti riferimenti) {
     const Mancanti m = cercaMancanti(std::move(riferimenti));
-    const QString testo = m.elenco.isEmpty() ? QString(testoRifiuto)
-                                             : QString(testoMancanti).arg(m.elenco) +
-                                                   (m.correggibile ? testoCorreggere : testoCompletare);
-    gErr.mostraMessaggio(testo, OperatorPort::Icona::Esclamazione);
+    const char* const rimedio =
+        m.nomi.isEmpty() ? testoScegliere : (m.correggibile ? testoCorreggere : testoCompletare);
+    racconta(m.elenchi().isEmpty() ? QString(testoRifiuto) : testoNonSalvata + m.elenchi() + rimedio);
 }
 
 void spiegaRiferimentiMancantiCancellando(Riferimenti riferimenti) {
-    const Mancanti m = cercaMancanti(std::move(riferimenti));
-    gErr.mostraMessaggio(m.elenco.isEmpty() ? QString(testoRifiutoCancellando)
-                                            : QString(testoMancantiCancellando).arg(m.elenco),
-                         OperatorPort::Icona::Esclamazione);
+    const QString elenchi = cercaMancanti(std::move(riferimenti)).elenchi();
+    racconta(elenchi.isEmpty() ? QString(testoRifiutoCancellando)
+                               : testoNonCancellata + elenchi + testoCompletareCancellando);
 }

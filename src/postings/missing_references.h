@@ -17,6 +17,7 @@ struct Riferimento {
     int chiave;  // below 1: none
     QString nome;
     bool dellaVendita = true;  // another can be chosen on the screen; false: only the archive can be mended
+    bool opzioneMaiScelta = false;  // the option that it comes from was never set
 };
 
 // Inside the failed transaction, before the screen is put back: when it failed for that, what the save

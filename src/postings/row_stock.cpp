@@ -39,9 +39,10 @@ Currency taglioRiga(const Vendita& v, int riga, bool trasferimento) {
     return g.currency(riga, v.mGestioneTaglio ? Colonna::PrezzoNettoEsteso : Colonna::Taglio);
 }
 
+// Rows taken off a sale that is converted go with their own document.
 bool muoveMerce(const Vendita& v, int riga, const Documento& d) {
     const FlexVB& g = v.flxVB;
-    const bool daRegistrare = g.viva(riga) ? g.gestione(riga) > RigaInvariata : d.toglie(g, riga);
+    const bool daRegistrare = g.viva(riga) ? g.gestione(riga) > RigaInvariata : !d.conversione;
     return daRegistrare && v.operazione &&
            getAggiornamentoGiacenzeByProdotto(g.chiave(riga, Colonna::IdProdotto));
 }

@@ -74,10 +74,13 @@ bool modificaTestata(const Vendita& v, Documento& d) {
 
 // A further sale under the header takes the entries that stand there by now: another account may have made
 // them since this one began.
-bool riprendiDaiLibri(Vendita& v, const Documento& d) {
+bool riprendiDaiLibri(Vendita& v) {
     const std::set<int> toccate = righeDaToccare(v.flxVB);
-    const auto vendita = leggiVenditaNeiLibri(d.idMovimento, toccate);
+    const auto vendita = leggiVenditaNeiLibri(v.rid(), toccate);
     if (!vendita) return false;
+    // The change of the header tells that it is gone.
+    if (!vendita->presente) return true;
+    riprendiPagamento(v, *vendita);
     if (v.extraProg() > 0) {
         if (!riprendiRegistrazioni(v, *vendita)) return false;
     } else {

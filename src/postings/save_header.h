@@ -11,6 +11,7 @@ bool inserisciTestata(Vendita& v, Documento& d);
 bool modificaTestata(const Vendita& v, Documento& d);
 // The totals of the header are those of all sales that share it.
 bool scriviTotali(Documento& d, Currency totale, Currency imposta);
-// Inside the turn, behind modificaTestata(): what the books hold of the sale is what the screen has of it.
-// False also when another desk has changed it, which the operator is told after the transaction.
-bool riprendiDaiLibri(Vendita& v, const Documento& d);
+// Inside the turn, ahead of modificaTestata(): what the books hold of the sale is what the screen has of it,
+// and its payment is theirs where the screen knows of none. False also when another desk has changed it,
+// which the operator is told after the transaction.
+bool riprendiDaiLibri(Vendita& v);

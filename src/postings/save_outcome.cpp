@@ -33,6 +33,10 @@ const char* const testoIncerta =
 const char* const testoComeNellArchivio =
     "Il collegamento con il server si era interrotto: si mostra la vendita come è nell'archivio.\n"
     "Controllarla prima di salvarla di nuovo.";
+const char* const testoTrasferimento =
+    "Il trasferimento è nell'archivio: N° %1.\n"
+    "Il salvataggio non è finito regolarmente: controllarlo.";
+const char* const testoAncoraScontrino = "\nLo scontrino sarà stampato di nuovo.";
 const char* const testoSparita =
     "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
     "La vendita non è stata salvata. Salvarla come nuova vendita?";
@@ -52,12 +56,17 @@ void mostraTestata(Vendita& v, int idMovimento, int progressivo) {
     v.txtProg.testo(Format(progressivo, u"0000"));
 }
 
-int progressivoScritto(const SalvataggioIncerto& salvataggio) {
+// What the save wrote to that column of the header, as SQL.
+QString scritto(const SalvataggioIncerto& salvataggio, const char* colonna) {
     const RigaScritta& testata = salvataggio.testata;
-    const auto scritto = std::find_if(testata.begin(), testata.end(), [](const auto& colonna) {
-        return colonna.first == QLatin1String("PROGRESSIVO");
+    const auto trovata = std::find_if(testata.begin(), testata.end(), [colonna](const auto& scritta) {
+        return scritta.first == QLatin1String(colonna);
     });
-    return scritto == testata.end() ? 0 : scritto->second.toInt();
+    return trovata == testata.end() ? QString() : trovata->second;
+}
+
+int progressivoScritto(const SalvataggioIncerto& salvataggio) {
+    return scritto(salvataggio, "PROGRESSIVO").toInt();
 }
 
 // What stands in the books after an unforeseen error, on the screen: the rows, if they were written, else the
@@ -65,7 +74,11 @@ int progressivoScritto(const SalvataggioIncerto& salvataggio) {
 void mostraRimasta(Vendita& v, const Documento& d, const StatoPrimaDelSalvataggio& prima) {
     if (d.righeScritte) {
         gFrmRegCassa().scontrini.salvataggioConcluso(true);
-        showVendita(v, d.idMovimento, -1, d.extraProg, -1);
+        const SalvataggioIncerto salvataggio = descriviSalvataggio(d);
+        mostraSalvata(v, salvataggio);
+        if (d.trasferimento)
+            v.schermo.operatore().messaggio(QString(testoTrasferimento).arg(numeroScritto(salvataggio)),
+                                            Icona::Esclamazione);
         return;
     }
     prima.ripristina(v);
@@ -100,9 +113,10 @@ void dopoErroreECommitPerso(Vendita& v, const Documento& d, const StatoPrimaDelS
 bool mostraRitrovata(Vendita& v, const SalvataggioIncerto& salvataggio) {
     const bool immutata = descriviSchermo(v) == salvataggio.schermo;
     const bool intera = salvataggio.parte == Parte::Tutto;
-    showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
+    mostraSalvata(v, salvataggio);
     if (intera) gVenditaSalvata = true;
-    const QString testo = QString(immutata ? testoSalvata : testoSalvataPrima).arg(v.numero());
+    const QString testo =
+        QString(immutata ? testoSalvata : testoSalvataPrima).arg(numeroScritto(salvataggio));
     v.schermo.operatore().messaggio(intera ? testo : QString(testoComeNellArchivio),
                                     intera && immutata ? Icona::Informazione : Icona::Esclamazione);
     return intera && immutata;
@@ -120,6 +134,16 @@ void segnaSalvata(Vendita& v, const Documento& d) {
     v.venditaModificata = false;
     v.pctSave.visibile(false);
     gVenditaSalvata = true;
+}
+
+QString numeroScritto(const SalvataggioIncerto& salvataggio) {
+    return Format(progressivoScritto(salvataggio), u"0000") + "/" + Format(salvataggio.extraProg, u"0000");
+}
+
+// A transfer, which has no counterparty, is one that no recall finds.
+void mostraSalvata(Vendita& v, const SalvataggioIncerto& salvataggio) {
+    if (scritto(salvataggio, "FK_CONTROPARTITA") == "Null") return nuovoDocumento(v);
+    showVendita(v, salvataggio.idMovimento, -1, salvataggio.extraProg, -1);
 }
 
 SalvataggioIncerto descriviSalvataggio(const Documento& d) {
@@ -175,10 +199,9 @@ bool confermaDopoErrore(Vendita& v, const Documento& d, const StatoPrimaDelSalva
 }
 
 bool diventaNuova(Vendita& v, const Documento& d) {
-    if (!v.schermo.operatore().chiedeSi(QString(testoSparita).arg(Format(d.progressivo, u"0000")),
-                                        Icona::Esclamazione)) {
-        return false;
-    }
+    QString domanda = QString(testoSparita).arg(Format(d.progressivo, u"0000"));
+    if (!gRegCassa.isEmpty() && v.extraProg() > 0) domanda += testoAncoraScontrino;
+    if (!v.schermo.operatore().chiedeSi(domanda, Icona::Esclamazione)) return false;
     setForNewMovimento(v);
     dimenticaCancellate(v.flxVB);
     v.txtProg.testo("(Auto)");

@@ -12,6 +12,10 @@ QString transazioneSalvataggio();
 
 // What the books hold when the commit succeeds.
 SalvataggioIncerto descriviSalvataggio(const Documento& d);
+// PROGRESSIVO and EXTRAPROG that the save wrote: "0012/0001".
+QString numeroScritto(const SalvataggioIncerto& salvataggio);
+// The sale as it is in the books takes the screen; behind a transfer a new sale does.
+void mostraSalvata(Vendita& v, const SalvataggioIncerto& salvataggio);
 // The sale on the screen is the one in the books.
 void segnaSalvata(Vendita& v, const Documento& d);
 

@@ -66,7 +66,7 @@ bool scriviRiga(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
         case RigaModificata:
             return rid > 0 ? modifica(rid, riga, s) : inserisci(g, riga, s);
         case RigaCancellata:
-            return !s.documento.toglie(g, riga.riga) || cancella(rid, s);
+            return s.documento.conversione || cancella(rid, s);
         default:
             return true;
     }
@@ -83,7 +83,7 @@ bool aggiornaStatistiche(const Vendita& v, int r) {
                                     v.giorno());
 }
 
-// Every row counts, deleted ones too.
+// Every row that is or was in the books counts, deleted ones too.
 void sommaPeso(const FlexVB& g, int r, Salvataggio& s) {
     const int prodotto = g.chiave(r, Colonna::IdProdotto);
     const double quantita = static_cast<double>(g.single(r, Colonna::Quantita));
@@ -92,7 +92,13 @@ void sommaPeso(const FlexVB& g, int r, Salvataggio& s) {
     s.colli = arrotondaColli(s.colli + getColliProd(prodotto) * quantita);
 }
 
+// A row taken away before it was ever saved is in no book, and leaves no trace in any.
+bool maiStata(const FlexVB& g, int r) {
+    return !g.viva(r) && g.chiave(r, Colonna::Rid) < 1;
+}
+
 bool salvaRiga(Vendita& v, int r, Salvataggio& s) {
+    if (maiStata(v.flxVB, r)) return true;
     if (v.flxVB.viva(r)) ++s.pos;
     // A component added to a kit that was saved before joins its head.
     if (nuovaTesta(v.flxVB, r) && v.flxVB.chiave(r, Colonna::Rid) > 0)

@@ -33,12 +33,19 @@ bool contabilizza(Vendita& v, Documento& d) {
     return true;
 }
 
+// A customer who pays at the counter does so by the counter's own payment, whatever the terms.
+bool pagataAlBanco(const Vendita& v, const Documento& d) {
+    return !d.conversione && v.chkPagato.valore() == 1 && v.cliente() != gClientePredefinito;
+}
+
 // Everything between begin and commit; false: roll back.
 bool scriviNeiLibri(Vendita& v, Documento& d) {
-    if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
+    if (pagataAlBanco(v, d)) v.idPagamento = gPagamentoVB;
     d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
     const bool nuova = v.rid() <= 0;
-    if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d) && riprendiDaiLibri(v, d))) return false;
+    if (!nuova && !riprendiDaiLibri(v)) return false;
+    if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
+    if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
     d.extraProg = v.extraProg() > 0 ? v.extraProg() : getNewSottoProgressivo(v, d.progressivo);
     d.righeScritte = saveDettagli(v, d);
     if (!d.righeScritte) return false;
@@ -46,12 +53,9 @@ bool scriviNeiLibri(Vendita& v, Documento& d) {
     return contabilizza(v, d);
 }
 
-bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
-                        const StatoPrimaDelSalvataggio& prima) {
-    if (!gAdo.beginTrasaction(".saveRecord" + gNomeModulo)) {
-        prima.ripristina(v);
-        return false;
-    }
+bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento) {
+    const StatoPrimaDelSalvataggio prima(v);
+    if (!gAdo.beginTrasaction(".saveRecord" + gNomeModulo)) return false;
     const Clessidra clessidra(v.schermo.operatore());
     Documento d;
     try {
@@ -64,7 +68,7 @@ bool salvaInTransazione(Vendita& v, bool conversione, int tipoDocumento,
             gAdo.rollbackTrasaction(transazioneSalvataggio());
             if (riferimenti) spiegaRiferimentiMancanti(*riferimenti);
             return d.testataSparita && diventaNuova(v, d) &&
-                   salvaInTransazione(v, conversione, tipoDocumento, StatoPrimaDelSalvataggio(v));
+                   salvaInTransazione(v, conversione, tipoDocumento);
         }
         if (v.primaDelCommit) v.primaDelCommit(descriviSalvataggio(d));
     } catch (const std::exception&) {
@@ -93,14 +97,8 @@ bool salvaVendita(Vendita& v, bool conversione, int tipoDocumento) {
         return false;
     }
     if (const auto ripreso = riprendiSalvataggio(v)) return *ripreso;
-    const StatoPrimaDelSalvataggio prima(v);
-    if (!conversione && v.chkPagato.valore() == 1 && v.cliente() != gClientePredefinito)
-        v.idPagamento = gPagamentoVB;
-    if (!controllaInserimento(v) || !controllaDataStampa(v)) {
-        prima.ripristina(v);
-        return false;
-    }
-    const bool salvata = salvaInTransazione(v, conversione, tipoDocumento, prima);
+    if (!controllaInserimento(v) || !controllaDataStampa(v)) return false;
+    const bool salvata = salvaInTransazione(v, conversione, tipoDocumento);
     gFrmRegCassa().scontrini.salvataggioConcluso(salvata);
     return salvata;
 }

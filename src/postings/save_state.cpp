@@ -3,10 +3,6 @@
 #include "sale/totals.h"
 #include "sale/vendita.h"
 
-bool Documento::toglie(const FlexVB& griglia, int riga) const {
-    return !conversione && !griglia.viva(riga) && griglia.chiave(riga, Colonna::Rid) > 0;
-}
-
 StatoPrimaDelSalvataggio::StatoPrimaDelSalvataggio(const Vendita& v)
     : mRid(v.lblRID.testo()),
       mProg(v.txtProg.testo()),

@@ -13,10 +13,6 @@ struct Vendita;
 
 // The keys and numbers of the save under way.
 struct Documento {
-    // Whether the save takes this row, marked for deletion, out of the books. One that was never stored is
-    // not in them; those of a sale that is converted go with their own document.
-    bool toglie(const FlexVB& griglia, int riga) const;
-
     QDate data;
     int tipo = -1;
     bool trasferimento = false;

@@ -62,8 +62,8 @@ std::set<int> chiavi(const FlexVB& g, Quali&& quali) {
 
 std::optional<VenditaNeiLibri> leggiVenditaNeiLibri(int idMovimento, const std::set<int>& righe) {
     const Lettura lettura(
-        "SELECT M.FK_PRIMANOTA, M.FK_PNPAGAMENTO, D.RID, D.FK_PRODOTTO, D.QUANTITA, D.TAGLIO FROM Movimenti "
-        "M LEFT JOIN DettagliMovimento D ON (D.FK_MOVIMENTO = M.RID AND D.RID IN (" +
+        "SELECT M.FK_PRIMANOTA, M.FK_PNPAGAMENTO, M.FK_PAGAMENTO, D.RID, D.FK_PRODOTTO, D.QUANTITA, "
+        "D.TAGLIO FROM Movimenti M LEFT JOIN DettagliMovimento D ON (D.FK_MOVIMENTO = M.RID AND D.RID IN (" +
             elencoChiavi(righe) + ")) WHERE M.RID = " + QString::number(idMovimento),
         sorgente());
     if (!lettura) return std::nullopt;
@@ -72,6 +72,7 @@ std::optional<VenditaNeiLibri> leggiVenditaNeiLibri(int idMovimento, const std::
         vendita.presente = true;
         vendita.idPrimaNota = chiaveOMenoUno(lettura->campo("FK_PRIMANOTA"));
         vendita.idPNPagamento = chiaveOMenoUno(lettura->campo("FK_PNPAGAMENTO"));
+        vendita.idPagamento = chiaveOMenoUno(lettura->campo("FK_PAGAMENTO"));
         if (lettura->campo("RID").isNull()) continue;
         vendita.righe[lettura->intero("RID")] = {lettura->intero("FK_PRODOTTO"), lettura->single("QUANTITA"),
                                                  lettura->importo("TAGLIO")};
@@ -102,6 +103,10 @@ bool righeComeSulloSchermo(FlexVB& griglia, const VenditaNeiLibri& vendita, cons
             griglia.scrivi(r, Colonna::Taglio, letta->second.taglio.testo());
     }
     return true;
+}
+
+void riprendiPagamento(Vendita& v, const VenditaNeiLibri& vendita) {
+    if (v.idPagamento < 1) v.idPagamento = vendita.idPagamento;
 }
 
 bool riprendiRegistrazioni(Vendita& v, const VenditaNeiLibri& vendita) {

@@ -102,6 +102,13 @@ void offriDocumentoAperto(Vendita& v) {
     if (documento > 0 && lasciaLeRighe(v)) showVendita(v, documento, -1, 1, -1);
 }
 
+// A sale that was never saved goes by the terms of its customer.
+void perVenditaNuova(Vendita& v) {
+    v.idPagamento = v.mPagamentoCliente;
+    // Nothing of it is in the balance; what stood here is the sale before.
+    v.lblLastMainDisplay.testo(formattaImporto(0.0, 2));
+}
+
 // Loads and shows a customer; `trovato` runs behind that. A sale that changes hands is to be saved; one that
 // is being opened has no rows yet.
 template <class Trovato>
@@ -111,8 +118,7 @@ bool prendiCliente(Vendita& v, int id, const QString& codice, Trovato trovato) {
     if (v.cliente() != prima && v.flxVB.righe() > 1) setVenditaModificata(v);
     if (esito) {
         v.lblSaldo.testoETag(formattaImporto(getSaldoCliente(v.cliente()), 2));
-        // Nothing of a sale that was never saved is in that balance; what stood here is the sale before.
-        if (v.rid() < 0) v.lblLastMainDisplay.testo(formattaImporto(0.0, 2));
+        if (v.rid() < 0) perVenditaNuova(v);
         trovato();
     }
     mostraSegnala(v);

@@ -162,8 +162,8 @@ struct Vendita : CampiVendita, InfoDocumento {
     SommeRighe sommeRighe;
     ElencoAlternativi lswAlternativi;
 
-    int indice;                   // the place among the open accounts, 0 to 3
-    int idPagamento = -1;         // the payment in force, a Pagamenti row; -1 for the counter's own
+    int indice;            // the place among the open accounts, 0 to 3
+    int idPagamento = -1;  // the payment in force, a Pagamenti row; -1: the stored one, or the counter's own
     int idCausalePagamento = -1;  // the payment reason, a Causali row
     int idPrimaNota = -1;         // journal entry of the document; -1 when absent
     int idPNPagamento = -1;       // journal entry of the collection

@@ -74,6 +74,20 @@ TEST_F(RecoveryJournal, RowTakenAwayFromTheMiddleStaysAway) {
     EXPECT_EQ(tutto(n.vendita(0)), prima);
 }
 
+TEST_F(RecoveryJournal, SaleBroughtBackKeepsTheTermsOfItsCustomer) {
+    n.cliente(7, "ROSSI");
+    n.sql("UPDATE Anagrafiche SET FK_PAGAMENTO = 1 WHERE NUMERO = 7");
+    n.apriConto(0);
+    ContoDiProva& c = n.apriConto(1);
+    c.digita("7");
+    c.invio();
+    c.scansiona("8002");
+    muoreERiparte();
+    n.sql("UPDATE Anagrafiche SET FK_PAGAMENTO = NULL");
+    riprende();
+    EXPECT_EQ(n.vendita(1).idPagamento, 1);
+}
+
 TEST_F(RecoveryJournal, SaleBroughtBackCanBeSaved) {
     contoConVendita();
     muoreERiparte();

@@ -5,6 +5,7 @@
 #include <QTableView>
 
 #include "counter_ui/window_shop.h"
+#include "data/server_driver.h"
 
 namespace {
 
@@ -180,6 +181,29 @@ TEST_F(Scans, PrefixTypedByAHandReachesTheDialogue) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return dialogo.campo.text() == "$"; }));
     digita("5");
     EXPECT_EQ(dialogo.campo.text(), "$5");
+}
+
+// The dialogue was answered by a finger right behind it.
+TEST_F(Scans, PrefixTypedByAHandDoesNotReachASaleThatIsBeingSaved) {
+    scansiona(QString("$") + ean);
+    {
+        Dialogo dialogo(finestra.get());
+        digita("$");
+    }
+    finestra->activateWindow();
+    schermo().fuoco(vendita().txtCodProdotto);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return haFuoco(vendita().txtCodProdotto); }));
+    bool giunto = true;
+    sondaIstruzioni() = [&](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql != "COMMIT") return std::nullopt;
+        porta.pausa(250);
+        giunto = vendita().mDaLaser;
+        return std::nullopt;
+    };
+    tasto(Qt::Key_F5);
+    sondaIstruzioni() = {};
+    EXPECT_EQ(negozio.conta("Movimenti"), 1);
+    EXPECT_FALSE(giunto);
 }
 
 TEST_F(Scans, FastTypingInADialogueIsTyping) {

@@ -1,10 +1,15 @@
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
+#include <memory>
 
+#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QThread>
 
 #include "kit/ui/frmInfo.h"
 #include "kit/ui/message_port.h"
@@ -15,6 +20,50 @@ namespace {
 using Icona = OperatorPort::Icona;
 using Pulsanti = OperatorPort::Pulsanti;
 using Risposta = OperatorPort::Risposta;
+
+// Deals with timers alone, and sees which events a loop asks for.
+class SmistatoreDiProva final : public QAbstractEventDispatcher {
+  public:
+    struct Visto {
+        int giri = 0;
+        int conInput = 0;
+    };
+    explicit SmistatoreDiProva(Visto& visto) : mVisto(visto) { mTempo.start(); }
+
+    bool processEvents(QEventLoop::ProcessEventsFlags quali) override {
+        ++mVisto.giri;
+        if (!quali.testFlag(QEventLoop::ExcludeUserInputEvents)) ++mVisto.conInput;
+        QCoreApplication::sendPostedEvents();
+        const auto scaduta = std::find_if(mSveglie.begin(), mSveglie.end(), [this](const auto& sveglia) {
+            return mTempo.elapsed() >= sveglia.second.ora;
+        });
+        if (scaduta == mSveglie.end()) return false;
+        QTimerEvent evento(scaduta->first);
+        return QCoreApplication::sendEvent(scaduta->second.chi, &evento);
+    }
+    void registerTimer(int id, qint64 intervallo, Qt::TimerType, QObject* chi) override {
+        mSveglie[id] = {mTempo.elapsed() + intervallo, chi};
+    }
+    bool unregisterTimer(int id) override { return mSveglie.erase(id) > 0; }
+    bool unregisterTimers(QObject* chi) override {
+        return std::erase_if(mSveglie, [chi](const auto& sveglia) { return sveglia.second.chi == chi; }) > 0;
+    }
+    QList<TimerInfo> registeredTimers(QObject*) const override { return {}; }
+    int remainingTime(int) override { return 0; }
+    void registerSocketNotifier(QSocketNotifier*) override {}
+    void unregisterSocketNotifier(QSocketNotifier*) override {}
+    void wakeUp() override {}
+    void interrupt() override {}
+
+  private:
+    struct Sveglia {
+        qint64 ora;
+        QObject* chi;
+    };
+    Visto& mVisto;
+    QElapsedTimer mTempo;
+    std::map<int, Sveglia> mSveglie;
+};
 
 Risposta domandaCon(Pulsanti pulsanti, std::function<void(QWidget*)> azione) {
     QtOperatorPort operatore;
@@ -126,6 +175,18 @@ TEST(MessagePort, APauseLastsAsLongAsAsked) {
     tempo.start();
     operatore.pausa(30);
     EXPECT_GE(tempo.elapsed(), 29);
+}
+
+// A save waits so in the middle of its transaction: keys and touches stay in their queue.
+TEST(MessagePort, APauseTakesNoInputIn) {
+    QtOperatorPort operatore;
+    SmistatoreDiProva::Visto visto;
+    const std::unique_ptr<QThread> filo(QThread::create([&operatore] { operatore.pausa(2); }));
+    filo->setEventDispatcher(new SmistatoreDiProva(visto));
+    filo->start();
+    ASSERT_TRUE(filo->wait());
+    EXPECT_GT(visto.giri, 0);
+    EXPECT_EQ(visto.conInput, 0);
 }
 
 TEST(MessagePort, TheNoticeOfWaitingLiesOverTheWindowUntilItIsTakenAway) {

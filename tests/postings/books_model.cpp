@@ -33,10 +33,6 @@ const std::map<QString, Tipo>& tipi() {
     return tutti;
 }
 constexpr int causaleIncasso = 2;
-// Half of what is due falls in each of two instalments, once a tenth is paid down.
-constexpr int percentualeAcconto = 10;
-constexpr int percentualeRata = 45;
-constexpr int giorniRata = 30;
 
 QString testo(Importo importo) {
     return QVariant(static_cast<double>(importo) / 10000.0).toString();
@@ -172,8 +168,15 @@ Importo ModelloLibri::totaleDelleRighe(const Documento& d) const {
     return somma;
 }
 
+// On credit by the customer's terms, if there are any.
+int ModelloLibri::pagamentoDi(int cliente, bool pagato) const {
+    const auto suo = mPagamenti.find(cliente);
+    return pagato || suo == mPagamenti.end() ? pagamentoDelBanco : suo->second;
+}
+
 int ModelloLibri::nuovoDocumento(const QString& tipo, int cliente, QDate data, bool pagato) {
     Documento d{.tipo = tipo, .data = data, .cliente = cliente, .pagato = pagato};
+    d.pagamento = pagamentoDi(cliente, pagato);
     d.numero = ++mContatori[tipo];
     mDocumenti[++mUltimaChiave] = d;
     return mUltimaChiave;
@@ -230,8 +233,10 @@ bool ModelloLibri::cancella(int documento, int extra, QDate oggi) {
     // Posted anew for what remains, under words of its own; the header keeps the totals of the last save.
     const QString resto = titolo("Vendita al Banco", d.numero, d.data);
     const QString partita = "VB/" + QString::number(d.numero);
-    registra(d.registrazione, {d.data, tipi().at(d.tipo).causale, d.cliente, resto, partita, totale, dovuta});
-    registra(d.incasso, {d.data, causaleIncasso, d.cliente, "Incasso " + resto, partita, totale, dovuta});
+    registra(d.registrazione,
+             {d.data, tipi().at(d.tipo).causale, d.cliente, resto, partita, totale, dovuta, d.pagamento});
+    registra(d.incasso,
+             {d.data, causaleIncasso, d.cliente, "Incasso " + resto, partita, totale, dovuta, d.pagamento});
     return true;
 }
 
@@ -275,9 +280,11 @@ void ModelloLibri::registra(int& numero, const Registrazione& registrazione) {
 
 void ModelloLibri::scadenzia(const Documento& d, Importo importo) {
     auto& scadenze = mPrimaNota[d.registrazione].scadenze;
-    scadenze = {{d.data, importo * percentualeAcconto / 100}};
-    for (const int rata : {1, 2})
-        scadenze.emplace_back(d.data.addDays(rata * giorniRata), importo * percentualeRata / 100);
+    scadenze.clear();
+    const Termini& termini = mTermini.at(d.pagamento);
+    if (termini.acconto > 0) scadenze.emplace_back(d.data, importo * termini.acconto / 100);
+    for (const auto& [giorni, percentuale] : termini.rate)
+        scadenze.emplace_back(d.data.addDays(giorni), importo * percentuale / 100);
 }
 
 void ModelloLibri::contabilizza(Documento& d) {
@@ -286,10 +293,11 @@ void ModelloLibri::contabilizza(Documento& d) {
     const Tipo& tipo = tipi().at(d.tipo);
     const QString nome = titolo(tipo.descrizione, d.numero, d.data);
     const QString partita = d.tipo + "/" + QString::number(d.numero);
-    registra(d.registrazione, {d.data, tipo.causale, d.cliente, nome, partita, d.totale, d.imposta});
+    registra(d.registrazione,
+             {d.data, tipo.causale, d.cliente, nome, partita, d.totale, d.imposta, d.pagamento});
     if (d.pagato || d.cliente == clienteDelBanco)
-        registra(d.incasso,
-                 {d.data, causaleIncasso, d.cliente, "Incasso " + nome, partita, d.totale, d.imposta});
+        registra(d.incasso, {d.data, causaleIncasso, d.cliente, "Incasso " + nome, partita, d.totale,
+                             d.imposta, d.pagamento});
     if (d.cliente != clienteDelBanco) scadenzia(d, d.totale);
 }
 
@@ -328,7 +336,8 @@ void ModelloLibri::statoDocumenti(QStringList& righe) const {
                                  testo(d.imposta),
                                  testo(d.totale),
                                  numero(d.registrazione),
-                                 numero(d.incasso)}
+                                 numero(d.incasso),
+                                 numero(d.pagamento)}
                          .join('|');
         for (const auto& [extra, vendute] : d.vendite) {
             size_t testa = 0;
@@ -354,8 +363,13 @@ void ModelloLibri::statoContabile(QStringList& righe) const {
     for (const auto& [numero, r] : mPrimaNota) {
         const QString inizio = "|" + QString::number(numero) + "|";
         righe << "PrimaNota" + inizio +
-                     QStringList{testo(r.data), QString::number(r.causale), QString::number(r.cliente),
-                                 r.descrizione, testo(r.importo),           r.partita}
+                     QStringList{testo(r.data),
+                                 QString::number(r.causale),
+                                 QString::number(r.cliente),
+                                 r.descrizione,
+                                 testo(r.importo),
+                                 r.partita,
+                                 QString::number(r.pagamento)}
                          .join('|');
         const auto riga = [&](int conto, Importo dare, Importo avere) {
             righe << "PrimaNotaDettagli" + inizio + QString::number(conto) + "|" + testo(dare) + "|" +
@@ -414,7 +428,8 @@ QStringList statoLibri(const Negozio& n) {
     righe += lette(n, "Contatori", "SELECT FK_NUMERATORE, NUMERO FROM Contatori");
     righe += lette(n, "Movimenti",
                    "SELECT T.CODICE, M.PROGRESSIVO, M.DATA, A.NUMERO, M.TOTIMPONIBILE, M.TOTIMPOSTA, "
-                   "M.TOTDOCUMENTO, P.PROGRESSIVO, I.PROGRESSIVO FROM Movimenti M INNER JOIN TipoDocumenti T "
+                   "M.TOTDOCUMENTO, P.PROGRESSIVO, I.PROGRESSIVO, M.FK_PAGAMENTO FROM Movimenti M INNER JOIN "
+                   "TipoDocumenti T "
                    "ON M.FK_TIPODOCUMENTO = T.RID LEFT JOIN Anagrafiche A ON M.FK_CONTROPARTITA = A.RID LEFT "
                    "JOIN PrimaNota P ON M.FK_PRIMANOTA = P.RID LEFT JOIN PrimaNota I ON M.FK_PNPAGAMENTO = "
                    "I.RID WHERE T.CODICE <> 'CAR'");
@@ -423,9 +438,10 @@ QStringList statoLibri(const Negozio& n) {
                    "D.TOTALEIVA, D.TOTALERIGA, D.TAGLIO FROM DettagliMovimento D INNER JOIN Movimenti M ON "
                    "D.FK_MOVIMENTO = M.RID INNER JOIN TipoDocumenti T ON M.FK_TIPODOCUMENTO = T.RID LEFT "
                    "JOIN DettagliMovimento K ON D.IK_DETTAGLIOMOVIMENTO = K.RID");
-    righe += lette(n, "PrimaNota",
-                   "SELECT P.PROGRESSIVO, P.DATA, P.FK_CAUSALE, A.NUMERO, P.DESCRIZIONE, P.IMPORTO, "
-                   "P.CODICEPARTITA FROM PrimaNota P INNER JOIN Anagrafiche A ON P.FK_ANAGRAFE = A.RID");
+    righe += lette(
+        n, "PrimaNota",
+        "SELECT P.PROGRESSIVO, P.DATA, P.FK_CAUSALE, A.NUMERO, P.DESCRIZIONE, P.IMPORTO, "
+        "P.CODICEPARTITA, P.FK_PAGAMENTO FROM PrimaNota P INNER JOIN Anagrafiche A ON P.FK_ANAGRAFE = A.RID");
     righe += lette(n, "PrimaNotaDettagli",
                    "SELECT P.PROGRESSIVO, D.FK_CONTO, D.DARE, D.AVERE FROM PrimaNotaDettagli D INNER JOIN "
                    "PrimaNota P ON D.FK_PRIMANOTA = P.RID");

@@ -14,6 +14,8 @@ using Decimillesimi = long long;
 // dates are of one year.
 class ModelloLibri {
   public:
+    static constexpr int pagamentoDelBanco = 1;
+
     struct Prodotto {
         QString codice;
         Decimillesimi prezzo;  // of one piece, without VAT
@@ -30,6 +32,11 @@ class ModelloLibri {
         bool componente = false;   // of the kit above it
         bool alCosto = false;      // goes to the store
     };
+    // Pagamenti: what is paid at once and what later, per cent and days.
+    struct Termini {
+        int acconto = 0;
+        std::vector<std::pair<int, int>> rate = {};
+    };
     // One row of a saved sale as it is saved again.
     struct RigaRisalvata {
         enum Stato { Invariata, Nuova, Modificata, Cancellata };
@@ -43,6 +50,7 @@ class ModelloLibri {
         QDate data;
         int cliente = 0;  // Anagrafiche.NUMERO
         bool pagato = false;
+        int pagamento = pagamentoDelBanco;
         Decimillesimi imposta = 0, totale = 0;
         int registrazione = 0, incasso = 0;             // numbers in the journal; 0: none
         std::map<int, std::vector<Riga>> vendite = {};  // by EXTRAPROG
@@ -52,6 +60,9 @@ class ModelloLibri {
     explicit ModelloLibri(bool prezzoMedio) : mPrezzoMedio(prezzoMedio) {}
 
     int aggiungiProdotto(const Prodotto& prodotto, int giacenza, Decimillesimi costo);
+    void aggiungiPagamento(int pagamento, const Termini& termini) { mTermini[pagamento] = termini; }
+    // Of what the customer buys on credit from now on.
+    void assegnaPagamento(int cliente, int pagamento) { mPagamenti[cliente] = pagamento; }
     const std::vector<Prodotto>& prodotti() const { return mProdotti; }
     const std::map<int, Documento>& documenti() const { return mDocumenti; }
 
@@ -96,6 +107,7 @@ class ModelloLibri {
         int causale, cliente;
         QString descrizione, partita;
         Decimillesimi importo, imposta;
+        int pagamento;
         std::vector<std::pair<QDate, Decimillesimi>> scadenze = {};
     };
 
@@ -106,6 +118,7 @@ class ModelloLibri {
     // The layer that a row takes its goods from.
     static Decimillesimi costoDaScaricare(const Strati& strati);
     int nuovoDocumento(const QString& tipo, int cliente, QDate data, bool pagato);
+    int pagamentoDi(int cliente, bool pagato) const;
     // Takes `delta` pieces from the stock; `taglio` below 0 is chosen, and holds the layer moved after it.
     void muovi(int prodotto, int delta, Decimillesimi& taglio, QDate oggi);
     Decimillesimi costoMedio(int prodotto, QDate oggi) const;
@@ -120,6 +133,8 @@ class ModelloLibri {
 
     bool mPrezzoMedio;
     std::vector<Prodotto> mProdotti;
+    std::map<int, Termini> mTermini;
+    std::map<int, int> mPagamenti;  // by customer
     std::vector<int> mGiacenze;
     std::vector<Strati> mStrati;    // of each product in the shop
     std::vector<Strati> mDeposito;  // and in the store

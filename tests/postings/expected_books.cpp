@@ -3,6 +3,7 @@
 #include "core/globals.h"
 #include "postings/delete_sale.h"
 #include "postings/save_sale.h"
+#include "sale/customer.h"
 #include "sale/document_info.h"
 #include "sale/recall.h"
 #include "sale/sale_document.h"
@@ -108,10 +109,15 @@ Bottega::Bottega() {
     cliente(7, "ROSSI");
 }
 
+void Bottega::termini(int idPagamento) {
+    sql("UPDATE Anagrafiche SET FK_PAGAMENTO = " +
+        (idPagamento > 0 ? QString::number(idPagamento) : QString("NULL")) + " WHERE RID = 2");
+}
+
 void Bottega::intesta(Vendita& v, int pagato, int idPagamento) {
-    v.txtCodCliente.tag("2");
+    termini(idPagamento);
+    ASSERT_TRUE(mostraCliente(v, 2));
     v.chkPagato.valore(pagato);
-    v.idPagamento = idPagamento;
 }
 
 void Bottega::vendePerCarico(Vendita& v) {

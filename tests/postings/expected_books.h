@@ -47,8 +47,10 @@ class Bottega : public Negozio {
   public:
     Bottega();
 
-    // The open sale becomes ROSSI's, with that payment.
-    static void intesta(Vendita& v, int pagato, int idPagamento);
+    // ROSSI's terms from now on; below 1: none.
+    void termini(int idPagamento);
+    // She has those terms, and the open sale becomes hers.
+    void intesta(Vendita& v, int pagato, int idPagamento);
     // From now on the counter sells by document type 7, which loads warehouse 1 (causal 4).
     void vendePerCarico(Vendita& v);
     // Causal 8 collects cards.

@@ -1,6 +1,9 @@
 #include "core/globals.h"
+#include "postings/delete_sale.h"
+#include "postings/expected_books.h"
 #include "postings/full_shop.h"
 #include "postings/save_sale.h"
+#include "sale/recall.h"
 
 // What the shop's tables, its clock and its people get wrong: the operator is told, and nothing is half
 // booked.
@@ -37,6 +40,12 @@ class BadInput : public testing::Test {
     // Nothing that is done on the screen helps.
     void mancanoNellArchivio(const QString& nomi) {
         mancano(nomi, "si potrà salvare quando l'archivio sarà stato completato.");
+    }
+    void nonScelti(const QString& nomi) {
+        n.operatore.attendiMessaggio(
+            "La vendita non è stata salvata. Nelle opzioni non è stato scelto:\n - " + nomi +
+                "\nLa vendita è ancora sullo schermo: si potrà salvare quando sarà stato scelto.",
+            Icona::Esclamazione);
     }
     // What the server said is for those who look after the till.
     void soloNelRegistro(const QString& procedura) {
@@ -171,6 +180,30 @@ TEST_F(BadInput, ThePaymentOfTheSaveIsNamed) {
     EXPECT_EQ(v.idPagamento, 1);
 }
 
+// Nobody has filled in the options of the shop.
+TEST_F(BadInput, APaymentThatWasNeverChosenIsNamed) {
+    gPagamentoVB = -1;
+    nonScelti("il pagamento della vendita");
+    rifiutata();
+    gPagamentoVB = 1;
+    salvata();
+}
+
+TEST_F(BadInput, ADocumentTypeThatWasNeverChosenIsNamed) {
+    gTipoDocVb = gPagamentoVB = -1;
+    v.descTipoDocumento.clear();
+    nonScelti("il pagamento della vendita\n - il tipo di documento");
+    rifiutata();
+}
+
+TEST_F(BadInput, WhatWasNeverChosenIsNamedBesideWhatIsGone) {
+    gPagamentoVB = -1;
+    n.sql("DELETE FROM Prodotti WHERE CODICE = 'C'");
+    mancanoNellArchivio(
+        "il prodotto [C - C]\nNelle opzioni non è stato scelto:\n - il pagamento della vendita");
+    rifiutata();
+}
+
 TEST_F(BadInput, WarehousesThatAreGoneAreNamed) {
     v.magazzinoOrigine = 97;
     v.magazzinoDestinazione = 98;
@@ -271,15 +304,18 @@ class GoneDocument : public testing::Test {
   protected:
     GoneDocument() {
         s.salva();
-        mPrimo = v.lblRID.testo();
+        mPrimo = v.rid();
     }
-    // As another desk would: with all its rows and entries, and the goods come back.
+    // Elsewhere, with all its rows and entries, and the goods come back.
     void altraCassaCancella() {
-        n.sql("DELETE FROM DettagliMovimento WHERE FK_MOVIMENTO = " + mPrimo);
-        n.sql("DELETE FROM Movimenti WHERE RID = " + mPrimo);
-        n.sql("DELETE FROM PrimaNotaDettagli");
-        n.sql("DELETE FROM PrimaNota");
+        ContoDiProva& altro = n.apriConto(1);
+        showVendita(altro.vendita(), mPrimo, -1, 1, -1);
+        ASSERT_TRUE(cancellaVendita(altro.vendita(), mPrimo, false));
+        altro.scarica();
+        ASSERT_EQ(n.conta("Movimenti"), 0);
+        ASSERT_EQ(restanoDiA(), 14);
     }
+    int restanoDiA() const { return n.valore("SELECT GIACENZA FROM Prodotti WHERE RID = 1").toInt(); }
 
     BottegaCompleta s{true};
     Negozio& n = s.n;
@@ -289,7 +325,7 @@ class GoneDocument : public testing::Test {
         "La vendita non è stata salvata. Salvarla come nuova vendita?";
 
   private:
-    QString mPrimo;
+    int mPrimo = -1;
 };
 
 TEST_F(GoneDocument, ANewSaleUnderItIsSavedUnderAnother) {
@@ -302,6 +338,8 @@ TEST_F(GoneDocument, ANewSaleUnderItIsSavedUnderAnother) {
     EXPECT_EQ(n.riga("SELECT PROGRESSIVO, TOTDOCUMENTO FROM Movimenti"), "2|12.2");
     EXPECT_EQ(n.valore("SELECT EXTRAPROG FROM DettagliMovimento"), "1");
     EXPECT_EQ(n.conta("PrimaNota"), 2);
+    EXPECT_EQ(restanoDiA(), 13);
+    EXPECT_EQ(n.verifica(), QStringList());
 }
 
 TEST_F(GoneDocument, AChangedSaleIsSavedWholeUnderAnother) {
@@ -313,6 +351,71 @@ TEST_F(GoneDocument, AChangedSaleIsSavedWholeUnderAnother) {
     EXPECT_EQ(n.valore("SELECT PROGRESSIVO FROM Movimenti"), "2");
     EXPECT_EQ(v.lblMainDisplay.testo(), totale);
     EXPECT_FALSE(v.venditaModificata);
+    EXPECT_EQ(restanoDiA(), 11);
+    EXPECT_EQ(n.verifica(), QStringList());
+}
+
+namespace {
+
+// ROSSI's sale of one A, saved on credit by her terms, is deleted elsewhere while it is changed here.
+class GoneSaleOfACustomer : public testing::Test {
+  protected:
+    void SetUp() override {
+        n.intesta(v, 0, 9);
+        vendi(c, "A");
+        ASSERT_TRUE(salvaVendita(v, false, -1));
+        ContoDiProva& altro = n.apriConto(1);
+        showVendita(altro.vendita(), v.rid(), -1, 1, -1);
+        ASSERT_TRUE(cancellaVendita(altro.vendita(), v.rid(), false));
+        altro.scarica();
+        n.operatore.attendiDomanda(
+            "Il documento N° 0001 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
+            "La vendita non è stata salvata. Salvarla come nuova vendita?",
+            OperatorPort::Risposta::Si);
+    }
+    QString testata() { return n.riga("SELECT PROGRESSIVO, FK_PAGAMENTO FROM Movimenti"); }
+    int incassi() { return n.conta("PrimaNota", "FK_CAUSALE = 2"); }
+
+    Bottega n;
+    ContoDiProva& c = n.apriConto();
+    Vendita& v = c.vendita();
+};
+
+}  // namespace
+
+TEST_F(GoneSaleOfACustomer, GoesByTheSameTerms) {
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(testata(), "2|9");
+    EXPECT_EQ(incassi(), 0);
+    EXPECT_EQ(n.conta("Scadenze"), 2);
+}
+
+TEST_F(GoneSaleOfACustomer, PaidByNowGoesByTheCountersPayment) {
+    v.chkPagato.valore(1);
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(testata(), "2|1");
+    EXPECT_EQ(incassi(), 1);
+    EXPECT_EQ(n.conta("Scadenze"), 0);
+}
+
+// All of its rows are new ones.
+TEST_F(GoneDocument, AChangedSaleWillBePrintedOnceMore) {
+    s.ritocca();
+    altraCassaCancella();
+    gRegCassa = "prova";
+    n.operatore.attendiDomanda(sparito + "\nLo scontrino sarà stampato di nuovo.",
+                               OperatorPort::Risposta::No);
+    s.salva();
+}
+
+// That one has had no receipt yet.
+TEST_F(GoneDocument, ANewSaleUnderItWillBePrintedForTheFirstTime) {
+    s.conto().tasto(Qt::Key_F2);
+    vendi(s.conto(), "A");
+    altraCassaCancella();
+    gRegCassa = "prova";
+    n.operatore.attendiDomanda(sparito, OperatorPort::Risposta::No);
+    s.salva();
 }
 
 TEST_F(GoneDocument, AChangedSaleMovesNoStock) {

@@ -67,10 +67,9 @@ TEST_F(BooksChanges, AddedChangedAndDeletedRows) {
 }
 
 TEST_F(BooksChanges, ScheduleIsMadeAnewForTheNewTotal) {
-    Bottega::intesta(v, 0, 9);
+    n.intesta(v, 0, 9);
     vendiESalva();
     cambiaQuantita(1, "1");
-    v.idPagamento = 9;
     ASSERT_TRUE(salvaERilegge(v));
     confrontaLibri(
         n, {
@@ -85,6 +84,103 @@ TEST_F(BooksChanges, ScheduleIsMadeAnewForTheNewTotal) {
                .scadenze = {"1||2026-04-15|14.35", "1||2026-05-15|14.35"},
                .contatori = {"1|2026|1|n/d"},
            });
+}
+
+namespace {
+
+// ROSSI has an account; her terms are others by the time that her sale is recalled.
+struct BooksOfACredit : BooksChanges {
+    ContoDiProva& delCliente() {
+        ContoDiProva& altro = n.apriConto(1);
+        altro.digita("7");
+        altro.invio();
+        return altro;
+    }
+    void acquista(ContoDiProva& conto, const QString& quantita) {
+        vendi(conto, "A", quantita);
+        conto.tasto(Qt::Key_F5);
+    }
+    void SetUp() override {
+        n.termini(10);
+        acquista(delCliente(), "2");
+        n.termini(9);
+    }
+    ContoDiProva& richiamata(int extra = 1) {
+        EXPECT_TRUE(apriContoConVendita(1));
+        ContoDiProva& altro = static_cast<ContoDiProva&>(*gConti[1]);
+        showVendita(altro.vendita(), 1, -1, extra, -1);
+        return altro;
+    }
+    QStringList pagamenti() {
+        return n.righe(
+            "SELECT M.FK_PAGAMENTO, P.FK_PAGAMENTO FROM Movimenti M LEFT JOIN PrimaNota P ON "
+            "M.FK_PRIMANOTA = P.RID ORDER BY M.RID");
+    }
+};
+
+}  // namespace
+
+TEST_F(BooksOfACredit, RecalledSaleKeepsTheTermsItWasSavedWith) {
+    ContoDiProva& altro = richiamata();
+    altro.clicRiga(1);
+    altro.clic(altro.vendita().txtQta);
+    altro.digita("1");
+    altro.tasto(Qt::Key_F5);
+    EXPECT_EQ(pagamenti(), QStringList{"10|10"});
+    EXPECT_EQ(leggiLibri(n).scadenze,
+              (QStringList{"1||2026-03-16|2.44", "1||2026-04-15|4.88", "1||2026-05-15|4.88"}));
+    EXPECT_EQ(n.verifica(), QStringList());
+}
+
+TEST_F(BooksOfACredit, AfterADeletionTheRestIsDueByTheTermsOfTheDocument) {
+    ContoDiProva& altro = richiamata();
+    pulisciCorpo(altro.vendita());
+    altro.vendita().txtSottoProg.testo("(Auto)");
+    acquista(altro, "1");
+    ContoDiProva& seconda = richiamata(2);
+    n.operatore.attendiDomanda("Eliminare il movimento con progressivo 0001/0002?",
+                               OperatorPort::Risposta::Si);
+    seconda.tasto(Qt::Key_F7, Qt::ShiftModifier);
+    EXPECT_EQ(pagamenti(), QStringList{"10|10"});
+    EXPECT_EQ(leggiLibri(n).scadenze,
+              (QStringList{"1||2026-03-16|4.88", "1||2026-04-15|9.76", "1||2026-05-15|9.76"}));
+}
+
+// Another program's document may have none.
+TEST_F(BooksOfACredit, ADocumentWithoutAPaymentTakesTheCounters) {
+    n.sql("UPDATE Movimenti SET FK_PAGAMENTO = NULL");
+    acquista(richiamata(), "1");
+    EXPECT_EQ(pagamenti(), QStringList{"1|1"});
+    EXPECT_EQ(n.conta("Scadenze"), 0);
+}
+
+// The customer's own, since the document is a new one.
+TEST_F(BooksOfACredit, AConversionOfARecalledSaleGoesByTheTermsOfTheCustomer) {
+    Vendita& altra = richiamata().vendita();
+    setInfoDocumento(altra, 5);
+    setForNewMovimento(altra);
+    ASSERT_TRUE(salvaVendita(altra, true, 5));
+    EXPECT_EQ(pagamenti(), (QStringList{"10|10", "9|9"}));
+}
+
+TEST_F(BooksOfACredit, AConversionOfAPaidSaleIsPaid) {
+    ContoDiProva& altro = richiamata();
+    altro.vendita().chkPagato.valore(1);
+    acquista(altro, "1");
+    Vendita& altra = richiamata().vendita();
+    setInfoDocumento(altra, 5);
+    setForNewMovimento(altra);
+    ASSERT_TRUE(salvaVendita(altra, true, 5));
+    EXPECT_EQ(pagamenti(), (QStringList{"1|1", "1|1"}));
+    EXPECT_GT(n.valore("SELECT FK_PNPAGAMENTO FROM Movimenti WHERE RID = 2").toInt(), 0);
+}
+
+// What stood on the screen before it went by others.
+TEST_F(BooksOfACredit, RecalledSaleTakesNothingFromTheSaleBefore) {
+    n.intesta(v, 0, 9);
+    showVendita(v, 1, -1, 1, -1);
+    acquista(c, "1");
+    EXPECT_EQ(pagamenti(), QStringList{"10|10"});
 }
 
 TEST_F(BooksChanges, SecondSaleOfTheDayJoinsHeaderAndEntries) {
@@ -159,10 +255,9 @@ TEST_F(BooksChanges, OnlySaleDeletedLeavesTheCounterAlone) {
 }
 
 TEST_F(BooksChanges, OnlySaleOnCreditDeletedTakesItsScheduleAlong) {
-    Bottega::intesta(v, 0, 10);
+    n.intesta(v, 0, 10);
     vendiESalva();
     ASSERT_EQ(n.conta("Scadenze"), 3);
-    v.idPagamento = 10;
     ASSERT_TRUE(cancellaVendita(v, v.rid(), false));
     confrontaLibri(n, {
                           .prodotti = {"A|10||0"},
@@ -172,10 +267,9 @@ TEST_F(BooksChanges, OnlySaleOnCreditDeletedTakesItsScheduleAlong) {
 }
 
 TEST_F(BooksChanges, OneOfTwoSalesOnCreditDeletedLeavesTheScheduleOfTheOther) {
-    Bottega::intesta(v, 0, 10);
+    n.intesta(v, 0, 10);
     vendiESalva();
     secondaVendita();
-    v.idPagamento = 10;
     ASSERT_TRUE(cancellaVendita(v, v.rid(), false));
     EXPECT_EQ(leggiLibri(n).scadenze,
               (QStringList{"1||2026-03-16|8.18", "1||2026-04-15|16.36", "1||2026-05-15|16.36"}));
@@ -185,7 +279,7 @@ TEST_F(BooksChanges, OneOfTwoSalesOnCreditDeletedLeavesTheScheduleOfTheOther) {
 struct BooksOfALoad : BooksChanges {
     BooksOfALoad() { n.vendePerCarico(v); }
     void caricaCinqueA() {
-        Bottega::intesta(v, 0, 9);
+        n.intesta(v, 0, 9);
         vendi(c, "A", "5");
         ASSERT_TRUE(salvaERilegge(v));
     }
@@ -261,14 +355,33 @@ TEST_F(BooksChanges, ProductThatWasNeverInTheWarehouseRefusesTheSave) {
 }
 
 TEST_F(BooksChanges, RowTakenAwayBeforeItWasEverSavedMovesNothing) {
+    n.sql(
+        "UPDATE Prodotti SET PESO = 0.25, COLLI = 1, DATAULTIMOSCARICO = '2026-01-02 00:00:00', "
+        "PREZZOULTIMOSCARICO = 9");
     vendi(c, "A", "2");
     vendi(c, "B", "3");
-    v.flxVB.scrivi(1, Colonna::Gestione, "3");
-    ASSERT_TRUE(salvaERilegge(v));
+    c.clicRiga(1);
+    n.operatore.attendiDomanda("Eliminare il prodotto [A]?", OperatorPort::Risposta::Si);
+    c.tasto(Qt::Key_F9);
+    v.mAccompagnatorio = true;
+    ASSERT_TRUE(salvaVendita(v, false, -1));
     const LibriAttesi letti = leggiLibri(n);
     EXPECT_EQ(letti.strati, (QStringList{"1|1|6|4", "1|1|7|6"}));
-    EXPECT_EQ(letti.prodotti, QStringList{"A|10||0"});
+    EXPECT_EQ(letti.prodotti, QStringList{"A|10|2026-01-02|9"});
     EXPECT_EQ(n.righe("SELECT POS, CODPRODOTTO FROM DettagliMovimento"), QStringList{"1|B"});
+    EXPECT_EQ(n.riga("SELECT PESOCONS, COLLICONS FROM Movimenti"), "0.75|3");
+}
+
+// Nor does it need a cost to go by.
+TEST_F(BooksChanges, RowOfUnknownCostTakenAwayBeforeItWasEverSavedIsNoHindrance) {
+    n.prodotto({.codice = "N", .listino1 = 1, .descrizione = "Nuovo", .gestioneGiacenza = true});
+    vendi(c, "A");
+    vendi(c, "N");
+    c.clicRiga(2);
+    n.operatore.attendiDomanda("Eliminare il prodotto [Nuovo]?", OperatorPort::Risposta::Si);
+    c.tasto(Qt::Key_F9);
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(n.conta("DettagliMovimento"), 1);
 }
 
 // ---- Statistics and transport data

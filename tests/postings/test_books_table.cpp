@@ -2,6 +2,7 @@
 #include "doubles/kit_di_prova.h"
 #include "postings/expected_books.h"
 #include "postings/save_sale.h"
+#include "sale/customer.h"
 #include "sale/document_info.h"
 
 // Sales saved for the first time, with every row of every book written down beforehand.
@@ -21,7 +22,7 @@ struct BooksTable : testing::Test {
     // The same, on credit by that payment.
     void aCredito(int idPagamento) {
         Vendita& v = dueAETreB();
-        Bottega::intesta(v, 0, idPagamento);
+        n.intesta(v, 0, idPagamento);
         ASSERT_TRUE(salvaERilegge(v));
     }
     // What stands in the books after it, but for the due dates.
@@ -73,7 +74,7 @@ TEST_F(BooksTable, CashSaleAtTheMovingAverage) {
     n.sql("UPDATE DettagliProdotto SET QUANTITA = 10");
     n.sql("UPDATE Prodotti SET PREZZOACQUISTO = 5.5 WHERE RID = 1");
     Vendita& v = dueAETreB();
-    Bottega::intesta(v, 0, 9);
+    n.intesta(v, 0, 9);
     ASSERT_TRUE(salvaERilegge(v));
     LibriAttesi attesi = libriACredito("9", {"1||2026-04-15|20.45", "1||2026-05-15|20.45"});
     attesi.dettagli = {"1|1|1|1|1|A|A|2|10|0|0|0|0|10|20|1|22|2.2|4.4|24.4|1|5.5|||2026-03-16 10:30:00",
@@ -84,7 +85,7 @@ TEST_F(BooksTable, CashSaleAtTheMovingAverage) {
 
 TEST_F(BooksTable, NamedCustomerPaidAtTheCounter) {
     Vendita& v = dueAETreB();
-    Bottega::intesta(v, 1, 9);
+    n.intesta(v, 1, 9);
     ASSERT_TRUE(salvaERilegge(v));
     confrontaLibri(
         n, {
@@ -105,7 +106,8 @@ TEST_F(BooksTable, NamedCustomerPaidAtTheCounter) {
 TEST_F(BooksTable, CashSaleByAPaymentWithInstalmentsIsCollectedAndNotScheduled) {
     Vendita& v = dueAETreB();
     v.chkPagato.valore(0);
-    v.idPagamento = 10;
+    n.sql("UPDATE Anagrafiche SET FK_PAGAMENTO = 10 WHERE RID = 1");
+    ASSERT_TRUE(mostraCliente(v, 1));
     ASSERT_TRUE(v.generaScad);
     ASSERT_TRUE(salvaERilegge(v));
     LibriAttesi attesi = libriACredito("10", {});
@@ -122,6 +124,19 @@ TEST_F(BooksTable, NamedCustomerOnCredit) {
     aCredito(9);
     confrontaLibri(n, libriACredito("9", {"1||2026-04-15|20.45", "1||2026-05-15|20.45"}));
     EXPECT_EQ(n.verifica(), QStringList());
+}
+
+// As the operator does it: an account of its own, the customer's number, the goods, F5.
+TEST_F(BooksTable, CustomerByNumberGetsTheirTerms) {
+    n.termini(9);
+    n.apriConto();
+    ContoDiProva& c = n.apriConto(1);
+    c.digita("7");
+    c.invio();
+    vendi(c, "A", "2");
+    vendi(c, "B", "3");
+    c.tasto(Qt::Key_F5);
+    confrontaLibri(n, libriACredito("9", {"1||2026-04-15|20.45", "1||2026-05-15|20.45"}));
 }
 
 TEST_F(BooksTable, DownPaymentIsDueAtOnceAndNotSubtracted) {
@@ -368,7 +383,7 @@ TEST_F(BooksTable, TransferAtAnAverageOfHalfACent) {
 // counter's.
 TEST_F(BooksTable, ConvertedSaleOnCreditIsNotCollectedThoughTicked) {
     Vendita& v = dueAETreB();
-    Bottega::intesta(v, 1, 9);
+    n.intesta(v, 1, 9);
     v.txtData.testo("31/12/2025");
     setInfoDocumento(v, 5);
     ASSERT_TRUE(salvaVendita(v, true, 5));
@@ -381,7 +396,7 @@ TEST_F(BooksTable, ConvertedSaleOnCreditIsNotCollectedThoughTicked) {
 
 TEST_F(BooksTable, ConvertedSaleWithTheCountersPaymentIsCollected) {
     Vendita& v = dueAETreB();
-    Bottega::intesta(v, 1, 1);
+    n.intesta(v, 1, 1);
     setInfoDocumento(v, 5);
     ASSERT_TRUE(salvaVendita(v, true, 5));
     LibriAttesi attesi = libriACredito("1", {});

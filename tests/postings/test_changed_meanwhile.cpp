@@ -214,7 +214,7 @@ namespace {
 // ROSSI's sale of two A on credit, and a further one of hers under the same header on two screens.
 struct PaidMeanwhile : ChangedMeanwhile {
     void SetUp() override {
-        Bottega::intesta(v, 0, 1);
+        n.intesta(v, 0, 1);
         vendi(c, "A", "2");
         ASSERT_TRUE(salvaERilegge(v));
         rid = v.rid();

@@ -193,7 +193,7 @@ TEST_F(DeleteSale, CollectionOfADeskWithItsOwnCausalGoesBackToTheShops) {
 
 // The collection of a named customer stays as it was posted, and goes with the header only.
 TEST_F(DeleteSale, CollectionOfANamedCustomerIsNotRewritten) {
-    Bottega::intesta(v, 1, 9);
+    n.intesta(v, 1, 9);
     vendiESalva("A", "2");
     nuovaVendita();
     vendiESalva("A", "1");
@@ -212,7 +212,7 @@ TEST_F(DeleteSale, WithoutACollectionDeletesOneEntryAndNoOther) {
         "INSERT INTO PrimaNota (RID, PROGRESSIVO, DATA, DESCRIZIONE, IMPORTO) VALUES "
         "(40,1,'2026-03-01 00:00:00','Affitto',500)");
     n.sql("INSERT INTO PrimaNotaDettagli (FK_PRIMANOTA, FK_CONTO, DARE) VALUES (40,2,500)");
-    Bottega::intesta(v, 0, 9);
+    n.intesta(v, 0, 9);
     vendiESalva("A", "2");
     ASSERT_EQ(n.conta("PrimaNota"), 2);
     ASSERT_TRUE(cancella());

@@ -1,6 +1,8 @@
 #include "core/globals.h"
-#include "postings/books.h"
+#include "core/run_time_error.h"
+#include "postings/expected_books.h"
 #include "postings/lost_save.h"
+#include "postings/save_sale.h"
 
 // Whether a save is in the books, asked of the books alone.
 
@@ -68,4 +70,61 @@ TEST_F(LostSave, OfAChangeAloneIsToldByWhatItWrote) {
     EXPECT_EQ(esito(), EsitoCommit::Registrato);
     n.sql("UPDATE DettagliMovimento SET QUANTITA = 1");
     EXPECT_EQ(esito(), EsitoCommit::NonRegistrato);
+}
+
+// ---- Transfers, which no recall finds
+
+namespace {
+
+struct LostTransfer : testing::Test {
+    LostTransfer() {
+        gNomeModulo = "bBottegonClientVB";
+        gTipoDocVb = 6;
+        n.apriConto();
+        v().primaDelCommit = [this](const SalvataggioIncerto& s) { salvataggio = s; };
+        vendi(conto(), "A", "2");
+    }
+    ContoDiProva& conto() { return static_cast<ContoDiProva&>(*gConti[0]); }
+    Vendita& v() { return conto().vendita(); }
+    void schermoPerLaProssima() {
+        EXPECT_EQ(v().flxVB.ultima(), 0);
+        EXPECT_EQ(v().lblRID.testo(), "-1");
+        EXPECT_EQ(v().cliente(), gClientePredefinito);
+        EXPECT_FALSE(v().venditaModificata);
+        EXPECT_EQ(n.conta("Movimenti"), 1);
+        EXPECT_TRUE(n.operatore.esaurito());
+    }
+
+    Bottega n;
+    SalvataggioIncerto salvataggio;
+};
+
+}  // namespace
+
+TEST_F(LostTransfer, ThatIsFoundIsToldByItsNumber) {
+    ASSERT_TRUE(salvaVendita(v(), false, -1));
+    v().lblRID.testo("-1");
+    salvataggio.schermo = descriviSchermo(v());
+    v().salvataggioIncerto = salvataggio;
+    n.operatore.attendiMessaggio(
+        "La vendita è stata salvata: N° 0001/0001.\n"
+        "Il collegamento con il server si era interrotto; la vendita è stata ritrovata nell'archivio.",
+        OperatorPort::Icona::Informazione);
+    conto().tasto(Qt::Key_F5);
+    schermoPerLaProssima();
+}
+
+TEST_F(LostTransfer, ThatAnErrorHasCutShortIsToldByItsNumber) {
+    n.operatore.attendiAvviso("bBottegonClientVB.salvaVendita");
+    n.operatore.attendiMessaggio(
+        "Il trasferimento è nell'archivio: N° 0001/0001.\n"
+        "Il salvataggio non è finito regolarmente: controllarlo.",
+        OperatorPort::Icona::Esclamazione);
+    sondaIstruzioni() = [](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql.startsWith("UPDATE Movimenti")) throw RunTimeError(RunTimeError::Overflow);
+        return std::nullopt;
+    };
+    conto().tasto(Qt::Key_F5);
+    sondaIstruzioni() = {};
+    schermoPerLaProssima();
 }

@@ -83,6 +83,7 @@ class Passeggiata {
     void trasferisci();
     void carica();
     void nuovoGiorno();
+    void nuoviTermini();
     void confronta();
 
     Negozio n;
@@ -139,8 +140,15 @@ void Passeggiata::apriContabilita() {
         "UPDATE Causali SET GENERASCAD = 1, FK_CONTODARE1 = 1, FK_CONTOAVERE1 = 3, FK_CONTOAVERE2 = 4 "
         "WHERE RID = 1");
     n.sql("UPDATE Causali SET FK_CONTODARE1 = 2, FK_CONTOAVERE1 = 1 WHERE RID = 2");
-    n.sql("UPDATE Pagamenti SET ACCONTO = 10, NRATE = 2 WHERE RID = 1");
-    n.sql("INSERT INTO DettagliPagamenti (FK_PAGAMENTO, NGIORNI, PERCENTUALE) VALUES (1,30,45),(1,60,45)");
+    n.sql(
+        "INSERT INTO Pagamenti (RID, CODICE, DESCRIZIONE, ACCONTO, NRATE) VALUES (2,'ACC','Acconto',10,2),"
+        "(3,'30','30 giorni',0,1)");
+    n.sql(
+        "INSERT INTO DettagliPagamenti (FK_PAGAMENTO, NGIORNI, PERCENTUALE) VALUES (2,30,45),(2,60,45),"
+        "(3,30,100)");
+    m.aggiungiPagamento(ModelloLibri::pagamentoDelBanco, {});
+    m.aggiungiPagamento(2, {10, {{30, 45}, {60, 45}}});
+    m.aggiungiPagamento(3, {0, {{30, 100}}});
 }
 
 // An invoice, a load from a supplier, and a transfer to a second warehouse.
@@ -438,6 +446,17 @@ void Passeggiata::nuovoGiorno() {
     mDiario << "è il " + oggi().toString(Qt::ISODate);
 }
 
+// A customer has other terms from now on, or none.
+void Passeggiata::nuoviTermini() {
+    const int cliente = clienti[caso(2)];
+    const int pagamento = 1 + caso(3);
+    m.assegnaPagamento(cliente, pagamento);
+    n.sql(QString("UPDATE Anagrafiche SET FK_PAGAMENTO = %1 WHERE NUMERO = %2")
+              .arg(pagamento == ModelloLibri::pagamentoDelBanco ? "NULL" : QString::number(pagamento))
+              .arg(cliente));
+    mDiario << QString("pagamento %1 per il cliente %2").arg(pagamento).arg(cliente);
+}
+
 void Passeggiata::confronta() {
     const QStringList attesi = m.stato();
     const QStringList letti = statoLibri(n);
@@ -454,10 +473,12 @@ void Passeggiata::confronta() {
 
 void Passeggiata::passi(int quanti, int traVerifiche) {
     using Passo = void (Passeggiata::*)();
-    constexpr Passo passi[] = {&Passeggiata::nuova,    &Passeggiata::nuova,       &Passeggiata::nuova,
-                               &Passeggiata::ritocca,  &Passeggiata::ritocca,     &Passeggiata::ritocca,
-                               &Passeggiata::carica,   &Passeggiata::cancella,    &Passeggiata::cancella,
-                               &Passeggiata::converti, &Passeggiata::nuovoGiorno, &Passeggiata::trasferisci};
+    constexpr Passo passi[] = {
+        &Passeggiata::nuova,       &Passeggiata::nuova,       &Passeggiata::nuova,
+        &Passeggiata::ritocca,     &Passeggiata::ritocca,     &Passeggiata::ritocca,
+        &Passeggiata::carica,      &Passeggiata::cancella,    &Passeggiata::cancella,
+        &Passeggiata::converti,    &Passeggiata::nuovoGiorno, &Passeggiata::trasferisci,
+        &Passeggiata::nuoviTermini};
     for (int i = 1; i <= quanti && !testing::Test::HasFailure(); ++i) {
         mDiario.clear();
         (this->*passi[caso(std::size(passi))])();

@@ -148,9 +148,11 @@ bool ScansioniInAttesa::senzaPrefisso(QChar carattere, bool svelto) {
     return true;
 }
 
-// No key has followed. A code without its Enter is a scan all the same.
+// No key has followed. A code without its Enter is a scan all the same. In the middle of a transaction
+// nothing is given back: it would reach the screen that is being saved.
 void ScansioniInAttesa::finePrefisso() {
     if (!mConPrefisso) return;
+    if (gAdo.inTransazione()) return mFinePrefisso.start();
     if (!mCodice.isEmpty()) return tieni();
     mConPrefisso = false;
     mRestituisce = true;
