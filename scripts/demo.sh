@@ -90,8 +90,9 @@ preparaPostazione() {
 preparaRegistratore() {
     [ -x "$registratore" ] || return 0
     mkdir -p "$XDG_CONFIG_HOME/Orbelune"
-    printf '[Client]\nRegCassa=Simulatore\nTCPPort=%s\n' $((20000 + RANDOM % 10000)) \
+    printf '[Client]\nTCPPort=%s\n' $((20000 + RANDOM % 10000)) \
         >"$XDG_CONFIG_HOME/Orbelune/prgBottegonClientVB.ini"
+    "$registratore" --collega
     scontriniPrima=$(elencoScontrini)
 }
 

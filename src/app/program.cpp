@@ -39,7 +39,7 @@ void segnaleTermine(int) {
     [[maybe_unused]] const ssize_t scritto = ::write(presaSegnali[0], &byte, sizeof byte);
 }
 
-// Signals that ask to close, as the close box does. Several that come together are one request.
+// Signals that ask to close, almost as the close box does. Several that come together are one request.
 std::unique_ptr<QSocketNotifier> ascoltaSegnali() {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0, presaSegnali) != 0)
         return nullptr;
@@ -54,7 +54,7 @@ std::unique_ptr<QSocketNotifier> ascoltaSegnali() {
         char byte[16];
         while (::read(presaSegnali[1], byte, sizeof byte) > 0) {
         }
-        if (chiudiTuttiIConti()) chiudiApplicazione();
+        if (chiudiTuttiIConti(Chiusura::FineSessione)) chiudiApplicazione();
     });
     return ascolto;
 }

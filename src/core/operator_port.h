@@ -7,7 +7,8 @@
 class OperatorPort {
   public:
     enum class Icona { Nessuna, Informazione, Domanda, Esclamazione, Critica };
-    enum class Pulsanti { SiNo, SiNoAnnulla };
+    // NoSi: as SiNo, but Enter answers no.
+    enum class Pulsanti { SiNo, SiNoAnnulla, NoSi };
     enum class Risposta { Si, No, Annulla };
 
     // What the warning dialogue shows of an unexpected error.

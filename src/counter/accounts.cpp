@@ -15,7 +15,6 @@
 #include "counter/keys.h"
 #include "counter/recovery_journal.h"
 #include "counter/register_indicator.h"
-#include "counter/save_question.h"
 #include "data/client_settings.h"
 #include "data/settings_store.h"
 #include "register/failure.h"
@@ -160,6 +159,7 @@ void Conto::scarica() {
     ContoAperto questo = std::move(posto(mVendita.indice));
     if (GiornaleVendite* giornale = giornaleVendite()) giornale->annota();
     if (std::any_of(gConti.begin(), gConti.end(), [](const ContoAperto& c) { return !!c; })) return;
+    annotaSenzaScontrino();
     if (chiudi) chiudi();
     // The program has ended by now: the register is told nothing, and sees its connection close.
     gFrmRegCassa().disconnect();
@@ -224,18 +224,17 @@ bool attivaConto(Conto& conto) {
     return !gModaleAperta;
 }
 
-bool chiudiTuttiIConti() {
+bool chiudiTuttiIConti(Chiusura chiusura) {
     // Asked again while the question about a sale is up: that one is not answered yet.
     static bool inCorso = false;
     if (inCorso) return false;
-    const QScopedValueRollback chiusura(inCorso, true);
+    const QScopedValueRollback unaVolta(inCorso, true);
     return protetto(
         moduloFrmMain, "Form_QueryUnload",
-        [] {
+        [chiusura] {
             while (Conto* conto = contoDavanti()) {
                 conto->mostra();
-                if (!terminaCampo(*conto) || chiediSalvataggio(*conto)) return false;
-                conto->scarica();
+                if (!terminaCampo(*conto) || !chiudiConto(*conto, chiusura)) return false;
             }
             return true;
         },

@@ -7,6 +7,7 @@
 
 #include <QObject>
 
+#include "counter/close_account.h"
 #include "counter/key_burst.h"
 #include "counter/operator_entry.h"
 #include "kit/cKeyFunction.h"
@@ -108,4 +109,4 @@ bool attivaConto(Conto& conto);
 
 // Offers to save every open sale and closes its account; true when all are closed. Asked again meanwhile, it
 // answers false.
-bool chiudiTuttiIConti();
+bool chiudiTuttiIConti(Chiusura chiusura = Chiusura::Chiesta);

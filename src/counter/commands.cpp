@@ -7,6 +7,7 @@
 #include "core/numbers.h"
 #include "core/operator_port.h"
 #include "counter/accounts.h"
+#include "counter/close_account.h"
 #include "counter/copy_sale.h"
 #include "counter/fields.h"
 #include "counter/go_to_sale.h"
@@ -18,7 +19,6 @@
 #include "postings/delete_sale.h"
 #include "sale/line_pricing.h"
 #include "sale/navigation.h"
-#include "sale/recall.h"
 #include "sale/row_editor.h"
 #include "sale/row_writer.h"
 #include "sale/sale_discount.h"
@@ -32,7 +32,7 @@ void nuovaVendita(Conto& conto) {
 }
 
 void chiudi(Conto& conto) {
-    if (!chiediSalvataggio(conto)) conto.scarica();
+    chiudiConto(conto, Chiusura::Chiesta);
 }
 
 void nuovaRiga(Conto& conto) {
@@ -66,10 +66,8 @@ void salva(Conto& conto) {
     if (gMonitor != 0 && (v.chkPagato.valore() == 1 || !v.chkPagato.abilitato())) apriMonitorResto(conto);
     chiediStampa(conto);
     if (!salvaEMostraUltima(conto)) return;
-    // Numbers start again every year: a sale saved after midnight is looked up in its own.
-    showVendita(v, 0, v.progressivo(), v.extraProg(), v.giorno().year());
-    if (v.indice > 0) return conto.scarica();
     mostraVenditaSalvata(conto);
+    if (v.indice > 0 && fineConfermata(conto)) return conto.scarica();
     conto.venditaSalvata();
 }
 

@@ -8,6 +8,7 @@
 #include "counter/save_question.h"
 #include "data/client_settings.h"
 #include "data/settings_store.h"
+#include "sale/recall.h"
 #include "sale/sale_document.h"
 
 namespace {
@@ -31,6 +32,8 @@ void offriNuovoGiorno(Conto& conto) {
 
 void mostraVenditaSalvata(Conto& conto) {
     Vendita& v = conto.vendita();
+    // Numbers start again every year: a sale saved after midnight is looked up in its own.
+    showVendita(v, 0, v.progressivo(), v.extraProg(), v.giorno().year());
     v.pctSalvata.testo("VENDITA SALVATA, F2 nuova vendita");
     v.pctSalvata.visibile(true);
 }

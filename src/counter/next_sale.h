@@ -4,7 +4,8 @@ class Conto;
 
 // From one sale to the next on the same screen.
 
-// The sale on the screen has just been saved and stays in sight: the screen says so.
+// The sale on the screen has just been saved: it is read back from the books and stays in sight, and the
+// screen says so.
 void mostraVenditaSalvata(Conto& conto);
 
 // A product is about to be entered. After a save it begins a new sale, where the workstation wants that

@@ -105,8 +105,11 @@ void RegistroScontrini::inviata() {
 }
 
 void RegistroScontrini::accettata() {
-    int& attese = mSenzaRisposta > 0 ? mSenzaRisposta : mArretrate;
-    attese = std::max(0, attese - 1);
+    if (mSenzaRisposta > 0) {
+        --mSenzaRisposta;
+    } else {
+        rispostaSenzaCornice();
+    }
     mRisposteAttese = mSenzaRisposta > 0 && std::all_of(mCoda.begin(), mCoda.end(),
                                                         [](const Lotto& l) { return l.daInviare == 0; });
     archiviaInviati();
@@ -119,14 +122,31 @@ void RegistroScontrini::rispostaNascosta() {
 }
 
 void RegistroScontrini::rifiutata() {
-    if (mSenzaRisposta == 0) {
-        mArretrate = std::max(0, mArretrate - 1);
-        return;
-    }
+    if (mSenzaRisposta == 0) return rispostaSenzaCornice();
     segnaInVolo(Esito::Incompleto);
     // With two in flight it is the later one that a retry sends again, whichever was refused.
     mRiprendibile = mSenzaRisposta == 1;
     --mSenzaRisposta;
+    cambiato();
+}
+
+// With one answer too many, each since then was taken for that of the frame behind its own: what the last
+// ones said is known now alone.
+void RegistroScontrini::rispostaSenzaCornice() {
+    if (mArretrate > 0) {
+        --mArretrate;
+        return;
+    }
+    for (Lotto& lotto : mCoda) {
+        if (lotto.iniziato) lotto.guasta(Esito::Dubbio);
+    }
+    for (Voce& voce : mInSospeso) {
+        if (voce.esito == Esito::Stampato) voce.esito = Esito::Dubbio;
+    }
+    for (Voce& voce : std::exchange(mUltimi, {})) {
+        voce.esito = Esito::Dubbio;
+        archivia(std::move(voce));
+    }
     cambiato();
 }
 
@@ -173,6 +193,7 @@ void RegistroScontrini::collegamentoPerso() {
     mSenzaRisposta = 0;
     mArretrate = 0;
     mRisposteAttese = false;
+    mUltimi.clear();
     cambiato();
 }
 
@@ -185,15 +206,17 @@ void RegistroScontrini::segnaInVolo(Esito difetto) {
 
 void RegistroScontrini::archiviaInviati() {
     if (mSenzaRisposta > 0) return;
-    bool finito = false;
-    for (; !mCoda.empty() && mCoda.front().daInviare == 0; finito = true) {
+    const auto finito = [this] { return !mCoda.empty() && mCoda.front().daInviare == 0; };
+    if (!finito()) return;
+    mUltimi.clear();
+    while (finito()) {
         Voce voce = mCoda.front().comeSta();
         if (voce.esito == Esito::InCoda) voce.esito = Esito::Stampato;
         mCoda.pop_front();
         archivia(std::move(voce));
         mInVolo = std::max(mInVolo - 1, -1);
     }
-    if (finito) cambiato();
+    cambiato();
 }
 
 // ---- The list
@@ -212,10 +235,17 @@ void RegistroScontrini::archivia(Voce voce) {
     if (voce.vendita.isEmpty()) return;
     if (voce.salvataggio != 0) {
         mInSospeso.push_back(std::move(voce));
-    } else if (voce.esito != Esito::Stampato) {
+    } else if (voce.esito == Esito::Stampato) {
+        mUltimi.push_back(std::move(voce));
+    } else {
         mMancanti.push_back(std::move(voce));
         if (mMancanti.size() > vociMassime) mMancanti.pop_front();
     }
+}
+
+qsizetype RegistroScontrini::inAttesa() const {
+    return std::count_if(mCoda.begin(), mCoda.end(),
+                         [this](const Lotto& l) { return l.daInviare > 0 || mSenzaRisposta > 0; });
 }
 
 void RegistroScontrini::cambiato() const {
@@ -249,7 +279,7 @@ QString descrizioneEsito(RegistroScontrini::Esito esito) {
         case Esito::Interrotto:
             return "collegamento caduto durante la stampa";
         case Esito::Dubbio:
-            return "manca una risposta: da controllare";
+            return "le risposte non tornano: da controllare";
         case Esito::Stampato:
             return "scontrino stampato";
         case Esito::NonSalvata:

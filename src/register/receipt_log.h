@@ -23,7 +23,7 @@ class RegistroScontrini {
         Annullato,   // thrown away by the operator
         Incompleto,  // a refused command was left out
         Interrotto,  // the link was lost while a command was in flight
-        Dubbio,      // an answer is missing or was not read, or a command went out twice
+        Dubbio,      // an answer is missing, came unasked or was not read, or a command went out twice
         Stampato,    // all went well
         NonSalvata,  // printed or on its way, but the save did not succeed
     };
@@ -57,6 +57,8 @@ class RegistroScontrini {
     void annullate();          // the queue was emptied
     void collegamentoPerso();  // no answer comes any more, and the other side may have lost what it took
 
+    // Receipts that are still to be printed, or of which some frame has no answer yet.
+    qsizetype inAttesa() const;
     // Sales without a good receipt, by time.
     std::vector<Voce> voci() const;
     void osserva(std::function<void()> osservatore) { mOsservatore = std::move(osservatore); }
@@ -78,6 +80,8 @@ class RegistroScontrini {
     // The receipts of which some frame has no answer.
     void segnaInVolo(Esito difetto);
     void archiviaInviati();
+    // An answer came while no frame of the queue waited for one.
+    void rispostaSenzaCornice();
     // An entry out of the queue: listed as far as it must be, once its save has ended.
     void archivia(Voce voce);
     void decidi(Voce voce, bool salvata);
@@ -85,6 +89,7 @@ class RegistroScontrini {
 
     std::deque<Voce> mMancanti;
     std::vector<Voce> mInSospeso;  // out of the queue, or never in it, of saves that have not ended
+    std::vector<Voce> mUltimi;     // not listed, printed by what the last answers said
     std::deque<Lotto> mCoda;
     int mInVolo = -1;              // place in the queue of the receipt whose frame was sent last
     int mSenzaRisposta = 0;        // frames in flight

@@ -4,8 +4,6 @@
 #include <limits>
 #include <utility>
 
-#include <QTimer>
-
 namespace {
 
 constexpr int pausaFraTentativi = 50;  // milliseconds
@@ -14,11 +12,18 @@ constexpr qint64 letturaMassima = 1 << 20;
 
 }  // namespace
 
+PresaTcp::PresaTcp(int durata) {
+    mTermine.setSingleShot(true);
+    mTermine.setInterval(durata);
+    connect(&mTermine, &QTimer::timeout, this, &PresaTcp::chiudi);
+}
+
 PresaTcp::~PresaTcp() {
     chiudi();
 }
 
 void PresaTcp::chiudi() {
+    mTermine.stop();
     if (mPresa == nullptr) return;
     QTcpSocket* presa = std::exchange(mPresa, nullptr);
     presa->disconnect(this);
@@ -34,8 +39,8 @@ void PresaTcp::connetti(const QString& host, int porta) {
     if (porta < 1 || porta > std::numeric_limits<quint16>::max()) return;
     mHost = host;
     mPorta = static_cast<quint16>(porta);
-    mTermine.setRemainingTime(durataTentativo);
     collega(new QTcpSocket(this));
+    mTermine.start();
     bussa();
 }
 
@@ -44,6 +49,7 @@ void PresaTcp::collega(QTcpSocket* presa) {
     presa->setReadBufferSize(letturaMassima);
     connect(presa, &QTcpSocket::connected, this, [this, presa] {
         mConnessa = true;
+        mTermine.stop();
         presa->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         notifica(&Notifiche::connessa);
     });
@@ -60,7 +66,7 @@ void PresaTcp::bussa() {
 }
 
 void PresaTcp::tentativoFallito() {
-    if (mConnessa || mTermine.hasExpired()) return;
+    if (mConnessa) return;
     QTimer::singleShot(pausaFraTentativi, mPresa, [this, presa = mPresa] {
         if (mPresa == presa && presa->state() == QAbstractSocket::UnconnectedState) bussa();
     });

@@ -1,7 +1,9 @@
+#include <atomic>
 #include <csignal>
 #include <map>
 #include <random>
 #include <set>
+#include <sys/time.h>
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -10,28 +12,80 @@
 #include "counter/bring_back.h"
 #include "counter/counter_shop.h"
 #include "counter/recovery_journal.h"
+#include "data/disk.h"
 #include "data/gateway.h"
+#include "data/server_driver.h"
 #include "doubles/child_process.h"
+#include "doubles/kit_di_prova.h"
+#include "sale/gesti.h"
 
-// A shift at the till whose program is killed again and again at a moment of chance. Sale n is n pieces of
-// one product, so that each can be told in the books.
+// A shift at the till whose program is killed again and again at a moment of chance. Sale n begins with n
+// pieces of one product, so that each can be told in the books.
 
 namespace {
 
 constexpr int venditePerGiro = 4;
+// Fewer pieces are those of a sale whose number was still being typed.
+constexpr int primaVendita = 1000;
+// What a row or a save takes on a slow machine; microseconds.
+constexpr int momentoMassimo = 30000;
+constexpr int passiMassimi = 300;
+
+// When a program dies: a moment after so many lines of its account, or at one of its steps.
+struct Morte {
+    int righe = -1;
+    int microsecondi = 1;
+    int passi = 0;
+};
+
+// The process ends at a step of its way to the books or to the disk: just before a statement, or before a
+// file or a name is brought to the disk.
+class UltimoPasso final : public Disco {
+  public:
+    explicit UltimoPasso(int passi) : mPassi(passi) {
+        if (passi < 1) return;
+        impostaDisco(this);
+        sondaIstruzioni() = [this](const QString&) -> std::optional<ErroreServer> {
+            passo();
+            return std::nullopt;
+        };
+    }
+    bool scarica(int file) override {
+        passo();
+        return Disco::scarica(file);
+    }
+    bool scaricaCartellaDi(const QString& file) override {
+        passo();
+        return Disco::scaricaCartellaDi(file);
+    }
+
+  private:
+    void passo() {
+        if (--mPassi == 0) ::kill(::getpid(), SIGKILL);
+    }
+    std::atomic<int> mPassi;
+};
 
 // What happens on the till, told to the test line by line: "R n" when the row of sale n is on the screen and
 // written down, "S n" when its save has ended.
 class Resoconto {
   public:
-    explicit Resoconto(int uscita) : mUscita(uscita) {}
-    void di(char cosa, int vendita) const {
+    Resoconto(int uscita, const Morte& morte) : mUscita(uscita), mMorte(morte) {}
+    void di(char cosa, int vendita) {
         const QByteArray riga = QByteArray(1, cosa) + ' ' + QByteArray::number(vendita) + '\n';
         if (::write(mUscita, riga.constData(), static_cast<size_t>(riga.size())) < 0) _exit(3);
+        if (mMorte.righe-- == 0) muoreTraPoco();
     }
 
   private:
+    // Nothing catches that signal.
+    void muoreTraPoco() const {
+        const itimerval tempo{{}, {0, mMorte.microsecondi}};
+        if (::setitimer(ITIMER_REAL, &tempo, nullptr) != 0) _exit(3);
+    }
+
     int mUscita;
+    Morte mMorte;
 };
 
 // Wants the sales back and every sale as a document of its own; what it is told ends the program as failed.
@@ -40,7 +94,8 @@ class OperatoreDiTurno final : public OperatorPort {
     using OperatorPort::messaggio;
     void messaggio(const QString& testo, Icona, const QString&) override { esci(testo); }
     Risposta domanda(const QString& testo, Pulsanti, Icona) override {
-        return testo == "Riprendere le vendite non salvate?" ? Risposta::Si : Risposta::No;
+        const bool si = testo == "Riprendere le vendite non salvate?" || testo.startsWith("Eliminare ");
+        return si ? Risposta::Si : Risposta::No;
     }
     bool avviso(const Errore& errore) override {
         esci(errore.modulo + ": " + errore.descrizione);
@@ -60,10 +115,13 @@ class OperatoreDiTurno final : public OperatorPort {
 
 class KilledShift : public BancoDiProva {
   protected:
-    KilledShift() { n.cliente(7, "ROSSI"); }
+    KilledShift() {
+        n.cliente(7, "ROSSI");
+        distinta(n, "%KIT", {{n.prodotto({.codice = "B", .listino1 = 5}), 1, 2}});
+    }
 
     // The life of one program: brings back what was open, saves it, and sells on.
-    void lavora(const Resoconto& resoconto, int prima, int ultima) {
+    void lavora(Resoconto& resoconto, int prima, int ultima) {
         OperatoreDiTurno operatore;
         std::vector<std::unique_ptr<ContoDiProva>> schermi;
         impostaFabbricaConti([&](int indice) {
@@ -85,7 +143,7 @@ class KilledShift : public BancoDiProva {
     }
 
     // Four customers at once.
-    void giro(GiornaleVendite& giornale, const Resoconto& resoconto, int vendita) {
+    void giro(GiornaleVendite& giornale, Resoconto& resoconto, int vendita) {
         for (int i = 0; i < venditePerGiro; ++i) {
             ContoDiProva& c = n.apriConto(i);
             if (i == 0) c.tasto(Qt::Key_F2);
@@ -99,6 +157,8 @@ class KilledShift : public BancoDiProva {
             c.digita(QString::number(vendita + i));
             c.tasto(Qt::Key_F6);
             giornale.annota();
+            contorno(c, vendita + i);
+            giornale.annota();
             resoconto.di('R', vendita + i);
         }
         for (int i = 0; i < venditePerGiro; ++i) {
@@ -106,7 +166,28 @@ class KilledShift : public BancoDiProva {
         }
     }
 
-    void salva(GiornaleVendite& giornale, const Resoconto& resoconto, int conto) {
+    // What else is rung up with that sale: nothing, a return, a kit, or a row that is taken off again.
+    static void contorno(ContoDiProva& c, int vendita) {
+        if (vendita % venditePerGiro == 1) return;
+        if (vendita % venditePerGiro == 3) return vendi(c, "%KIT");
+        if (vendita % venditePerGiro == 0) return venditaTolta(c);
+        c.digita("B");
+        c.invio();
+        rendi(c, "2");
+    }
+    static void venditaTolta(ContoDiProva& c) {
+        vendi(c, "B");
+        c.clicRiga(c.vendita().flxVB.ultima());
+        c.tasto(Qt::Key_F9);
+    }
+    // Its rows but the first, in the books.
+    static QStringList righeDiContorno(int vendita) {
+        if (vendita % venditePerGiro == 2) return {"B -2"};
+        if (vendita % venditePerGiro == 3) return {"%KIT 1", "B 1"};
+        return {};
+    }
+
+    void salva(GiornaleVendite& giornale, Resoconto& resoconto, int conto) {
         ContoDiProva& c = n.apriConto(conto);
         const int vendita = static_cast<int>(c.vendita().flxVB.single(1, Colonna::Quantita));
         c.tasto(Qt::Key_F5);
@@ -114,14 +195,16 @@ class KilledShift : public BancoDiProva {
         resoconto.di('S', vendita);
     }
 
-    // Runs a program and kills it after so many lines of its account; never when below 0.
-    void vita(int prima, int ultima, int righe) {
+    // Runs a program that dies then, or does all its work.
+    void vita(int prima, int ultima, const Morte& morte) {
         int tubo[2];
         ASSERT_EQ(::pipe(tubo), 0);
         gAdo.chiudiConnessioniCalde();
         const pid_t figlio = avviaFiglio([&] {
             ::close(tubo[0]);
-            lavora(Resoconto(tubo[1]), prima, ultima);
+            const UltimoPasso passi(morte.passi);
+            Resoconto resoconto(tubo[1], morte);
+            lavora(resoconto, prima, ultima);
             return 0;
         });
         ::close(tubo[1]);
@@ -129,14 +212,16 @@ class KilledShift : public BancoDiProva {
         ASSERT_TRUE(racconto.open(tubo[0], QIODevice::ReadOnly, QFileDevice::AutoCloseHandle));
         for (QByteArray riga = racconto.readLine(); !riga.isEmpty(); riga = racconto.readLine()) {
             ascolta(riga);
-            if (righe-- == 0) ::kill(figlio, SIGKILL);
         }
         const int fine = attendiFiglio(figlio);
-        EXPECT_TRUE(fine == 0 || fine == -SIGKILL) << fine;
+        const bool muore = morte.righe >= 0 || morte.passi > 0;
+        EXPECT_TRUE(muore ? fine == -SIGKILL || fine == -SIGALRM : fine == 0) << fine;
     }
     void ascolta(const QByteArray& riga) {
         const int vendita = riga.mid(2).trimmed().toInt();
+        if (vendita < primaVendita) return;
         mIniziate.insert(vendita);
+        if (riga.startsWith('R')) mIntere.insert(vendita);
         mUltima = std::max(mUltima, vendita);
     }
 
@@ -149,10 +234,33 @@ class KilledShift : public BancoDiProva {
     // The pieces of each sale in the books, as told by the archive.
     std::map<int, int> venditeNeiLibri() const {
         std::map<int, int> volte;
-        for (const QString& pezzi : n.righe("SELECT QUANTITA + 0.0 FROM DettagliMovimento")) {
-            ++volte[static_cast<int>(pezzi.toDouble())];
+        for (const QString& pezzi :
+             n.righe("SELECT QUANTITA + 0.0 FROM DettagliMovimento WHERE CODPRODOTTO = 'A'")) {
+            const int vendita = static_cast<int>(pezzi.toDouble());
+            if (vendita >= primaVendita) ++volte[vendita];
         }
         return volte;
+    }
+
+    QStringList contornoNeiLibri(int vendita) const {
+        QStringList righe;
+        for (const QString& riga : n.righe(
+                 "SELECT CODPRODOTTO, QUANTITA + 0.0 FROM DettagliMovimento WHERE CODPRODOTTO <> 'A' AND "
+                 "FK_MOVIMENTO IN (SELECT FK_MOVIMENTO FROM DettagliMovimento WHERE CODPRODOTTO = 'A' AND "
+                 "QUANTITA = " +
+                 QString::number(vendita) + ") ORDER BY POS")) {
+            righe << riga.section(u'|', 0, 0) + " " + QString::number(riga.section(u'|', 1).toDouble());
+        }
+        return righe;
+    }
+
+    // By turns a moment of chance and a step of chance.
+    static Morte morte(int volta, std::mt19937& caso) {
+        const auto fino = [&](int massimo) {
+            return static_cast<int>(caso() % static_cast<unsigned>(massimo));
+        };
+        if (volta % 2 == 0) return {.righe = fino(20), .microsecondi = 1 + fino(momentoMassimo)};
+        return {.passi = 1 + fino(passiMassimi)};
     }
 
     void turno(int uccisioni, int vendite, unsigned seme) {
@@ -160,14 +268,18 @@ class KilledShift : public BancoDiProva {
         std::mt19937 caso(seme);
         for (int i = 0; i < uccisioni; ++i) {
             const int prima = numeriNuovi();
-            vita(prima, prima + 100 * venditePerGiro, static_cast<int>(caso() % 20));
+            vita(prima, prima + 100 * venditePerGiro, morte(i, caso));
         }
         const int prima = numeriNuovi();
         const int mancano = std::max(0, vendite - static_cast<int>(mIniziate.size()));
-        vita(prima, prima + (mancano / venditePerGiro + 1) * venditePerGiro, -1);
+        vita(prima, prima + (mancano / venditePerGiro + 1) * venditePerGiro, Morte());
         const std::map<int, int> libri = venditeNeiLibri();
         for (const int vendita : mIniziate) {
             EXPECT_EQ(libri.contains(vendita) ? libri.at(vendita) : 0, 1)
+                << "vendita " << vendita << ", seme " << seme;
+        }
+        for (const int vendita : mIntere) {
+            EXPECT_EQ(contornoNeiLibri(vendita), righeDiContorno(vendita))
                 << "vendita " << vendita << ", seme " << seme;
         }
         for (const auto& [vendita, volte] : libri)
@@ -181,9 +293,10 @@ class KilledShift : public BancoDiProva {
     const QString percorso = cartella.path() + "/vendite_aperte.giornale";
 
   private:
-    std::set<int> mIniziate;  // sales whose row had been written down
-    int mUltima = 0;
-    int mPrima = 0;  // the first number of the last round
+    std::set<int> mIniziate;  // sales whose first row had been written down
+    std::set<int> mIntere;    // and all others too
+    int mUltima = primaVendita;
+    int mPrima = primaVendita;  // the first number of the last round
 };
 
 unsigned seme() {

@@ -47,9 +47,10 @@ void OperatoreScritto::messaggio(const QString& testo, Icona icona, const QStrin
 }
 
 OperatorPort::Risposta OperatoreScritto::domanda(const QString& testo, Pulsanti pulsanti, Icona icona) {
-    const QStringList siNo{"Sì", "No"};
-    visti.push_back(
-        {titoloApplicazione(), icona, pulsanti == Pulsanti::SiNo ? siNo : siNo + QStringList{"Annulla"}});
+    QStringList nomi{"Sì", "No"};
+    if (pulsanti == Pulsanti::SiNoAnnulla) nomi << "Annulla";
+    if (pulsanti == Pulsanti::NoSi) nomi.swapItemsAt(0, 1);
+    visti.push_back({titoloApplicazione(), icona, nomi});
     const auto atteso = prendi(Genere::Domanda, testo);
     return atteso ? atteso->risposta : Risposta::No;
 }

@@ -41,7 +41,8 @@ class OperatoreScritto final : public OperatorPort {
     std::vector<int> pause;
     QString attesa;  // the notice of waiting that stands now
     std::vector<Errore> avvisi;
-    // The boxes and questions that came, as the operator saw them: title, icon and buttons.
+    // The boxes and questions that came, as the operator saw them: title, icon and buttons, the one of Enter
+    // first.
     struct Visto {
         QString titolo;
         Icona icona;

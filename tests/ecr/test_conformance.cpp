@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include "ecr/conformance.h"
+#include "ecr/frame_reader.h"
 #include "ecr/simulator.h"
 
 namespace {
@@ -55,14 +56,19 @@ QStringList difettiDelSimulatore(Guasto guasto) {
         .difetti();
 }
 
-// An interface program that does everything right but one thing: how it refuses a frame with a wrong
-// checksum.
+// Each frame's answer, in pieces that go out one after the other.
+using Risponde = std::function<QList<QByteArray>(const QByteArray& cornice)>;
+
+bool sana(const QByteArray& intera) {
+    return intera == "\0020\3" || intera == cornice(intera.mid(1).chopped(3));
+}
+
+// An interface program that does everything right but one thing.
 class ProgrammaSbagliato : public QObject {
   public:
-    // The refusal goes out in these pieces, one after the other; what is asked together is answered together
-    // when `unite`.
-    explicit ProgrammaSbagliato(QList<QByteArray> rifiuto, bool unite = false)
-        : mRifiuto(std::move(rifiuto)), mUnite(unite) {}
+    // What is asked together is answered together when `unite`.
+    explicit ProgrammaSbagliato(Risponde risponde, bool unite = false)
+        : mRisponde(std::move(risponde)), mUnite(unite) {}
 
     int ascolta() {
         connect(&mServer, &QTcpServer::newConnection, this, [this] {
@@ -80,9 +86,8 @@ class ProgrammaSbagliato : public QObject {
         resto += presa->readAll();
         QList<QByteArray> risposte;
         for (qsizetype fine = resto.indexOf('\3'); fine >= 0; fine = resto.indexOf('\3')) {
-            const bool sbagliata = resto.left(fine + 1) == "\2RST48\3";
+            risposte += mRisponde(resto.left(fine + 1));
             resto.remove(0, fine + 1);
-            risposte += sbagliata ? mRifiuto : QList<QByteArray>{"\6"};
         }
         rispondi(presa, mUnite ? QList<QByteArray>{risposte.join()} : risposte);
     }
@@ -97,14 +102,27 @@ class ProgrammaSbagliato : public QObject {
     }
 
     QTcpServer mServer{this};
-    QList<QByteArray> mRifiuto;
+    Risponde mRisponde;
     bool mUnite;
     std::map<QTcpSocket*, QByteArray> mResti;
 };
 
-QStringList difettiDelRifiuto(const QList<QByteArray>& pezzi, bool unite = false) {
-    auto* programma = new ProgrammaSbagliato(pezzi, unite);
+QStringList difettiDi(Risponde risponde, bool unite = false) {
+    auto* programma = new ProgrammaSbagliato(std::move(risponde), unite);
     return FiloDelProgramma(programma, [=] { return programma->ascolta(); }).difetti();
+}
+
+// Of a program that refuses frames with a wrong checksum in this way.
+QStringList difettiDelRifiuto(const QList<QByteArray>& pezzi, bool unite = false) {
+    return difettiDi([=](const QByteArray& intera) { return sana(intera) ? QList<QByteArray>{"\6"} : pezzi; },
+                     unite);
+}
+
+// Of a program that refuses these frames too.
+QStringList difettiDiChiRifiuta(const std::function<bool(const QByteArray& cornice)>& rifiuta) {
+    return difettiDi([=](const QByteArray& intera) {
+        return QList<QByteArray>{sana(intera) && !rifiuta(intera) ? "\6" : "\x15"};
+    });
 }
 
 }  // namespace
@@ -136,6 +154,43 @@ TEST(Conformance, NobodyThereIsSaidOnce) {
     const auto esiti = Conformita(porta, 500).esegui();
     ASSERT_EQ(esiti.size(), 1u);
     EXPECT_EQ(esiti[0].difetto, "nessuno ascolta su 127.0.0.1:" + QString::number(porta));
+}
+
+// ---- What a receipt may hold
+
+TEST(Conformance, RefusalOfAReturnIsSaid) {
+    EXPECT_EQ(difettiDiChiRifiuta([](const QByteArray& c) { return c.contains("\xA4-"); }),
+              QStringList{"a REPPROVA¤RESO DI PROVA¤-1¤1¤1¤22¤ risponde <NAK>"});
+}
+
+TEST(Conformance, RefusalOfAnAccentIsSaid) {
+    const QStringList detti = difettiDiChiRifiuta([](const QByteArray& c) { return c.contains('\xE0'); });
+    ASSERT_EQ(detti.size(), 1);
+    EXPECT_TRUE(detti[0].startsWith("a REPPROVA¤città"));
+}
+
+TEST(Conformance, TotalThatIsHeldAgainstRoundedRowsIsSaid) {
+    EXPECT_EQ(difettiDiChiRifiuta([](const QByteArray& c) { return c.startsWith("\2TOT1.99"); }),
+              QStringList{"a TOT1.99¤ risponde <NAK>"});
+}
+
+TEST(Conformance, RowThatStaysThoughItWasRefusedIsSaid) {
+    int righe = 0;
+    const auto risponde = [&](const QByteArray& intera) {
+        if (intera.startsWith("\2RST")) righe = 0;
+        if (intera.startsWith("\2REP")) ++righe;
+        const bool sbagliato = intera.startsWith("\2TOT3") && righe != 1;
+        return QList<QByteArray>{sana(intera) && !sbagliato ? "\6" : "\x15"};
+    };
+    EXPECT_EQ(difettiDi(risponde), QStringList{"a TOT3¤ risponde <NAK> (dopo una riga rifiutata)"});
+}
+
+TEST(Conformance, SilenceAfterANullIsSaid) {
+    const auto risponde = [](const QByteArray& intera) {
+        if (intera.contains("Null")) return QList<QByteArray>();
+        return QList<QByteArray>{sana(intera) ? "\6" : "\x15"};
+    };
+    EXPECT_EQ(difettiDi(risponde), QStringList{"nessuna risposta a una riga con un campo Null"});
 }
 
 // ---- How a frame is refused

@@ -164,14 +164,45 @@ TEST_F(SimulatorTest, PortThatIsTakenIsSaid) {
     EXPECT_FALSE(altro.ascolta(simulatore.porta()));
 }
 
-TEST(Journal, EachReceiptIsAFileAndNumbersGoOn) {
+namespace {
+
+class Journal : public testing::Test {
+  protected:
+    Journal() {
+        s.numero = 41;
+        s.ora = QDateTime(QDate(2026, 3, 16), QTime(10, 30));
+    }
+    QString contenuto(const QString& nome) const {
+        QFile file(cartella.path() + "/Scontrini/" + nome);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
     const QTemporaryDir cartella;
-    const Giornale giornale(cartella.path() + "/Scontrini");
-    EXPECT_EQ(giornale.prossimoNumero(), 1);
+    const Giornale giornale{cartella.path() + "/Scontrini"};
     Scontrino s;
-    s.numero = 41;
-    s.ora = QDateTime(QDate(2026, 3, 16), QTime(10, 30));
+};
+
+}  // namespace
+
+TEST_F(Journal, EachReceiptIsAFileAndNumbersGoOn) {
+    EXPECT_EQ(giornale.prossimoNumero(), 1);
     ASSERT_TRUE(giornale.scrivi(s));
     EXPECT_TRUE(QFile::exists(cartella.path() + "/Scontrini/2026-03-16_0041.txt"));
     EXPECT_EQ(giornale.prossimoNumero(), 42);
+}
+
+// Two that begin together count alike.
+TEST_F(Journal, ReceiptOfAnotherSimulatorWithTheSameNumberIsKept) {
+    for (const char* descrizione : {"Vite", "Colla", "Filo"}) {
+        s.righe = {{"A", descrizione, 1, Currency::daIntero(1), "22"}};
+        ASSERT_TRUE(giornale.scrivi(s));
+    }
+    EXPECT_TRUE(contenuto("2026-03-16_0041.txt").contains("Vite"));
+    EXPECT_TRUE(contenuto("2026-03-16_0041-2.txt").contains("Colla"));
+    EXPECT_TRUE(contenuto("2026-03-16_0041-3.txt").contains("Filo"));
+    EXPECT_EQ(giornale.prossimoNumero(), 42);
+}
+
+TEST_F(Journal, FolderThatCannotBeMadeIsSaid) {
+    EXPECT_FALSE(Giornale("/dev/null/Scontrini").scrivi(s));
 }

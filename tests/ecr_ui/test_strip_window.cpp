@@ -63,6 +63,16 @@ TEST_F(StripWindow, FaultThatHasPassedIsShownAsPassed) {
     EXPECT_EQ(finestra.findChild<QComboBox*>("cmbGuasto")->currentText(), "Funziona");
 }
 
+TEST_F(StripWindow, WarningStandsBesideTheStateUntilItIsTakenBack) {
+    auto* stato = finestra.findChild<QLabel*>("lblStato");
+    finestra.avviso("Disco pieno");
+    EXPECT_EQ(stato->text(), "In attesa della cassa\nDisco pieno");
+    emit simulatore.collegato(true);
+    EXPECT_EQ(stato->text(), "Collegato con la cassa\nDisco pieno");
+    finestra.avviso({});
+    EXPECT_EQ(stato->text(), "Collegato con la cassa");
+}
+
 TEST_F(StripWindow, ConnectionIsSaid) {
     auto* stato = finestra.findChild<QLabel*>("lblStato");
     EXPECT_EQ(stato->text(), "In attesa della cassa");

@@ -17,10 +17,20 @@ void pretendi(bool vero) {
     if (!vero) std::abort();
 }
 
+// Answers stand in a text when one begins somewhere in it.
+void provaSeguito(const QString& testo) {
+    bool risposta = false;
+    for (const QChar c : testo) {
+        risposta = risposta || genereRisposta(c) != GenereRisposta::Ignota;
+    }
+    pretendi(contieneRisposte(testo) == risposta);
+}
+
 void provaRisposta(const QString& pezzo) {
     const GenereRisposta genere = genereRisposta(pezzo);
     pretendi(genere != GenereRisposta::Ignota ||
              (!pezzo.startsWith(mACK) && !pezzo.startsWith(mNAK) && !pezzo.startsWith(mSTX)));
+    provaSeguito(pezzo);
     if (!comandoErrore(pezzo)) return;
     try {
         const ErroreRegCassa errore = leggiErrore(pezzo);

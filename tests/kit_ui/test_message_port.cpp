@@ -108,6 +108,12 @@ TEST(MessagePort, EnterIsTheFirstButton) {
     EXPECT_EQ(domandaCon(Pulsanti::SiNoAnnulla, tasto(Qt::Key_Return)), Risposta::Si);
 }
 
+TEST(MessagePort, EnterRefusesWhatIsBetterNotDone) {
+    EXPECT_EQ(domandaCon(Pulsanti::NoSi, tasto(Qt::Key_Return)), Risposta::No);
+    EXPECT_EQ(domandaCon(Pulsanti::NoSi, pulsante("cmdSi")), Risposta::Si);
+    EXPECT_EQ(domandaCon(Pulsanti::NoSi, tasto(Qt::Key_Escape)), Risposta::No);
+}
+
 TEST(MessagePort, EscapeIsTheRefusal) {
     EXPECT_EQ(domandaCon(Pulsanti::SiNo, tasto(Qt::Key_Escape)), Risposta::No);
     EXPECT_EQ(domandaCon(Pulsanti::SiNoAnnulla, tasto(Qt::Key_Escape)), Risposta::Annulla);

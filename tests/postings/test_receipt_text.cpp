@@ -5,6 +5,7 @@
 #include "postings/receipt_text.h"
 #include "postings/save_sale.h"
 #include "register/register_link.h"
+#include "sale/document_info.h"
 
 namespace {
 
@@ -95,6 +96,17 @@ TEST_F(ReceiptText, WhatIsNoNumberIsNull) {
     EXPECT_EQ(testo.chiudi(), "REPA¤B¤1¤1.22¤1¤Null¤¥TOT1.22¤");
 }
 
+TEST_F(ReceiptText, EmptyCellIsNullAndCountsAsNothing) {
+    riga({.quantita = ""});
+    riga({.aliquota = ""});
+    EXPECT_EQ(testo.chiudi(), "REPA¤B¤Null¤1.22¤1¤22¤¥REPA¤B¤1¤1.22¤1¤Null¤¥TOT1.22¤");
+}
+
+TEST_F(ReceiptText, ThousandthsOfAQuantityAreKept) {
+    riga({.quantita = "1,125"});
+    EXPECT_EQ(testo.chiudi(), "REPA¤B¤1.125¤1.22¤1¤22¤¥TOT1.37¤");
+}
+
 TEST_F(ReceiptText, MarksInATextStandAsTheyAre) {
     riga({.codice = "A¤1", .descrizione = "B¥2 'x'"});
     EXPECT_EQ(testo.chiudi(), "REPA¤1¤B¥2 'x'¤1¤1.22¤1¤22¤¥TOT1.22¤");
@@ -121,6 +133,22 @@ TEST_F(Receipt, SaleIsSentAsOneText) {
     vendi(c, "B", "3");
     ASSERT_TRUE(salvaERilegge(v));
     EXPECT_EQ(registratore.scontrini, QStringList{"REPA¤A¤2¤12.2¤1¤22¤¥REPB¤Biscotti¤3¤5.5¤1¤10¤¥TOT40.9¤"});
+}
+
+TEST_F(Receipt, FreeRowIsSentLikeAnyOther) {
+    n.prodotto({.codice = "/LAV", .listino1 = 5, .descrizione = "Lavoro"});
+    vendi(c, "/LAV", "2");
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(registratore.scontrini, QStringList{"REP/LAV¤Lavoro¤2¤6.1¤1¤22¤¥TOT12.2¤"});
+}
+
+// By then the VAT is that of the cost, 6,00, and the net price that of the sale.
+TEST_F(Receipt, TransferIsSentAsItsColumnsStand) {
+    gTipoDocVb = 6;
+    setInfoDocumento(v, 6);
+    vendi(c, "A", "2");
+    ASSERT_TRUE(salvaVendita(v, false, -1));
+    EXPECT_EQ(registratore.scontrini, QStringList{"REPA¤A¤2¤11.32¤1¤22¤¥TOT22.64¤"});
 }
 
 TEST_F(Receipt, LeavesBeforeTheCommit) {

@@ -126,6 +126,24 @@ TEST_F(FaultRuns, AnswerBeforeItsFrameIsAnEmptySend) {
     EXPECT_TRUE(diventa([&] { return finito() && peer.cornici().size() == 3; }));
 }
 
+// Each answer is taken for that of the frame before: the refused total seems to come after the end.
+TEST_F(FaultRuns, AnswerTooManyLeavesTheReceiptListedWhoseTotalWasRefused) {
+    connetti();
+    dialoghi.attendi(DialoghiRegCassa::Riprova);
+    peer.risposta = [](const QByteArray&) { return QByteArray(); };
+    vende();
+    for (int cornici = 1; cornici <= 3; ++cornici) {
+        ASSERT_TRUE(diventa([&] { return peer.cornici().size() == cornici; }));
+        peer.manda("\6");  // the first one unasked, the others to the frame before
+    }
+    ASSERT_TRUE(diventa([&] { return finito(); }));
+    EXPECT_EQ(senzaScontrino(), QStringList());
+    peer.manda(PeerDiProva::errore("05", "Carta finita"));
+    ASSERT_TRUE(diventa([&] { return dialoghi.esauriti(); }));
+    ASSERT_EQ(senzaScontrino().size(), 1);
+    EXPECT_TRUE(senzaScontrino().first().endsWith("le risposte non tornano: da controllare"));
+}
+
 TEST_F(FaultRuns, NakStormOnASingleConnectionIsAnsweredAndEnds) {
     connetti();
     peer.risposta = [](const QByteArray&) { return QByteArray(2000, '\x15'); };
@@ -192,7 +210,10 @@ TEST_F(FaultRuns, PortWhereNobodyListensIsSilent) {
     peer.chiudi();
     link.connetti();
     vende();
+    lasciaArrivare(10);
     EXPECT_FALSE(link.statoConnessione());
+    EXPECT_EQ(link.monitor.testo(), "");
+    EXPECT_EQ(dialoghi.descrizioni, QStringList());
 }
 
 TEST_F(FaultRuns, PeerThatComesBackIsConnectedByHand) {

@@ -11,7 +11,7 @@ class Frames : public testing::Test {
   protected:
     Frames() {
         gErr.impostaSegnalazioneEsterna(
-            [this](const cError::Errore& e) { errori << QString::number(e.numero); });
+            [this](const cError::Errore& e) { errori << e.modulo + ": " + QString::number(e.numero); });
     }
     ~Frames() override { gErr.impostaSegnalazioneEsterna({}); }
     QStringList errori;
@@ -46,7 +46,7 @@ TEST_F(Frames, ChecksumCountsBytesOfTheWiresCodePage) {
 
 TEST_F(Frames, ChecksumBeyond32BitsIsReported) {
     EXPECT_EQ(getCKS(QString(8421505, QChar(0xFF))), "");
-    EXPECT_EQ(errori, QStringList{"6"});
+    EXPECT_EQ(errori, QStringList{"frmRegCassa.getCKS: 6"});
 }
 
 TEST_F(Frames, ReceiptOfTheExampleGoesOutInThreeFrames) {
@@ -95,7 +95,7 @@ TEST_F(Frames, PositionBeyond16BitsIsReported) {
     EXPECT_EQ(getPosEOB(QString(32766, u'x') + mETX), 0);
     EXPECT_TRUE(errori.isEmpty());
     EXPECT_EQ(getPosEOB(QString(32767, u'x') + mETX), 0);
-    EXPECT_EQ(errori, QStringList{"6"});
+    EXPECT_EQ(errori, QStringList{"frmRegCassa.getPosEOB: 6"});
 }
 
 TEST_F(Frames, MarksHaveNames) {

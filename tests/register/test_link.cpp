@@ -132,6 +132,27 @@ TEST_F(Link, BodyWithAMarkBreaksItsFrame) {
     EXPECT_EQ(peer.guaste().size(), 2);
 }
 
+// The other side waits for ETX: it sees one frame, and the pump has made two of it.
+TEST_F(Link, BodyWithAnAnswersByteIsCutThere) {
+    peer.risposta = [](const QByteArray&) { return QByteArray(); };
+    for (const char* segno : {"\x06", "\x15"}) {
+        connetti();
+        peer.dimentica();
+        link.sendData("REPa" + QString(segno) + "b¥TOT1");
+        ASSERT_TRUE(diventa([&] { return peer.ricevuti() == reset; }));
+        peer.manda("\6");
+        const QByteArray mezza = QByteArray("\2REPa") + segno;
+        ASSERT_TRUE(diventa([&] { return peer.ricevuti() == reset + mezza; }));
+        EXPECT_EQ(peer.cornici().size(), 1);
+        peer.manda("\6");
+        ASSERT_TRUE(diventa([&] { return peer.cornici().size() == 2; }));
+        EXPECT_TRUE(peer.cornici().last().startsWith("REPa" + QString(segno) + "b"));
+        link.annullaOperazioni();
+        peer.riaggancia();
+        ASSERT_TRUE(diventa([&] { return !link.statoConnessione(); }));
+    }
+}
+
 TEST_F(Link, FrameOfTenThousandCharactersStopsThePump) {
     connetti();
     link.sendData("REP" + QString(10000, u'x') + "¥TOT1");

@@ -287,9 +287,9 @@ TEST_F(ReceiptLog, ReceiptsThatOverlapAreInDoubtWhenAnAnswerIsMissing) {
     r.salvataggioConcluso(true);
     r.inviata();
     r.accettata();
-    EXPECT_EQ(voci(),
-              (QStringList{"A: manca una risposta: da controllare", "B: manca una risposta: da controllare",
-                           "C: manca una risposta: da controllare"}));
+    EXPECT_EQ(voci(), (QStringList{"A: le risposte non tornano: da controllare",
+                                   "B: le risposte non tornano: da controllare",
+                                   "C: le risposte non tornano: da controllare"}));
 }
 
 // The answer to the last frame of B comes when the first one of C is on its way.
@@ -307,7 +307,7 @@ TEST_F(ReceiptLog, ReceiptThatTakesALateAnswerForItsOwnIsInDoubt) {
     r.accettata();  // the late one
     r.inviata();
     r.accettata();  // of the first frame: the second one has none
-    EXPECT_EQ(voci().last(), "C: manca una risposta: da controllare");
+    EXPECT_EQ(voci().last(), "C: le risposte non tornano: da controllare");
 }
 
 TEST_F(ReceiptLog, LateAnswerThatComesBeforeTheNextReceiptPutsNobodyInDoubt) {
@@ -320,7 +320,7 @@ TEST_F(ReceiptLog, LateAnswerThatComesBeforeTheNextReceiptPutsNobodyInDoubt) {
     r.salvataggioConcluso(true);
     invia(1);
     r.accettata();
-    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
+    EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
 }
 
 TEST_F(ReceiptLog, ReceiptBehindACancelWithAFrameInFlightIsInDoubt) {
@@ -332,7 +332,8 @@ TEST_F(ReceiptLog, ReceiptBehindACancelWithAFrameInFlightIsInDoubt) {
     r.salvataggioConcluso(true);
     r.inviata();
     r.accettata();  // of the frame of A
-    EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: manca una risposta: da controllare"}));
+    EXPECT_EQ(voci(),
+              (QStringList{"A: annullato dall'operatore", "B: le risposte non tornano: da controllare"}));
 }
 
 TEST_F(ReceiptLog, ReceiptBehindANewConnectionTakesNoLateAnswer) {
@@ -361,8 +362,8 @@ TEST_F(ReceiptLog, AnswersThatCameTogetherLeaveNoneMissingForTheNextReceipt) {
     r.salvataggioConcluso(true);
     r.inviata();
     r.accettata();
-    EXPECT_EQ(voci(), (QStringList{"A: manca una risposta: da controllare",
-                                   "B: manca una risposta: da controllare"}));
+    EXPECT_EQ(voci(), (QStringList{"A: le risposte non tornano: da controllare",
+                                   "B: le risposte non tornano: da controllare"}));
 }
 
 TEST_F(ReceiptLog, AnswerThatWasNotReadLeavesTheReceiptInDoubt) {
@@ -371,7 +372,7 @@ TEST_F(ReceiptLog, AnswerThatWasNotReadLeavesTheReceiptInDoubt) {
     r.inviata();
     r.rispostaNascosta();
     r.accettata();
-    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
+    EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
 }
 
 TEST_F(ReceiptLog, RetryOfOneOfTwoFramesInFlightLeavesBothReceiptsListed) {
@@ -387,7 +388,7 @@ TEST_F(ReceiptLog, RetryOfOneOfTwoFramesInFlightLeavesBothReceiptsListed) {
     r.accettata();
     r.accettata();
     EXPECT_EQ(voci(), (QStringList{"A: un comando rifiutato non è stato ripreso",
-                                   "B: manca una risposta: da controllare"}));
+                                   "B: le risposte non tornano: da controllare"}));
 }
 
 TEST_F(ReceiptLog, FrameThatIsRetriedTwiceLeavesTheReceiptInDoubt) {
@@ -401,7 +402,7 @@ TEST_F(ReceiptLog, FrameThatIsRetriedTwiceLeavesTheReceiptInDoubt) {
     }
     r.accettata();
     r.accettata();
-    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
+    EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
 }
 
 // While it waits the operator goes on selling: the last frame is soon another one.
@@ -415,7 +416,7 @@ TEST_F(ReceiptLog, RetryThatSendsAnotherFrameThanTheRefusedOneLeavesTheReceiptIn
     r.inviata();
     r.accettata();
     r.accettata();
-    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
+    EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
 }
 
 TEST_F(ReceiptLog, FrameRetriedBehindACancelBelongsToNoLaterReceipt) {
@@ -447,7 +448,98 @@ TEST_F(ReceiptLog, AnswerToAFrameRetriedBehindACancelMayBeTakenForALaterReceipt)
     r.salvataggioConcluso(true);
     r.inviata();
     r.accettata();
-    EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: manca una risposta: da controllare"}));
+    EXPECT_EQ(voci(),
+              (QStringList{"A: annullato dall'operatore", "B: le risposte non tornano: da controllare"}));
+}
+
+// ---- Answers that nobody waited for
+
+// The first answer was one too many: what comes behind the end is that of the total.
+TEST_F(ReceiptLog, AnswerTooManyInMidReceiptPutsItInDoubtWhenTheTotalIsAnswered) {
+    for (const bool rifiutato : {false, true}) {
+        RegistroScontrini altro;
+        std::swap(r, altro);
+        consegna("A", 3);
+        r.salvataggioConcluso(true);
+        invia(3);
+        r.accettata();
+        EXPECT_EQ(voci(), QStringList());
+        rifiutato ? r.rifiutata() : r.accettata();
+        EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"}) << rifiutato;
+    }
+}
+
+TEST_F(ReceiptLog, RefusalThatNobodyAskedForLeavesTheRetriedReceiptInDoubt) {
+    consegna("A", 3);
+    r.salvataggioConcluso(true);
+    invia(2);
+    r.rifiutata();  // comes before the answer
+    r.ripresa();
+    r.inviata();
+    r.accettata();
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList());
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
+}
+
+TEST_F(ReceiptLog, AnswerTooManyBehindReceiptsThatOverlapPutsAllOfThemInDoubt) {
+    for (const char* vendita : {"A", "B"}) {
+        consegna(vendita, 1);
+        r.salvataggioConcluso(true);
+        r.inviata();
+    }
+    r.accettata();
+    r.accettata();
+    r.accettata();
+    EXPECT_EQ(voci(), (QStringList{"A: le risposte non tornano: da controllare",
+                                   "B: le risposte non tornano: da controllare"}));
+}
+
+TEST_F(ReceiptLog, AnswerTooManyPutsOnlyTheLastReceiptInDoubtAndOnlyOnce) {
+    for (const char* vendita : {"A", "B"}) {
+        consegna(vendita, 1);
+        r.salvataggioConcluso(true);
+        r.inviata();
+        r.accettata();
+    }
+    r.accettata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"B: le risposte non tornano: da controllare"});
+}
+
+TEST_F(ReceiptLog, SecondRefusalOfOneFrameCannotBeMadeGood) {
+    consegna("A", 2);
+    r.salvataggioConcluso(true);
+    invia(2);
+    r.rifiutata();
+    r.rifiutata();
+    r.ripresa();
+    r.inviata();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
+}
+
+TEST_F(ReceiptLog, AnswerTooManyPutsASaleOfWhichNobodyKnowsInDoubtToo) {
+    consegna("A", 1);
+    r.inviata();
+    const int numero = r.salvataggioIncerto();
+    r.accettata();
+    r.accettata();
+    r.chiarisci(numero, true);
+    EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
+}
+
+// A program that greets: what it says belongs to no frame of the connection before.
+TEST_F(ReceiptLog, AnswerOnANewConnectionPutsNobodyInDoubt) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    r.accettata();
+    r.collegamentoPerso();
+    r.accettata();
+    EXPECT_EQ(voci(), QStringList());
 }
 
 // ---- A cancel while receipts overlap
@@ -462,7 +554,8 @@ TEST_F(ReceiptLog, CancelLeavesAReceiptThatWasSentToItsEndInDoubt) {
     r.accettata();
     r.rifiutata();
     r.annullate();
-    EXPECT_EQ(voci(), (QStringList{"A: manca una risposta: da controllare", "B: annullato dall'operatore"}));
+    EXPECT_EQ(voci(),
+              (QStringList{"A: le risposte non tornano: da controllare", "B: annullato dall'operatore"}));
 }
 
 TEST_F(ReceiptLog, CancelKeepsAPrintedReceiptOfASaleThatWasRolledBack) {
@@ -496,5 +589,5 @@ TEST_F(ReceiptLog, CancelOnAnotherScreenLeavesARetriedLastFrameInDoubt) {
     r.ripresa();
     r.inviata();
     r.annullate();
-    EXPECT_EQ(voci(), QStringList{"A: manca una risposta: da controllare"});
+    EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
 }

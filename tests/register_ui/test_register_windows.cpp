@@ -12,6 +12,7 @@
 
 #include "core/clock.h"
 #include "core/globals.h"
+#include "doubles/operatore_scritto.h"
 #include "kit_ui/modal.h"
 #include "register/fake_socket.h"
 #include "register/interface_link.h"
@@ -308,9 +309,24 @@ TEST_F(RegisterWindows, HideAndTheCloseBoxLeaveTheLinkAlive) {
 }
 
 TEST_F(RegisterWindows, TitleNamesTheRegister) {
+    OperatoreScritto operatore;
+    gRegCassa = "Prova";
+    link.startMe(operatore, [](const QString&) { return true; });
+    ripristinaGlobali();
     frmRegCassa finestra(link);
     finestra.mostra();
-    EXPECT_EQ(finestra.windowTitle(), "Interfaccia Registratore di Cassa:");
+    EXPECT_EQ(finestra.windowTitle(), "Interfaccia Registratore di Cassa: Prova");
+}
+
+TEST_F(RegisterWindows, CaretFollowsTheLastLineOfTheMonitor) {
+    frmRegCassa finestra(link);
+    finestra.mostra();
+    auto* monitor = finestra.findChild<QPlainTextEdit*>("txtMonitor");
+    for (int i = 0; i < 3; ++i) {
+        monitor->moveCursor(QTextCursor::Start);
+        link.monitor.scriviMonitor("INF: riga " + QString::number(i), true);
+        EXPECT_TRUE(monitor->textCursor().atEnd());
+    }
 }
 
 TEST_F(RegisterWindows, SalesWithoutAReceiptAreListed) {

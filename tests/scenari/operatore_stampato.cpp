@@ -36,7 +36,7 @@ OperatorPort::Risposta OperatoreStampato::domanda(const QString& testo, Pulsanti
     if (mRisposte.empty() || mRisposte.front().domanda != riga) {
         sbagliata = true;
         mRighe << "  DOMANDA INATTESA: " + riga;
-        return pulsanti == Pulsanti::SiNo ? Risposta::No : Risposta::Annulla;
+        return pulsanti == Pulsanti::SiNoAnnulla ? Risposta::Annulla : Risposta::No;
     }
     const Risposta risposta = mRisposte.front().risposta;
     mRisposte.pop_front();

@@ -80,7 +80,8 @@ QString testoAiuto() {
     QString testo =
         "prgECRSimulatore: un registratore di cassa simulato, per prove e dimostrazioni.\n\n"
         "  --porta N          ascolta su 127.0.0.1:N, da 1 a 32767 (altrimenti la porta delle impostazioni)\n"
-        "  --giornale CARTELLA  dove scrive gli scontrini (altrimenti \"Scontrini\" accanto al programma)\n"
+        "  --giornale CARTELLA  dove scrive gli scontrini (altrimenti \"Scontrini\" accanto al programma o,\n"
+        "                     se lì non si può scrivere, in $XDG_DATA_HOME/Bottegon)\n"
         "  --senza-finestra   non mostra la striscia\n"
         "  --guasto NOME      si comporta male; --una-volta: solo al primo comando\n"
         "  --collega          diventa il registratore di questo utente, se non ne ha uno\n"

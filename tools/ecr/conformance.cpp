@@ -16,6 +16,29 @@ const QByteArray riga(
     "1\xA4"
     "22\xA4");
 const QByteArray totale("TOT3\xA4");
+// The till rounds the sum of the rows, 1.985, and no row of it.
+const QByteArray rigaFrazione(
+    "REPPROVA\xA4"
+    "citt\xE0 \x80\xA4"
+    "1.5\xA4"
+    "1.99\xA4"
+    "1\xA4"
+    "22\xA4");
+const QByteArray rigaReso(
+    "REPPROVA\xA4"
+    "RESO DI PROVA\xA4"
+    "-1\xA4"
+    "1\xA4"
+    "1\xA4"
+    "22\xA4");
+const QByteArray totaleMisto("TOT1.99\xA4");
+const QByteArray rigaNulla(
+    "REPPROVA\xA4"
+    "RIGA DI PROVA\xA4"
+    "Null\xA4"
+    "1.5\xA4"
+    "1\xA4"
+    "Null\xA4");
 constexpr int attesaSilenzio = 300;  // milliseconds
 constexpr int giriDueInsieme = 3;
 const QByteArray inizioErrore(
@@ -60,12 +83,23 @@ class Prove {
         return venuti.isEmpty() ? QString() : "manda senza essere interrogato: " + leggibile(venuti);
     }
     QString scontrino() {
-        for (const QByteArray& comando : {QByteArray("RST"), riga, totale}) {
-            mCassa.manda(cornice(comando));
-            const QString difetto = vuoleAck(comando);
-            if (!difetto.isEmpty()) return difetto;
-        }
-        return tace();
+        const QString difetto = accetta({"RST", riga, totale});
+        return difetto.isEmpty() ? tace() : difetto;
+    }
+    QString scontrinoMisto() { return accetta({"RST", rigaFrazione, rigaReso, totaleMisto}); }
+    QString senzaEffetto() {
+        QString difetto = accetta({"RST", riga});
+        if (!difetto.isEmpty()) return difetto;
+        mCassa.manda(cornice(riga).chopped(2) + "x\x03");
+        if (leggi().genere == Risposta::Ack) return "accetta una riga con il checksum sbagliato";
+        difetto = accetta({totale});
+        return difetto.isEmpty() ? difetto : difetto + " (dopo una riga rifiutata)";
+    }
+    QString campoNullo() {
+        const QString difetto = accetta({"RST"});
+        if (!difetto.isEmpty()) return difetto;
+        mCassa.manda(cornice(rigaNulla));
+        return vuoleRisposta("una riga con un campo Null");
     }
     QString byteAByte() {
         for (const char c : cornice("RST")) {
@@ -97,12 +131,8 @@ class Prove {
         return vuoleRisposta("una cornice vuota");
     }
     QString ricomincia() {
-        for (const QByteArray& comando : {QByteArray("RST"), riga, QByteArray("RST"), riga, totale}) {
-            mCassa.manda(cornice(comando));
-            const QString difetto = vuoleAck(comando);
-            if (!difetto.isEmpty()) return difetto + " (RST in mezzo a uno scontrino)";
-        }
-        return {};
+        const QString difetto = accetta({"RST", riga, "RST", riga, totale});
+        return difetto.isEmpty() ? difetto : difetto + " (RST in mezzo a uno scontrino)";
     }
     QString ritorna() {
         mCassa.manda("\x02REPmezza");
@@ -131,6 +161,15 @@ class Prove {
         if (byte == nak) return {Risposta::Rifiuto, byte};
         if (!byte.startsWith(inizioErrore)) return {Risposta::Altra, byte};
         return {Risposta::Rifiuto, byte, difettoErrore(byte, mCassa.inPezzi())};
+    }
+    // One command after the other; what is wrong with the first that is not taken.
+    QString accetta(const QList<QByteArray>& comandi) {
+        for (const QByteArray& comando : comandi) {
+            mCassa.manda(cornice(comando));
+            const QString difetto = vuoleAck(comando);
+            if (!difetto.isEmpty()) return difetto;
+        }
+        return {};
     }
     QString vuoleAck(const QByteArray& cosa) {
         const Risposta risposta = leggi();
@@ -163,9 +202,12 @@ constexpr Voce elenco[] = {
     {"Ascolta su 127.0.0.1", &Prove::ascolta},
     {"Tace finché non riceve nulla", &Prove::tace},
     {"Accetta uno scontrino, un ACK per cornice", &Prove::scontrino},
+    {"Accetta un reso, una frazione e caratteri accentati", &Prove::scontrinoMisto},
     {"Accetta una cornice che arriva un byte per volta", &Prove::byteAByte},
     {"Risponde a ciascuna di due cornici arrivate insieme, una risposta dopo l'altra", &Prove::dueInsieme},
     {"Rifiuta un checksum sbagliato", &Prove::controlloSbagliato},
+    {"Non tiene nulla di una riga rifiutata", &Prove::senzaEffetto},
+    {"Risponde a una riga con un campo Null", &Prove::campoNullo},
     {"Risponde a un comando sconosciuto", &Prove::comandoIgnoto},
     {"Risponde a una cornice vuota", &Prove::corniceVuota},
     {"Ricomincia da capo con RST", &Prove::ricomincia},

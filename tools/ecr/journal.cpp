@@ -3,7 +3,15 @@
 #include <algorithm>
 
 #include <QDir>
-#include <QSaveFile>
+#include <QFile>
+
+namespace {
+
+bool scriviTutto(QFile& file, const QByteArray& testo) {
+    return file.write(testo) == testo.size() && file.flush();
+}
+
+}  // namespace
 
 int Giornale::prossimoNumero() const {
     int ultimo = 0;
@@ -13,14 +21,19 @@ int Giornale::prossimoNumero() const {
     return ultimo + 1;
 }
 
-QString Giornale::percorso(const Scontrino& scontrino) const {
+QString Giornale::percorso(const Scontrino& scontrino, const QString& copia) const {
     return mCartella + "/" + scontrino.ora.toString("yyyy-MM-dd") + "_" +
-           QString::number(scontrino.numero).rightJustified(4, u'0') + ".txt";
+           QString::number(scontrino.numero).rightJustified(4, u'0') + copia + ".txt";
 }
 
 bool Giornale::scrivi(const Scontrino& scontrino) const {
     QDir().mkpath(mCartella);
-    QSaveFile file(percorso(scontrino));
-    return file.open(QIODevice::WriteOnly) &&
-           file.write((striscia(scontrino).join(u'\n') + u'\n').toUtf8()) > 0 && file.commit();
+    QFile file(percorso(scontrino));
+    for (int copia = 2; !file.open(QIODevice::WriteOnly | QIODevice::NewOnly); ++copia) {
+        if (!file.exists()) return false;
+        file.setFileName(percorso(scontrino, "-" + QString::number(copia)));
+    }
+    if (scriviTutto(file, (striscia(scontrino).join(u'\n') + u'\n').toUtf8())) return true;
+    file.remove();
+    return false;
 }

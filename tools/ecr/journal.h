@@ -11,9 +11,10 @@ class Giornale {
 
     // The number after the highest one in the folder.
     int prossimoNumero() const;
-    // False when the file cannot be written.
+    // Never over a file that is there: another simulator's receipt of that number keeps its name, and this
+    // one gets "-2" behind its own. False when the file cannot be written.
     bool scrivi(const Scontrino& scontrino) const;
-    QString percorso(const Scontrino& scontrino) const;
+    QString percorso(const Scontrino& scontrino, const QString& copia = {}) const;
 
   private:
     QString mCartella;

@@ -49,6 +49,8 @@ class Riquadro {
         return pulsante;
     }
 
+    void preferisce(QPushButton* pulsante) { mRiquadro.setDefaultButton(pulsante); }
+
     const QAbstractButton* chiede() {
         const FrecciaNormale freccia;
         mRiquadro.exec();
@@ -76,12 +78,13 @@ void QtOperatorPort::messaggio(const QString& testo, Icona icona, const QString&
 OperatorPort::Risposta QtOperatorPort::domanda(const QString& testo, Pulsanti pulsanti, Icona icona) {
     Riquadro riquadro(finestra(), testo, icona, titoloApplicazione());
     const QAbstractButton* si = riquadro.aggiungi("Sì", "cmdSi", QMessageBox::YesRole);
-    const QAbstractButton* no = riquadro.aggiungi("No", "cmdNo", QMessageBox::NoRole);
+    QPushButton* no = riquadro.aggiungi("No", "cmdNo", QMessageBox::NoRole);
     if (pulsanti == Pulsanti::SiNoAnnulla)
         riquadro.aggiungi("Annulla", "cmdAnnulla", QMessageBox::RejectRole);
+    if (pulsanti == Pulsanti::NoSi) riquadro.preferisce(no);
     const QAbstractButton* scelto = riquadro.chiede();
     if (scelto == si) return Risposta::Si;
-    return scelto == no || pulsanti == Pulsanti::SiNo ? Risposta::No : Risposta::Annulla;
+    return scelto == no || pulsanti != Pulsanti::SiNoAnnulla ? Risposta::No : Risposta::Annulla;
 }
 
 bool QtOperatorPort::avviso(const Errore& errore) {

@@ -36,17 +36,17 @@ int eseguiSimulatore(const ArgomentiEcr& argomenti) {
         return EXIT_FAILURE;
     }
     simulatore.guasto(argomenti.guasto, argomenti.unaVolta);
+    std::unique_ptr<FinestraStriscia> finestra;
+    if (argomenti.finestra) finestra = std::make_unique<FinestraStriscia>(simulatore);
     QObject::connect(&simulatore, &Simulatore::stampato, [&](const Scontrino& scontrino) {
-        if (!giornale.scrivi(scontrino))
-            scriviRiga(std::cerr, "Non si può scrivere " + giornale.percorso(scontrino));
+        const bool scritto = giornale.scrivi(scontrino);
+        if (!scritto) scriviRiga(std::cerr, "Non si può scrivere " + giornale.percorso(scontrino));
+        // A program that the till has started is heard in its window alone.
+        if (finestra) finestra->avviso(scritto ? "" : "Lo scontrino non è stato scritto in Scontrini");
     });
     QObject::connect(&simulatore, &Simulatore::spento, qApp, &QCoreApplication::quit);
     QObject::connect(&simulatore, &Simulatore::morto, [] { std::_Exit(EXIT_FAILURE); });
-    std::unique_ptr<FinestraStriscia> finestra;
-    if (argomenti.finestra) {
-        finestra = std::make_unique<FinestraStriscia>(simulatore);
-        finestra->show();
-    }
+    if (finestra) finestra->show();
     return QCoreApplication::exec();
 }
 

@@ -50,7 +50,7 @@ QComboBox* sceltaGuasto(QWidget* genitore) {
 
 FinestraStriscia::FinestraStriscia(Simulatore& simulatore)
     : mSimulatore(simulatore),
-      lblStato(etichetta("In attesa della cassa", "lblStato", this)),
+      lblStato(etichetta({}, "lblStato", this)),
       txtStriscia(carta(this)),
       cmbGuasto(sceltaGuasto(this)),
       chkUnaVolta(new QCheckBox("Una volta", this)),
@@ -68,6 +68,7 @@ FinestraStriscia::FinestraStriscia(Simulatore& simulatore)
     mettiALato();
     collega();
     mostraGuasto();
+    mostraStato();
 }
 
 // A short receipt is seen whole.
@@ -96,10 +97,23 @@ void FinestraStriscia::collega() {
     connect(&mSimulatore, &Simulatore::guastoCambiato, this, &FinestraStriscia::mostraGuasto);
     connect(&mSimulatore, &Simulatore::comando, this,
             [this](const QString& testo) { lblComando->setText(testo.left(colonneStriscia)); });
-    connect(&mSimulatore, &Simulatore::collegato, this,
-            [this](bool si) { lblStato->setText(si ? "Collegato con la cassa" : "In attesa della cassa"); });
+    connect(&mSimulatore, &Simulatore::collegato, this, [this](bool si) {
+        mCollegata = si;
+        mostraStato();
+    });
     connect(cmbGuasto, &QComboBox::activated, this, &FinestraStriscia::scegliGuasto);
     connect(chkUnaVolta, &QCheckBox::clicked, this, &FinestraStriscia::scegliGuasto);
+}
+
+void FinestraStriscia::avviso(const QString& testo) {
+    mAvviso = testo;
+    mostraStato();
+}
+
+void FinestraStriscia::mostraStato() {
+    QStringList righe{mCollegata ? "Collegato con la cassa" : "In attesa della cassa"};
+    if (!mAvviso.isEmpty()) righe << mAvviso;
+    lblStato->setText(righe.join(u'\n'));
 }
 
 void FinestraStriscia::stampa(const Scontrino& scontrino) {

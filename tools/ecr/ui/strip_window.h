@@ -16,6 +16,8 @@ class FinestraStriscia : public QWidget {
     Q_OBJECT
   public:
     explicit FinestraStriscia(Simulatore& simulatore);
+    // What the operator must know stands beside the state until it is taken back by an empty text.
+    void avviso(const QString& testo);
 
   private:
     void componi();
@@ -24,8 +26,11 @@ class FinestraStriscia : public QWidget {
     void stampa(const Scontrino& scontrino);
     void scegliGuasto();
     void mostraGuasto();
+    void mostraStato();
 
     Simulatore& mSimulatore;
+    bool mCollegata = false;
+    QString mAvviso;
     QLabel* lblStato;
     QPlainTextEdit* txtStriscia;
     QComboBox* cmbGuasto;
