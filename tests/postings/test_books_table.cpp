@@ -244,7 +244,7 @@ TEST_F(BooksTable, SaleOfAnotherYearOnCredit) {
     n.orologio.istante = n.orologio.istante.addDays(1);
     c.tasto(Qt::Key_F2);
     v.txtData.testo("30/12/2025");
-    Bottega::intesta(v, 0, 9);
+    n.intesta(v, 0, 9);
     vendi(c, "A", "2");
     vendi(c, "B", "3");
     ASSERT_TRUE(salvaERilegge(v));

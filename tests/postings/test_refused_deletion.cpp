@@ -77,7 +77,7 @@ TEST_F(RefusedDeletion, AnAccountOfTheCollectionsCausalThatIsGoneIsNamed) {
 
 // The collection of a named customer is not posted anew.
 TEST_F(RefusedDeletion, AnAccountOfTheCollectionOfANamedCustomerIsNotNeeded) {
-    Bottega::intesta(v, 1, 9);
+    n.intesta(v, 1, 9);
     vendiESalva("A", "2");
     n.sql("UPDATE Causali SET FK_CONTODARE1 = 98 WHERE RID = 2");
     cancellata();
@@ -145,7 +145,7 @@ TEST_F(RefusedDeletion, ADocumentOfATypeWithoutACausalWaitsForOne) {
 // ---- Terms
 
 TEST_F(RefusedDeletion, TermsCutShortSinceTheSaleLeaveTheScheduleWhole) {
-    Bottega::intesta(v, 0, 9);
+    n.intesta(v, 0, 9);
     vendiESalva("A", "2");
     nuovaVendita();
     vendiESalva("A", "1");
