@@ -146,8 +146,8 @@ void Conto::ascoltaRegCassa() {
                          if (!mVendita.inChiusura) mFrmRegCassa_evtError(codice, descrizione);
                      });
     QObject::connect(&registratore.eventi, &EventiRegCassa::statoCambiato, &mFrmRegCassa,
-                     [this, &registratore] { mostraStatoRegCassa(mVendita, registratore.stato()); });
-    mostraStatoRegCassa(mVendita, registratore.stato());
+                     [this, &registratore] { mostraStatoRegCassa(mVendita, registratore); });
+    mostraStatoRegCassa(mVendita, registratore);
 }
 
 void Conto::mFrmRegCassa_evtError(int codice, const QString& descrizione) {

@@ -163,9 +163,9 @@ void cmdConto_Click(Conto& conto, int indice) {
                 return cerca(conto, cercaProdotto);
             case 8:
                 return conto.fuoco(v.txtQta);
-            case 9:
+            case contoListino:
                 return conto.fuoco(gPrezzoListinoLordo != 0 ? v.txtPrezzoListinoLordo : v.txtPrezzoListino);
-            case 11:
+            case contoSconti:
                 return conto.fuoco(v.txtSconto1);
             case contoPrezzo:
                 return conto.fuoco(prezzoFineRiga(v));

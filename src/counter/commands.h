@@ -11,6 +11,8 @@ void cmdComando_Click(Conto& conto, int indice, Pressione pressione = Pressione:
 constexpr int contoCliente = 5;
 constexpr int contoProgressivo = 6;
 constexpr int contoProdotto = 7;
+constexpr int contoListino = 9;
+constexpr int contoSconti = 11;
 constexpr int contoPrezzo = 12;
 constexpr int contoIva = 13;
 void cmdConto_Click(Conto& conto, int indice);

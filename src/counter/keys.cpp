@@ -49,8 +49,25 @@ int comandoConShift(int tasto) {
             return 1;
         case Qt::Key_Right:
             return 2;
+        case Qt::Key_F1:
+            return 10;
         case Qt::Key_F7:
             return 4;
+        case Qt::Key_F8:
+            return 14;
+        case Qt::Key_F11:
+            return 16;
+        default:
+            return -1;
+    }
+}
+
+int campoConShift(int tasto) {
+    switch (tasto) {
+        case Qt::Key_F2:
+            return contoListino;
+        case Qt::Key_F9:
+            return contoSconti;
         default:
             return -1;
     }
@@ -59,6 +76,12 @@ int comandoConShift(int tasto) {
 bool premi(Conto& conto, int comando) {
     if (comando < 0) return false;
     conto.premiComando(comando);
+    return true;
+}
+
+bool premiCampo(Conto& conto, int campo) {
+    if (campo < 0) return false;
+    cmdConto_Click(conto, campo);
     return true;
 }
 
@@ -104,7 +127,7 @@ bool tastoSu(Conto& conto, int tasto, int modificatori) {
     if (stato == Qt::ShiftModifier) {
         // A hand may have let go of Shift first.
         const QScopedValueRollback shift(v.tastoShift, true);
-        return premi(conto, comandoConShift(tasto));
+        return premi(conto, comandoConShift(tasto)) || premiCampo(conto, campoConShift(tasto));
     }
     if (stato == Qt::ControlModifier && tasto == Qt::Key_F11) return apriOpzioni(conto);
     if (stato != Qt::NoModifier) return false;

@@ -2,27 +2,26 @@
 
 #include "core/globals.h"
 #include "register/failure.h"
+#include "register/interface_link.h"
 #include "sale/vendita.h"
 
-namespace {
-
-constexpr unsigned testoSuStato = 0xFFFFFF;
-
-}  // namespace
-
-void mostraStatoRegCassa(Vendita& v, StatoRegCassa stato) {
+void mostraStatoRegCassa(Vendita& v, const InterfacciaRegCassa& collegamento) {
+    const StatoRegCassa stato = collegamento.stato();
+    const int inAttesa = stato == StatoRegCassa::AlLavoro ? collegamento.scontrini.inAttesa() : 0;
     const bool presente = !gRegCassa.isEmpty();
     v.shRegCassa.visibile(presente);
     v.lblRegCassa.visibile(presente);
     v.shRegCassa.colori(coloreStato(stato), std::nullopt);
-    // Whoever rings up must see from afar that no receipt will come; while all is well the words keep quiet.
-    const bool aPosto = stato == StatoRegCassa::Pronto || stato == StatoRegCassa::AlLavoro;
+    // Whoever rings up must see from afar that no receipt will come, as from a register that has fallen
+    // silent before the receipts behind; while all is well the words keep quiet.
+    const bool aPosto = stato == StatoRegCassa::Pronto || (stato == StatoRegCassa::AlLavoro && inAttesa == 0);
     if (aPosto) {
         v.lblRegCassa.colori(std::nullopt, std::nullopt);
     } else {
-        v.lblRegCassa.colori(coloreStato(stato), testoSuStato);
+        v.lblRegCassa.colori(coloreStato(stato), inchiostroSuStato(stato));
     }
-    v.lblRegCassa.testo("REG. CASSA (" + descrizioneStato(stato) + ")");
+    const QString attesa = inAttesa == 0 ? QString() : QString(", %1 in attesa").arg(inAttesa);
+    v.lblRegCassa.testo("REG. CASSA (" + descrizioneStato(stato) + attesa + ")");
 }
 
 void lblRegCassa_Click() {

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "register/register_state.h"
-
+class InterfacciaRegCassa;
 struct Vendita;
 
 // The lamp and the words that tell the state of the register's link, on a desk that has a register.
-void mostraStatoRegCassa(Vendita& v, StatoRegCassa stato);
+void mostraStatoRegCassa(Vendita& v, const InterfacciaRegCassa& collegamento);
 
 // Opens the link's monitor.
 void lblRegCassa_Click();

@@ -215,7 +215,10 @@ void InterfacciaRegCassa::segnalaErrore(int codice, const QString& descrizione) 
 // ---- What the counter shows
 
 void InterfacciaRegCassa::scambio(Scambio scambio) {
-    if (std::exchange(mScambio, scambio) != scambio) emit eventi.statoCambiato();
+    const bool altroScambio = std::exchange(mScambio, scambio) != scambio;
+    const int inAttesa = scontrini.inAttesa();
+    const bool altraAttesa = std::exchange(mInAttesa, inAttesa) != inAttesa;
+    if (altroScambio || altraAttesa) emit eventi.statoCambiato();
 }
 
 StatoRegCassa InterfacciaRegCassa::stato() const {

@@ -61,6 +61,8 @@ class RegistroScontrini {
     qsizetype inAttesa() const;
     // Sales without a good receipt, by time.
     std::vector<Voce> voci() const;
+    // Receipts that were handed over behind the one at work.
+    int inAttesa() const { return mCoda.empty() ? 0 : static_cast<int>(mCoda.size()) - 1; }
     void osserva(std::function<void()> osservatore) { mOsservatore = std::move(osservatore); }
 
   private:

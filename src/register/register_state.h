@@ -12,5 +12,6 @@ enum class StatoRegCassa {
 };
 
 QString descrizioneStato(StatoRegCassa stato);
-// 0xRRGGBB
+// 0xRRGGBB: of the state, and of words painted on it.
 unsigned coloreStato(StatoRegCassa stato);
+unsigned inchiostroSuStato(StatoRegCassa stato);

@@ -55,7 +55,6 @@ void riempiTestata(Vendita& v, const Recordset& m, int extraProg) {
     v.lblDescCliente.testo(m.testo("DENOMINAZIONE"));
     v.txtProg.testo(Format(m.intero("PROGRESSIVO"), u"0000"));
     v.lblDataStampa.testo(Format(m.campo("DATASTAMPA").toDate(), u"DD/MM/YYYY"));
-    v.pctPrint.testo(v.lblDataStampa.testo().isEmpty() ? "Da stampare" : "Stampata il");
     v.txtSottoProg.testo(Format(extraProg, u"0000"));
     v.txtData.testo(Format(m.campo("DATA").toDate(), u"DD/MM/YYYY"));
     v.chkPagato.valore(v.idPNPagamento > 0 ? 1 : 0);

@@ -72,6 +72,18 @@ void pulisciCampiRiga(Vendita& v, bool mantieniCodice) {
     applicaModificaConsentita(v);
 }
 
+void mostraStatoVendita(Vendita& v) {
+    const bool salvata = v.rid() > 0;
+    const bool chiusa = salvata && !v.modificaConsentita;
+    const bool daStampare = salvata && v.lblDataStampa.testo().isEmpty();
+    const bool sospesa =
+        daStampare && !chiusa && v.cliente() != gClientePredefinito && v.idTipoDocumento == gTipoDocVb;
+    v.pctChiusa.visibile(chiusa);
+    v.pctSospesa.visibile(sospesa);
+    // Suspended says that it is to be printed.
+    v.pctPrint.testo(!salvata || sospesa ? "" : daStampare ? "Da stampare" : "Stampata il");
+}
+
 void applicaModificaConsentita(Vendita& v) {
     for (size_t comando : {4, 6, 9}) {
         v.cmdComando[comando].abilitato(v.modificaConsentita);
@@ -83,6 +95,7 @@ void applicaModificaConsentita(Vendita& v) {
         campo->bloccato(!v.modificaConsentita);
     }
     bloccaPrezzi(v);
+    mostraStatoVendita(v);
 }
 
 void bloccaPrezzi(Vendita& v) {

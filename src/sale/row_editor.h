@@ -13,7 +13,9 @@ extern const char* const giacenzaNonLetta;
 
 // To their empty state; with `mantieniCodice` the typed code stays.
 void pulisciCampiRiga(Vendita& v, bool mantieniCodice);
-// Pushes modificaConsentita to commands and fields.
+// Says of a saved sale whether it is closed or suspended, and whether it is printed.
+void mostraStatoVendita(Vendita& v);
+// Pushes modificaConsentita to commands, fields and what is said of the sale.
 void applicaModificaConsentita(Vendita& v);
 // Locks the price fields of a row whose price may not be changed; applicaModificaConsentita unlocks.
 void bloccaPrezzi(Vendita& v);

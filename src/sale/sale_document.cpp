@@ -138,6 +138,7 @@ bool setForNewMovimento(Vendita& v) {
     for (int r = 1; r <= v.flxVB.ultima(); ++r) {
         if (v.flxVB.viva(r)) v.flxVB.scrivi(r, Colonna::Gestione, QString::number(RigaNuova));
     }
+    mostraStatoVendita(v);
     return true;
 }
 

@@ -42,6 +42,8 @@ struct CampiVendita {
     Campo pctSegnala{elenco, "pctSegnala"};
     Campo pctSave{elenco, "pctSave"};
     Campo pctPrint{elenco, "pctPrint"};
+    Campo pctChiusa{elenco, "pctChiusa"};    // shown: the sale in sight may not be changed any more
+    Campo pctSospesa{elenco, "pctSospesa"};  // shown: a named customer's saved sale that is not printed yet
     Campo pctSalvata{elenco, "pctSalvata"};  // shown: the sale in sight has just been saved
     Campo pctIVA{elenco, "pctIVA"};
     Campo lblCassa{elenco, "lblCassa"};

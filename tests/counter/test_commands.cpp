@@ -50,6 +50,17 @@ TEST_F(Commands, NewSaleRemembersTheLastTotal) {
 
 // ---- F5
 
+TEST_F(Commands, BalanceCountsWhatIsSavedNoLonger) {
+    ContoDiProva& c = contoConVendita();
+    const Vendita& v = c.vendita();
+    EXPECT_EQ(v.lblSaldo.testo(), "12,20");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(v.lblLastMainDisplay.testo(), "12,20");
+    c.scansiona("8001");
+    EXPECT_EQ(v.lblMainDisplay.testo(), "24,40");
+    EXPECT_EQ(v.lblSaldo.testo(), "12,20");  // the journal has nothing open: it was paid
+}
+
 TEST_F(Commands, SaveOnTheFirstAccountStays) {
     ContoDiProva& c = contoConVendita();
     c.tasto(Qt::Key_F5);

@@ -1,5 +1,6 @@
 #include "counter/copy_sale.h"
 #include "counter/counter_shop.h"
+#include "doubles/kit_di_prova.h"
 
 namespace {
 
@@ -10,6 +11,12 @@ class CopySale : public BancoDiProva {
   protected:
     void siRicopia(Risposta risposta = Risposta::Si) {
         n.operatore.attendiDomanda("Ricopiare la vendita corrente in nuovo conto?", risposta);
+    }
+    // The first account holds a kit of two parts.
+    void vendiKit() {
+        const int vite = n.prodotto({.codice = "V", .listino1 = 3});
+        distinta(n, "%KIT", {{vite, 2, 3}, {n.prodotto({.codice = "S", .listino1 = 4}), 1, 0}}, "8100");
+        n.apriConto().scansiona("8100");
     }
 };
 
@@ -40,6 +47,43 @@ TEST_F(CopySale, CopyKeepsEveryOtherCell) {
         const auto colonna = static_cast<Colonna>(i);
         EXPECT_EQ(n.vendita(1).flxVB.cella(1, colonna), c.vendita().flxVB.cella(1, colonna)) << i;
     }
+}
+
+TEST_F(CopySale, KitArrivesWithAllItsColumns) {
+    vendiKit();
+    siRicopia();
+    n.apriConto().premiComando(comandoRicopia);
+    const FlexVB& copia = n.vendita(1).flxVB;
+    ASSERT_EQ(copia.ultima(), 3);
+    for (int r = 1; r <= 3; ++r) {
+        for (int i = 0; i < numeroColonne; ++i) {
+            const auto colonna = static_cast<Colonna>(i);
+            EXPECT_EQ(copia.cella(r, colonna), n.vendita().flxVB.cella(r, colonna)) << r << " " << i;
+        }
+        EXPECT_EQ(copia.nascosta(r), n.vendita().flxVB.nascosta(r)) << r;
+    }
+    EXPECT_FALSE(copia.cella(3, Colonna::IdDistintaBase).isEmpty());
+}
+
+TEST_F(CopySale, PartsOfACopiedKitBelongToTheCopysHead) {
+    vendiKit();
+    ContoDiProva& c = n.apriConto();
+    c.tasto(Qt::Key_F5);
+    siRicopia();
+    c.premiComando(comandoRicopia);
+    ContoDiProva& copia = n.apriConto(1);
+    n.cliente(7, "ROSSI");
+    copia.clic(copia.vendita().txtCodCliente);
+    copia.digita("7");
+    copia.invio();
+    copia.tasto(Qt::Key_F5);
+    ASSERT_EQ(vendite(), 2);
+    EXPECT_EQ(n.conta("DettagliMovimento"), 6);
+    // Each part with the head of its own sale.
+    EXPECT_EQ(n.righe("SELECT COUNT(*) FROM DettagliMovimento D INNER JOIN DettagliMovimento T ON "
+                      "D.IK_DETTAGLIOMOVIMENTO = T.RID AND D.FK_MOVIMENTO = T.FK_MOVIMENTO WHERE "
+                      "T.CODPRODOTTO = '%KIT'"),
+              QStringList{"4"});
 }
 
 TEST_F(CopySale, DeletedRowsStayBehind) {

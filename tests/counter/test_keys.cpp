@@ -227,3 +227,40 @@ TEST_F(Keys, EnterInTheCustomerBoxOfASavedSaleOffersANewAccount) {
     c.invio();
     EXPECT_NE(gConti[1], nullptr);
 }
+
+// ---- Commands that have Shift and a function key
+
+TEST_F(Keys, ShiftF1ChangesThePayment) {
+    ContoDiProva& c = n.apriConto();
+    c.rispondeRicerca({});
+    c.tasto(Qt::Key_F1, Qt::ShiftModifier);
+    ASSERT_EQ(c.ricercheAperte.size(), 1U);
+    EXPECT_TRUE(c.ricercheAperte[0].sql.contains("FROM Causali"));
+}
+
+TEST_F(Keys, ShiftF8CopiesTheSale) {
+    ContoDiProva& c = n.apriConto();
+    n.operatore.attendiMessaggio("Nessun prodotto venduto! Impossibile ricopiare la vendita.");
+    c.tasto(Qt::Key_F8, Qt::ShiftModifier);
+    EXPECT_TRUE(n.operatore.esaurito());
+}
+
+TEST_F(Keys, ShiftF11GivesADiscount) {
+    ContoDiProva& c = n.apriConto();
+    c.rispondeRicerca({});
+    c.tasto(Qt::Key_F11, Qt::ShiftModifier);
+    ASSERT_EQ(c.ricercheAperte.size(), 1U);
+    EXPECT_TRUE(c.ricercheAperte[0].sql.contains("FROM ScontiImmediati"));
+}
+
+TEST_F(Keys, ShiftF2GoesToTheListPrice) {
+    ContoDiProva& c = n.apriConto();
+    c.tasto(Qt::Key_F2, Qt::ShiftModifier);
+    EXPECT_EQ(c.fuocoSu(), &c.vendita().txtPrezzoListino);
+}
+
+TEST_F(Keys, ShiftF9GoesToTheDiscounts) {
+    ContoDiProva& c = n.apriConto();
+    c.tasto(Qt::Key_F9, Qt::ShiftModifier);
+    EXPECT_EQ(c.fuocoSu(), &c.vendita().txtSconto1);
+}

@@ -39,6 +39,7 @@ void Percorso::scansiona(const QString& codice) const {
 // ---- Keyboard
 
 void Percorso::batti(const QString& testo) {
+    aspettaCheSenta();
     for (const QChar c : testo) {
         ++mTasti;
         QTest::keyClicks(&fuoco(), QString(c));

@@ -9,6 +9,7 @@
 #include "counter_screen.h"
 #include "kit/ui/labels.h"
 #include "sale/document_info.h"
+#include "sale/row_editor.h"
 
 namespace {
 
@@ -16,7 +17,11 @@ constexpr int margineCasella = 12;  // frame, text margin and caret
 
 QString descritto(const QWidget& w) {
     const QString testo = w.property("text").toString();
-    return QString("%1 '%2' %3x%4").arg(w.objectName(), testo).arg(w.width()).arg(w.height());
+    return QString("%1 '%2' %3x%4, wants %5")
+        .arg(w.objectName(), testo)
+        .arg(w.width())
+        .arg(w.height())
+        .arg(w.sizeHint().width());
 }
 
 // Whether the whole of what the widget says is in sight.
@@ -52,7 +57,8 @@ std::string nomeDi(const Scrivania& s) {
 class Layout : public CounterScreen, public testing::WithParamInterface<Scrivania> {
   protected:
     Layout() {
-        applicaStile(*qApp, {.carattereGrande = GetParam().carattereGrande});
+        applicaStile(*qApp, {.carattereGrande = GetParam().carattereGrande,
+                             .larghezzaSchermo = GetParam().misura.width()});
         apri(GetParam().misura);
         riempi();
         QApplication::processEvents();
@@ -65,6 +71,12 @@ class Layout : public CounterScreen, public testing::WithParamInterface<Scrivani
         }
         return visti;
     }
+    void nienteTagliato() const {
+        QApplication::processEvents();
+        for (const QWidget* w : inVista()) {
+            EXPECT_TRUE(ciSta(*w)) << qPrintable(descritto(*w));
+        }
+    }
     void salvaImmagine(const QString& nome) const {
         QDir().mkpath("schermate");
         EXPECT_TRUE(finestra->grab().save("schermate/" + nome + "_" +
@@ -76,7 +88,10 @@ class Layout : public CounterScreen, public testing::WithParamInterface<Scrivani
 INSTANTIATE_TEST_SUITE_P(Screens, Layout,
                          testing::Values(Scrivania{{1280, 760}}, Scrivania{{1280, 800}},
                                          Scrivania{{1366, 740}}, Scrivania{{1920, 1040}},
-                                         Scrivania{{1280, 760}, true}, Scrivania{{1366, 740}, true}),
+                                         Scrivania{{2560, 1400}}, Scrivania{{3840, 2120}},
+                                         Scrivania{{1280, 760}, true}, Scrivania{{1366, 740}, true},
+                                         Scrivania{{1600, 860}, true}, Scrivania{{1920, 1040}, true},
+                                         Scrivania{{2560, 1400}, true}, Scrivania{{3840, 2120}, true}),
                          [](const auto& info) { return nomeDi(info.param); });
 
 TEST_P(Layout, TheScreenFits) {
@@ -94,10 +109,28 @@ TEST_P(Layout, TheScreenFitsWithTheVatFields) {
 
 TEST_P(Layout, NothingIsCut) {
     setViewMode(vendita(), true);
-    QApplication::processEvents();
-    for (const QWidget* w : inVista()) {
-        EXPECT_TRUE(ciSta(*w)) << qPrintable(descritto(*w));
-    }
+    nienteTagliato();
+}
+
+TEST_P(Layout, NothingIsCutOnASuspendedSaleThatHasChanged) {
+    Vendita& v = vendita();
+    v.lblDataStampa.testo({});
+    v.pctSospesa.visibile(true);
+    setVenditaModificata(v);
+    v.lblRegCassa.testo("REG. CASSA (stampa, 12 in attesa)");
+    nienteTagliato();
+    EXPECT_LE(finestra->minimumSizeHint().width(), GetParam().misura.width());
+    salvaImmagine("sospesa");
+}
+
+TEST_P(Layout, NothingIsCutOnAClosedSale) {
+    Vendita& v = vendita();
+    v.pctPrint.testo("Stampata il");
+    v.pctChiusa.visibile(true);
+    v.pctSave.visibile(false);
+    v.lblRegCassa.testo("REG. CASSA (scollegato)");
+    nienteTagliato();
+    salvaImmagine("chiusa");
 }
 
 TEST_P(Layout, NothingOverlaps) {

@@ -15,16 +15,6 @@ class Scans : public WindowShop {
   protected:
     Scans() { apriFinestra(); }
 
-    // Keys as the window system queues them: the screen sees them when it looks at its events.
-    void arriva(const QString& tasti) const {
-        for (const QChar c : tasti) {
-            const int tasto = c == u'\r' ? int{Qt::Key_Return} : int{c.toUpper().unicode()};
-            for (const auto tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
-                QCoreApplication::postEvent(finestra->windowHandle(),
-                                            new QKeyEvent(tipo, tasto, Qt::NoModifier, c));
-            }
-        }
-    }
     // The row of the first product is to be deleted: a question.
     void chiediDiCancellare() {
         scansiona(QString("$") + ean);

@@ -1,5 +1,7 @@
 #include "counter_ui/window_shop.h"
 
+#include <QKeyEvent>
+
 WindowShop::WindowShop() {
     negozio.prodotto({.codice = "CHIODO", .listino1 = 1.0, .barcode = "8009999999999"});
 }
@@ -18,6 +20,18 @@ void WindowShop::scansiona(const QString& codice, int passo) const {
     for (const QChar c : codice)
         QTest::keyClicks(QApplication::focusWidget(), c, Qt::NoModifier, passo);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return, Qt::NoModifier, passo);
+}
+
+void WindowShop::arriva(const QString& tasti) {
+    for (const QChar c : tasti) {
+        const int tasto = c == u'\r' ? int{Qt::Key_Return} : int{c.toUpper().unicode()};
+        ++mIstante;
+        for (const auto tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            auto* evento = new QKeyEvent(tipo, tasto, Qt::NoModifier, c);
+            evento->setTimestamp(mIstante);
+            QCoreApplication::postEvent(finestra->windowHandle(), evento);
+        }
+    }
 }
 
 void WindowShop::conRiquadro(const std::function<void(QWidget&)>& gesto) {

@@ -19,6 +19,9 @@ class WindowShop : public CounterScreen {
     void apriFinestra();
     // What a scanner sends, to whatever has the focus then; `passo` milliseconds a key.
     void scansiona(const QString& codice, int passo = -1) const;
+    // Keys as the window system queues them, a millisecond apart: the screen sees them when it looks at its
+    // events.
+    void arriva(const QString& tasti);
     // Runs while the next box stands; it must leave the box closed.
     void conRiquadro(const std::function<void(QWidget&)>& gesto);
     static void premi(QWidget& riquadro, const char* pulsante);
@@ -29,4 +32,7 @@ class WindowShop : public CounterScreen {
     QStringList coda() const;
 
     QtOperatorPort porta;
+
+  private:
+    quint64 mIstante = 0;  // of the last key that was queued
 };

@@ -249,6 +249,36 @@ TEST_F(Dispatch, CounterShowsTheStateOfTheLink) {
     mostrato(StatoRegCassa::Sospeso, "sospeso");
 }
 
+TEST_F(Dispatch, ReceiptsBehindASilentRegisterAreToldAloud) {
+    const Vendita& v = n.apriConto().vendita();
+    connetti();
+    peer.risposta = [](const QByteArray&) { return QByteArray(); };
+    link.sendData("REPa¥TOT1");
+    EXPECT_EQ(v.lblRegCassa.coloreFondo(), std::nullopt);
+    link.sendData("REPb¥TOT2");
+    EXPECT_EQ(v.lblRegCassa.testo(), "REG. CASSA (stampa, 1 in attesa)");
+    EXPECT_EQ(v.lblRegCassa.coloreFondo(), coloreStato(StatoRegCassa::AlLavoro));
+    link.sendData("REPc¥TOT3");
+    EXPECT_EQ(v.lblRegCassa.testo(), "REG. CASSA (stampa, 2 in attesa)");
+    link.annullaOperazioni();
+    EXPECT_EQ(v.lblRegCassa.testo(), "REG. CASSA (pronto)");
+    EXPECT_EQ(v.lblRegCassa.coloreFondo(), std::nullopt);
+}
+
+TEST_F(Dispatch, WordsOfTheLinkKeepQuietAgainWhenTheReceiptsBehindArePrinted) {
+    const Vendita& v = n.apriConto().vendita();
+    connetti();
+    QStringList dette;
+    QObject::connect(&link.eventi, &EventiRegCassa::statoCambiato, &link.eventi,
+                     [&] { dette << v.lblRegCassa.testo(); });
+    link.sendData("REPa¥TOT1");
+    link.sendData("REPb¥TOT2");
+    ASSERT_TRUE(diventa([&] { return link.stato() == StatoRegCassa::Pronto; }));
+    EXPECT_TRUE(dette.contains("REG. CASSA (stampa, 1 in attesa)"));
+    EXPECT_EQ(v.lblRegCassa.testo(), "REG. CASSA (pronto)");
+    EXPECT_EQ(v.lblRegCassa.coloreFondo(), std::nullopt);
+}
+
 TEST_F(Dispatch, WordsOfTheLinkStandOutWhileNoReceiptWillCome) {
     const Vendita& v = n.apriConto().vendita();
     EXPECT_EQ(v.lblRegCassa.coloreFondo(), coloreStato(StatoRegCassa::Scollegato));

@@ -20,6 +20,7 @@ PulsanteComando* arreda(Campo& campo, const VoceComando& voce, QWidget* padre) {
     collega(campo, nuovo);
     nuovo->setAccessibleName(voce.nomeAccessibile);
     nuovo->segnaposto(voce.segnaposto);
+    nuovo->sottotitolo(voce.tasto);
     if (voce.ruolo != nullptr) nuovo->setProperty(ruoli::proprieta, voce.ruolo);
     if (voce.presto) {
         nuovo->presto(voce.suggerimento);

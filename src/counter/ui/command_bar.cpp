@@ -32,7 +32,7 @@ QWidget* barraComandi(const Montaggio& m, QWidget* padre) {
     griglia->setSpacing(spazio);
     for (const Posto& posto : posti) {
         PulsanteComando* pulsante = m.comando(posto.comando, barra);
-        pulsante->setMinimumHeight(altezzaComando);
+        pulsante->setMinimumHeight(aMisura(altezzaComando));
         griglia->addWidget(pulsante, posto.riga, posto.colonna, posto.righe, posto.colonne);
     }
     // Equal columns whatever the words.

@@ -18,7 +18,7 @@ class PulsanteComando final : public QPushButton {
     bool inArrivo() const;
     // Painted where there is no caption.
     void segnaposto(const QString& testo) { mSegnaposto = testo; }
-    // Painted in place of the key.
+    // Painted where the caption names no key.
     void sottotitolo(const QString& testo);
 
     QSize sizeHint() const override;

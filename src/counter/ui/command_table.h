@@ -9,6 +9,7 @@ struct VoceComando {
     bool presto = false;          // still to come
     const char* ruolo = nullptr;  // a look of its own
     QString segnaposto = {};      // painted where there is no caption
+    QString tasto = {};           // its key, painted below a caption that names none
 };
 
 // By index 0 to 19, and 0 to 13.

@@ -20,7 +20,7 @@ FinestraConti::FinestraConti(const QString& titolo) : mPagine(new QStackedWidget
     auto* tutto = new QVBoxLayout(this);
     tutto->setContentsMargins(0, 0, 0, 0);
     tutto->addWidget(mPagine);
-    new ScansioniInAttesa(*this);
+    mScansioni = new ScansioniInAttesa(*this);
 }
 
 void FinestraConti::mostra(frmMain* pagina) {
@@ -36,8 +36,10 @@ void FinestraConti::mostra(frmMain* pagina) {
 void FinestraConti::togli(frmMain* pagina) {
     mPagine->removeWidget(pagina);
     pagina->hide();
-    assorda();
-    if (frmMain* altra = davanti()) altra->attivata();
+    frmMain* altra = davanti();
+    if (altra == nullptr) return;
+    altra->attivata();
+    assorda(Sordita::Tutto);
 }
 
 frmMain* FinestraConti::davanti() const {
@@ -56,6 +58,12 @@ void FinestraConti::richiama() {
     showMaximized();
     raise();
     activateWindow();
+}
+
+void FinestraConti::assorda(Sordita per) {
+    mSordaPer = per;
+    mSordaDa.start();
+    mScansioni->raccogli();
 }
 
 bool FinestraConti::sorda() const {

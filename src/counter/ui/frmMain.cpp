@@ -142,7 +142,7 @@ QString frmMain::scegliRiga(ElencoMovimento& movimento) {
 }
 
 void frmMain::venditaSalvata() {
-    mFinestra.assorda();
+    mFinestra.assorda(FinestraConti::Sordita::Comandi);
 }
 
 // ---- Buttons and fields

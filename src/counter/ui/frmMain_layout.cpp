@@ -34,7 +34,7 @@ QWidget* colonnaTotali(const Montaggio& m, QWidget* padre) {
 
 // The lights wait for a rule to put them on.
 void spegniSpie(CampiVendita& v) {
-    for (Campo* spia : {&v.pctFido, &v.pctSegnala, &v.pctSave, &v.pctPrint}) {
+    for (Campo* spia : {&v.pctFido, &v.pctSegnala, &v.pctSave, &v.pctPrint, &v.pctChiusa, &v.pctSospesa}) {
         spia->visibile(false);
     }
 }

@@ -55,9 +55,18 @@ void aggiungiConti(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
     }
 }
 
+// A small text above or below a larger one, in the height of a box.
+QVBoxLayout* pila(QLabel* sopra, QLabel* sotto) {
+    auto* colonna = nuovaDisposizione<QVBoxLayout>(0);
+    colonna->addStretch();
+    colonna->addWidget(sopra);
+    colonna->addWidget(sotto);
+    colonna->addStretch();
+    return colonna;
+}
+
 void aggiungiCoppia(QHBoxLayout& riga, const QString& didascalia, QLabel* valore, QWidget* padre) {
-    riga.addWidget(nuovaDidascalia(didascalia, ruoli::didascalia, padre));
-    riga.addWidget(valore);
+    riga.addLayout(pila(nuovaDidascalia(didascalia, ruoli::didascalia, padre), valore));
 }
 
 // The lamp and, to be pressed, the words of the fiscal register's link.
@@ -72,16 +81,6 @@ void aggiungiRegCassa(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
     const int larghezza = parole->fontMetrics().horizontalAdvance("REG. CASSA") + larghezzaRegCassa / 3;
     parole->setMinimumWidth(std::max(larghezzaRegCassa, larghezza));
     riga.addWidget(parole);
-}
-
-// A small text above or below a larger one, in the height of a box.
-QVBoxLayout* pila(QLabel* sopra, QLabel* sotto) {
-    auto* colonna = nuovaDisposizione<QVBoxLayout>(0);
-    colonna->addStretch();
-    colonna->addWidget(sopra);
-    colonna->addWidget(sotto);
-    colonna->addStretch();
-    return colonna;
 }
 
 QVBoxLayout* pilaImporto(const QString& didascalia, QLabel* importo, QWidget* padre) {
@@ -141,8 +140,10 @@ QWidget* barraConti(const Montaggio& m, QWidget* padre) {
     aggiungiCoppia(*riga, "Cassa", m.testo(m.v.lblCassa, "Numero della cassa", barra), barra);
     aggiungiRegCassa(m, *riga, barra);
     riga->addStretch();
-    riga->addWidget(m.testo(m.v.pctPrint, "Stato di stampa", barra));
-    riga->addWidget(m.testo(m.v.lblDataStampa, "Data di stampa", barra));
+    riga->addWidget(m.spia(m.v.pctChiusa, "CHIUSA", ruoli::chiusa, barra));
+    riga->addWidget(m.spia(m.v.pctSospesa, "SOSPESA", ruoli::sospesa, barra));
+    riga->addLayout(pila(m.testo(m.v.pctPrint, "Stato di stampa", barra),
+                         m.testo(m.v.lblDataStampa, "Data di stampa", barra)));
     QLabel* nonSalvata = m.testo(m.v.pctSave, "Stato di salvataggio", barra);
     nonSalvata->setProperty(ruoli::proprieta, ruoli::avviso);
     riga->addWidget(nonSalvata);

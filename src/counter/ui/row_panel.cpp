@@ -82,6 +82,7 @@ QWidget* pannelloIva(const Montaggio& m, QWidget* padre) {
     PulsanteComando* aggiungi = m.pulsante(m.v.cmdAddRow, m.eventi().aggiungiRiga, pannello);
     aggiungi->segnaposto("AGGIUNGI RIGA");
     aggiungi->setAccessibleName("Aggiungi la riga");
+    aggiungi->setMinimumHeight(aMisura(altezzaTocco));
     riga.disposizione->addWidget(aggiungi);
     pannello->setLayout(riga.disposizione);
     collegaSpia(m.v.pctIVA, pannello);

@@ -39,15 +39,6 @@ bool eRiquadro(const QObject& oggetto) {
     return finestra != nullptr && finestra->isWindow() && finestra->isModal();
 }
 
-void premi(Qt::Key tasto, const QString& testo) {
-    for (const auto tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QWidget* fuoco = QApplication::focusWidget();
-        if (fuoco == nullptr) return;
-        QKeyEvent evento(tipo, tasto, Qt::NoModifier, testo);
-        QApplication::sendEvent(fuoco, &evento);
-    }
-}
-
 // A badge answers the dialogue that asks for the operator.
 bool prendeIlDialogo(const QString& codice) {
     auto* dialogo = qobject_cast<frmCodiceVenditore*>(QApplication::activeModalWidget());
@@ -68,13 +59,15 @@ ScansioniInAttesa::ScansioniInAttesa(FinestraConti& finestra)
 }
 
 bool ScansioniInAttesa::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (mRaccoglie) return raccolto(*oggetto, *evento);
-    if (evento->type() == QEvent::Show && eRiquadro(*oggetto)) raccogli();
-    // A key is looked at once, on its way to the widget that it is meant for.
-    if (evento->type() != QEvent::KeyPress || mRestituisce) return false;
+    if (evento == mNostro) return false;
     const QWidget* atteso = bersaglio();
-    if (atteso == nullptr || oggetto != atteso) return false;
-    return tasto(*static_cast<QKeyEvent*>(evento));
+    if (mRaccoglie || (atteso == nullptr && mFinestra.sordaDelTutto())) return raccolto(*evento);
+    if (evento->type() == QEvent::Show && eRiquadro(*oggetto)) raccogli();
+    if (evento->type() != QEvent::KeyPress) return false;
+    auto& premuto = *static_cast<QKeyEvent*>(evento);
+    if (atteso == nullptr) return continua(premuto);
+    // A key is looked at once, on its way to the widget that it is meant for.
+    return oggetto == atteso && tasto(premuto);
 }
 
 void ScansioniInAttesa::raccogli() {
@@ -82,15 +75,16 @@ void ScansioniInAttesa::raccogli() {
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers, durataRaccolta);
 }
 
-// Nothing that a hand did before the box reaches the screen behind it.
-bool ScansioniInAttesa::raccolto(const QObject& oggetto, QEvent& evento) {
+// Nothing that a hand did before the box reaches the screen behind it, nor what it did for a screen that has
+// gone the one in its place.
+bool ScansioniInAttesa::raccolto(QEvent& evento) {
     switch (evento.type()) {
         case QEvent::ShortcutOverride:
             evento.accept();  // a letter, and no command
             return true;
         case QEvent::KeyPress:
-            // Seen once, before it is passed on from the window to its parts.
-            if (oggetto.isWindowType()) tasto(static_cast<QKeyEvent&>(evento));
+            tasto(static_cast<QKeyEvent&>(evento));
+            mAMeta = !mCodice.isEmpty();
             return true;
         case QEvent::KeyRelease:
         case QEvent::MouseButtonPress:
@@ -104,6 +98,16 @@ bool ScansioniInAttesa::raccolto(const QObject& oggetto, QEvent& evento) {
         default:
             return false;
     }
+}
+
+// A scan is entered whole: what is missing of one whose beginning was taken in is no key of the screen's.
+bool ScansioniInAttesa::continua(const QKeyEvent& evento) {
+    if (!carattereDelTasto(evento)) return false;
+    const bool inCorsa = istanteDelTasto(evento) - mUltimo <= RafficaTasti::passo;
+    const bool sua = mConPrefisso || (mAMeta && inCorsa);
+    if (sua) tasto(evento);
+    mAMeta = sua && !mCodice.isEmpty();
+    return sua;
 }
 
 bool ScansioniInAttesa::tasto(const QKeyEvent& evento) {
@@ -155,9 +159,7 @@ void ScansioniInAttesa::finePrefisso() {
     if (gAdo.inTransazione()) return mFinePrefisso.start();
     if (!mCodice.isEmpty()) return tieni();
     mConPrefisso = false;
-    mRestituisce = true;
-    premi(Qt::Key_unknown, gLaserChar.left(1));
-    mRestituisce = false;
+    if (bersaglio() != nullptr) premi(Qt::Key_unknown, gLaserChar.left(1));
 }
 
 void ScansioniInAttesa::tieni() {
@@ -188,4 +190,14 @@ void ScansioniInAttesa::riprova() {
     for (const QChar c : codice)
         premi(Qt::Key_unknown, c);
     premi(Qt::Key_Return, "\r");
+}
+
+void ScansioniInAttesa::premi(Qt::Key tasto, const QString& testo) {
+    for (const auto tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QWidget* fuoco = QApplication::focusWidget();
+        if (fuoco == nullptr) return;
+        QKeyEvent evento(tipo, tasto, Qt::NoModifier, testo);
+        const QScopedValueRollback<const QEvent*> nostro(mNostro, &evento);
+        QApplication::sendEvent(fuoco, &evento);
+    }
 }

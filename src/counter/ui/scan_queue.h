@@ -18,20 +18,23 @@ class ScansioniInAttesa final : public QObject {
   public:
     explicit ScansioniInAttesa(FinestraConti& finestra);
     const QStringList& inAttesa() const { return mCoda; }
+    // What is about to come up is not what was typed and pressed for until now: that is taken in, as long as
+    // it can be. Scans are kept, and everything else is dropped.
+    void raccogli();
 
   protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
   private:
-    // A box is about to come up: what was typed before it is taken in, as long as it can be.
-    void raccogli();
-    bool raccolto(const QObject& oggetto, QEvent& evento);
+    bool raccolto(QEvent& evento);
+    bool continua(const QKeyEvent& evento);
     bool tasto(const QKeyEvent& evento);
     bool dopoIlPrefisso(QChar carattere);
     bool senzaPrefisso(QChar carattere, bool svelto);
     void tieni();
     void finePrefisso();
     void riprova();
+    void premi(Qt::Key tasto, const QString& testo);
 
     FinestraConti& mFinestra;
     TastiInRitardo mTastiInRitardo;
@@ -40,7 +43,8 @@ class ScansioniInAttesa final : public QObject {
     QTimer mFinePrefisso;
     QString mCodice;
     bool mConPrefisso = false;
-    bool mRestituisce = false;
+    bool mAMeta = false;  // the beginning of what may be a scan was taken in
     bool mRaccoglie = false;
+    const QEvent* mNostro = nullptr;  // a key of our own, on its way
     qint64 mUltimo = 0;
 };

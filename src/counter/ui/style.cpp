@@ -66,6 +66,10 @@ QFrame QLabel[ruolo="avviso"] { background: @avviso; color: @inchiostro; font-we
     border-radius: 6px; padding: 2px 8px; }
 QFrame QLabel[ruolo="salvata"] { background: @conferma; color: @bianco; font-weight: bold;
     border-radius: 6px; padding: 2px 8px; }
+QFrame QLabel[ruolo="chiusa"] { background: @bianco; color: @inchiostro; font-weight: bold;
+    border-radius: 6px; padding: 2px 8px; }
+QFrame QLabel[ruolo="sospesa"] { background: @accento; color: @bianco; font-weight: bold;
+    border-radius: 6px; padding: 2px 8px; }
 QFrame[ruolo="lampada"] { border: 2px solid @bianco; border-radius: 9px; }
 QToolTip { background: @testo; color: @bianco; border: none; padding: 4px; }
 )";
@@ -111,13 +115,15 @@ QScrollBar::add-line:vertical, QScrollBar::sub-line:vertical { height: 0; }
 )";
 
 // The larger type grows as far as the screen has room for it.
-double ingrandimento() {
-    const int larghezza = QGuiApplication::primaryScreen()->availableSize().width();
+double ingrandimento(Aspetto aspetto) {
+    const int larghezza = aspetto.larghezzaSchermo > 0
+                              ? aspetto.larghezzaSchermo
+                              : QGuiApplication::primaryScreen()->availableSize().width();
     return larghezza < 1500 ? 1.08 : larghezza < 1900 ? 1.2 : 1.35;
 }
 
 int punti(int base, Aspetto aspetto) {
-    return aspetto.carattereGrande ? qRound(base * ingrandimento()) : base;
+    return aspetto.carattereGrande ? qRound(base * ingrandimento(aspetto)) : base;
 }
 
 QString foglioDiStile(Aspetto aspetto) {

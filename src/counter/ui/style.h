@@ -19,6 +19,7 @@ constexpr QRgb inchiostro = 0xFF10202E;
 struct Aspetto {
     bool scuro = false;
     bool carattereGrande = false;
+    int larghezzaSchermo = 0;  // in pixels; 0: the first screen's own
 };
 Aspetto aspettoImpostato();
 
@@ -34,6 +35,8 @@ constexpr char titolo[] = "titolo";
 constexpr char allarme[] = "allarme";
 constexpr char avviso[] = "avviso";
 constexpr char salvata[] = "salvata";
+constexpr char chiusa[] = "chiusa";
+constexpr char sospesa[] = "sospesa";
 constexpr char lampada[] = "lampada";
 constexpr char principale[] = "principale";
 constexpr char distruttivo[] = "distruttivo";
