@@ -216,8 +216,8 @@ void InterfacciaRegCassa::segnalaErrore(int codice, const QString& descrizione) 
 
 void InterfacciaRegCassa::scambio(Scambio scambio) {
     const bool altroScambio = std::exchange(mScambio, scambio) != scambio;
-    const int inAttesa = scontrini.inAttesa();
-    const bool altraAttesa = std::exchange(mInAttesa, inAttesa) != inAttesa;
+    const qsizetype accodati = scontrini.accodati();
+    const bool altraAttesa = std::exchange(mAccodati, accodati) != accodati;
     if (altroScambio || altraAttesa) emit eventi.statoCambiato();
 }
 

@@ -93,7 +93,7 @@ class InterfacciaRegCassa final : public CollegamentoRegCassa {
     bool mChiusura = false;  // "OFF" is on its way
     bool mSospeso = false;
     Scambio mScambio = Scambio::Nessuno;
-    int mInAttesa = 0;  // as last told to the subscribers
+    qsizetype mAccodati = 0;  // as last told to the subscribers
     int mErroriAperti = 0;
     QTimer mRilettura;
 };

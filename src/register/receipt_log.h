@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -59,10 +60,10 @@ class RegistroScontrini {
 
     // Receipts that are still to be printed, or of which some frame has no answer yet.
     qsizetype inAttesa() const;
+    // Those of them behind the one at work.
+    qsizetype accodati() const { return std::max<qsizetype>(0, inAttesa() - 1); }
     // Sales without a good receipt, by time.
     std::vector<Voce> voci() const;
-    // Receipts that were handed over behind the one at work.
-    int inAttesa() const { return mCoda.empty() ? 0 : static_cast<int>(mCoda.size()) - 1; }
     void osserva(std::function<void()> osservatore) { mOsservatore = std::move(osservatore); }
 
   private:
