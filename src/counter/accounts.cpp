@@ -225,16 +225,20 @@ bool attivaConto(Conto& conto) {
 }
 
 bool chiudiTuttiIConti(Chiusura chiusura) {
-    // Asked again while the question about a sale is up: that one is not answered yet.
+    // Asked again while a question is up: that one is not answered yet. The system's word holds for what
+    // comes behind the answer.
     static bool inCorso = false;
+    static Chiusura come = Chiusura::Chiesta;
+    if (chiusura == Chiusura::FineSessione || !inCorso) come = chiusura;
     if (inCorso) return false;
     const QScopedValueRollback unaVolta(inCorso, true);
     return protetto(
         moduloFrmMain, "Form_QueryUnload",
-        [chiusura] {
+        [] {
             while (Conto* conto = contoDavanti()) {
+                const Chiusura prima = come;
                 conto->mostra();
-                if (!terminaCampo(*conto) || !chiudiConto(*conto, chiusura)) return false;
+                if ((!terminaCampo(*conto) || !chiudiConto(*conto, prima)) && come == prima) return false;
             }
             return true;
         },

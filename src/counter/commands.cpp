@@ -64,6 +64,7 @@ void chiediStampa(Conto& conto) {
 void salva(Conto& conto) {
     Vendita& v = conto.vendita();
     if (gMonitor != 0 && (v.chkPagato.valore() == 1 || !v.chkPagato.abilitato())) apriMonitorResto(conto);
+    if (v.inChiusura) return;
     chiediStampa(conto);
     if (!salvaEMostraUltima(conto)) return;
     mostraVenditaSalvata(conto);

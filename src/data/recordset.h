@@ -42,6 +42,11 @@ class Recordset {
     int intero(const Nome& nome) const {
         return campo(nome).toInt();
     }
+    // A reference; without one -1.
+    template <class Nome>
+    int chiave(const Nome& nome) const {
+        return campo(nome).isNull() ? -1 : intero(nome);
+    }
     template <class Nome>
     bool vero(const Nome& nome) const {
         return campo(nome).toDouble() != 0.0;

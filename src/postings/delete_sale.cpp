@@ -136,7 +136,7 @@ bool comeNeiLibri(Vendita& v, int idMovimento) {
     const std::set<int> righe = righeRegistrate(v.flxVB);
     const auto vendita = leggiVenditaNeiLibri(idMovimento, righe);
     if (!vendita) return false;
-    riprendiPagamento(v, *vendita);
+    v.idPagamento = vendita->idPagamento;
     return riprendiRegistrazioni(v, *vendita) && righeComeSulloSchermo(v.flxVB, *vendita, righe);
 }
 
@@ -165,9 +165,10 @@ bool cancellaInTransazione(Vendita& v, int idMovimento) {
     Cancellazione c;
     const bool tolta = protetto(
         gNomeModulo, "cancellaVendita", [&] { return togliDaiLibri(v, idMovimento, c); }, false);
+    const bool registrata = tolta && gAdo.commitTrasaction(transazione());
+    const auto riferimenti = registrata ? std::nullopt : riferimentiRifiutatiCancellando(v, c.causaleIncasso);
     v.idPagamento = pagamento;
-    if (tolta && gAdo.commitTrasaction(transazione())) return true;
-    const auto riferimenti = riferimentiRifiutatiCancellando(v, c.causaleIncasso);
+    if (registrata) return true;
     v.lblTotConto.testo(totale);
     v.idPrimaNota = documento;
     v.idPNPagamento = incasso;

@@ -36,6 +36,7 @@ const char* const testoRifiutoCancellando =
     "La vendita è ancora nell'archivio e si può cancellare di nuovo.";
 
 const char* const tabellaCausali = "Causali";
+const char* const nomePagamento = "il pagamento della vendita";
 
 QString sorgente() {
     return gNomeModulo + ".salvaVendita";
@@ -56,7 +57,7 @@ Riferimenti leCausali(int documento, int incasso) {
 
 Riferimenti dellaTestata(const Vendita& v, const Documento& d) {
     return {ilCliente(v, d.trasferimento ? -1 : v.cliente()),
-            {"Pagamenti", v.idPagamento, "il pagamento della vendita", false, gPagamentoVB < 1},
+            {"Pagamenti", v.idPagamento, nomePagamento, v.idPagamento != gPagamentoVB, gPagamentoVB < 1},
             {"TipoDocumenti", d.tipo, traParentesi("il tipo di documento", v.descTipoDocumento), false,
              gTipoDocVb < 1},
             {"Magazzini", v.magazzinoOrigine, "il magazzino da cui parte la merce", false},
@@ -189,7 +190,7 @@ std::optional<Riferimenti> riferimentiRifiutatiCancellando(const Vendita& v, int
     // What other rows still refer to is not gone: the server's words are the right ones.
     if (gAdo.getLastSQLCommand().startsWith("DELETE") || !rifiutata("cancellaVendita")) return std::nullopt;
     Riferimenti tutti;
-    aggiungi(tutti, {ilCliente(v, v.cliente())});
+    aggiungi(tutti, {ilCliente(v, v.cliente()), {"Pagamenti", v.idPagamento, nomePagamento, false}});
     aggiungi(tutti, leCausali(v.mCausaleDoc, causaleIncasso));
     return tutti;
 }

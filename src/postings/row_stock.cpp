@@ -4,7 +4,6 @@
 #include "core/globals.h"
 #include "core/value_helpers.h"
 #include "postings/average_price.h"
-#include "postings/save_state.h"
 #include "postings/stock.h"
 #include "sale/product_info.h"
 #include "sale/row_cells.h"
@@ -16,7 +15,7 @@ namespace {
 MovimentoMerce movimento(const Vendita& v, int riga, Currency taglio) {
     const FlexVB& g = v.flxVB;
     MovimentoMerce m;
-    m.quantita = getValoreSingle(quantitaEsatta(g, riga));
+    m.quantita = quantitaRiga(g, riga);
     m.quantitaVecchia = g.single(riga, Colonna::OldQuantita);
     m.taglio = taglio;
     m.idProdotto = g.chiave(riga, Colonna::IdProdotto);
@@ -39,11 +38,9 @@ Currency taglioRiga(const Vendita& v, int riga, bool trasferimento) {
     return g.currency(riga, v.mGestioneTaglio ? Colonna::PrezzoNettoEsteso : Colonna::Taglio);
 }
 
-// Rows taken off a sale that is converted go with their own document.
-bool muoveMerce(const Vendita& v, int riga, const Documento& d) {
+bool muoveMerce(const Vendita& v, int riga) {
     const FlexVB& g = v.flxVB;
-    const bool daRegistrare = g.viva(riga) ? g.gestione(riga) > RigaInvariata : !d.conversione;
-    return daRegistrare && v.operazione &&
+    return g.gestione(riga) > RigaInvariata && v.operazione &&
            getAggiornamentoGiacenzeByProdotto(g.chiave(riga, Colonna::IdProdotto));
 }
 
@@ -65,15 +62,15 @@ bool muovi(Vendita& v, int riga, Currency& taglio) {
 
 }  // namespace
 
-bool scaricaRiga(Vendita& v, int riga, const Documento& d, Currency& taglio) {
-    taglio = taglioRiga(v, riga, d.trasferimento);
-    return !muoveMerce(v, riga, d) || muovi(v, riga, taglio);
+bool scaricaRiga(Vendita& v, int riga, bool trasferimento, Currency& taglio) {
+    taglio = taglioRiga(v, riga, trasferimento);
+    return !muoveMerce(v, riga) || muovi(v, riga, taglio);
 }
 
 // Each amount is what its cell shows, so that the columns of the row agree with each other.
 void valutaAlCosto(Vendita& v, int riga, Currency taglio) {
     FlexVB& g = v.flxVB;
-    const double quantita = static_cast<double>(getValoreSingle(quantitaEsatta(g, riga)));
+    const double quantita = static_cast<double>(quantitaRiga(g, riga));
     const double aliquota = static_cast<double>(g.single(riga, Colonna::Iva));
     const auto scrivi = [&](Colonna colonna, double valore) {
         g.scrivi(riga, colonna, formattaImporto(Currency::daDouble(valore), 2));

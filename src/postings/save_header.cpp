@@ -80,7 +80,8 @@ bool riprendiDaiLibri(Vendita& v) {
     if (!vendita) return false;
     // The change of the header tells that it is gone.
     if (!vendita->presente) return true;
-    riprendiPagamento(v, *vendita);
+    // Who has recalled the sale goes on by the payment that it was saved with.
+    if (v.idPagamento < 1) v.idPagamento = vendita->idPagamento;
     if (v.extraProg() > 0) {
         if (!riprendiRegistrazioni(v, *vendita)) return false;
     } else {

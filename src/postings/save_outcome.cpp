@@ -41,13 +41,10 @@ const char* const testoSparita =
     "Il documento N° %1 non è più nell'archivio: è stato cancellato da un'altra cassa.\n"
     "La vendita non è stata salvata. Salvarla come nuova vendita?";
 
-// Rows marked for deletion went with their header: there is nothing left of them to delete, nor stock to
-// move.
+// Rows marked for deletion went with their header: there is nothing left of them to delete.
 void dimenticaCancellate(FlexVB& g) {
     for (int r = 1; r <= g.ultima(); ++r) {
-        if (g.viva(r)) continue;
-        g.scrivi(r, Colonna::Rid, {});
-        g.scrivi(r, Colonna::OldQuantita, "0");
+        if (!g.viva(r)) g.scrivi(r, Colonna::Rid, {});
     }
 }
 

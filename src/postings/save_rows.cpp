@@ -66,7 +66,7 @@ bool scriviRiga(const FlexVB& g, const RigaDaScrivere& riga, Salvataggio& s) {
         case RigaModificata:
             return rid > 0 ? modifica(rid, riga, s) : inserisci(g, riga, s);
         case RigaCancellata:
-            return s.documento.conversione || cancella(rid, s);
+            return cancella(rid, s);
         default:
             return true;
     }
@@ -92,20 +92,21 @@ void sommaPeso(const FlexVB& g, int r, Salvataggio& s) {
     s.colli = arrotondaColli(s.colli + getColliProd(prodotto) * quantita);
 }
 
-// A row taken away before it was ever saved is in no book, and leaves no trace in any.
-bool maiStata(const FlexVB& g, int r) {
-    return !g.viva(r) && g.chiave(r, Colonna::Rid) < 1;
+// A row taken away before it was ever saved is in no book, and leaves no trace in any; one of a sale that is
+// converted goes with the document that it stands under.
+bool estranea(const FlexVB& g, int r, const Documento& d) {
+    return !g.viva(r) && (d.conversione || g.chiave(r, Colonna::Rid) < 1);
 }
 
 bool salvaRiga(Vendita& v, int r, Salvataggio& s) {
-    if (maiStata(v.flxVB, r)) return true;
+    const Documento& d = s.documento;
+    if (estranea(v.flxVB, r, d)) return true;
     if (v.flxVB.viva(r)) ++s.pos;
     // A component added to a kit that was saved before joins its head.
     if (nuovaTesta(v.flxVB, r) && v.flxVB.chiave(r, Colonna::Rid) > 0)
         s.ultimaTesta = v.flxVB.chiave(r, Colonna::Rid);
     Currency taglio;
-    const Documento& d = s.documento;
-    if (!scaricaRiga(v, r, d, taglio)) return false;
+    if (!scaricaRiga(v, r, d.trasferimento, taglio)) return false;
     const bool daScrivere = v.flxVB.gestione(r) == RigaNuova || v.flxVB.gestione(r) == RigaModificata;
     if (d.trasferimento && daScrivere) valutaAlCosto(v, r, std::max(taglio, Currency()));
     const RigaDaScrivere riga{v.flxVB, r, d.idMovimento, d.extraProg, s.pos, taglio, d.trasferimento};

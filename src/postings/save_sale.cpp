@@ -40,11 +40,10 @@ bool pagataAlBanco(const Vendita& v, const Documento& d) {
 
 // Everything between begin and commit; false: roll back.
 bool scriviNeiLibri(Vendita& v, Documento& d) {
-    if (pagataAlBanco(v, d)) v.idPagamento = gPagamentoVB;
     d.trasferimento = StatoPrimaDelSalvataggio::trasferimento(v);
     const bool nuova = v.rid() <= 0;
     if (!nuova && !riprendiDaiLibri(v)) return false;
-    if (v.idPagamento < 1) v.idPagamento = gPagamentoVB;
+    if (pagataAlBanco(v, d) || v.idPagamento < 1) v.idPagamento = gPagamentoVB;
     if (!(nuova ? inserisciTestata(v, d) : modificaTestata(v, d))) return false;
     d.extraProg = v.extraProg() > 0 ? v.extraProg() : getNewSottoProgressivo(v, d.progressivo);
     d.righeScritte = saveDettagli(v, d);

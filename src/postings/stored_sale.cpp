@@ -21,10 +21,6 @@ QString sorgente() {
     return gNomeModulo + ".leggiVenditaNeiLibri";
 }
 
-int chiaveOMenoUno(const QVariant& valore) {
-    return valore.isNull() ? -1 : valore.toInt();
-}
-
 // By the text that a recall puts into the cell: it has fewer digits than the number that a server keeps.
 bool stessaQuantita(const FlexVB& g, int r, const RigaNeiLibri& riga) {
     return g.single(r, Colonna::OldQuantita) == getValoreSingle(testoNumero(riga.quantita));
@@ -70,9 +66,9 @@ std::optional<VenditaNeiLibri> leggiVenditaNeiLibri(int idMovimento, const std::
     VenditaNeiLibri vendita;
     for (; !lettura->eof(); lettura->moveNext()) {
         vendita.presente = true;
-        vendita.idPrimaNota = chiaveOMenoUno(lettura->campo("FK_PRIMANOTA"));
-        vendita.idPNPagamento = chiaveOMenoUno(lettura->campo("FK_PNPAGAMENTO"));
-        vendita.idPagamento = chiaveOMenoUno(lettura->campo("FK_PAGAMENTO"));
+        vendita.idPrimaNota = lettura->chiave("FK_PRIMANOTA");
+        vendita.idPNPagamento = lettura->chiave("FK_PNPAGAMENTO");
+        vendita.idPagamento = lettura->chiave("FK_PAGAMENTO");
         if (lettura->campo("RID").isNull()) continue;
         vendita.righe[lettura->intero("RID")] = {lettura->intero("FK_PRODOTTO"), lettura->single("QUANTITA"),
                                                  lettura->importo("TAGLIO")};
@@ -103,10 +99,6 @@ bool righeComeSulloSchermo(FlexVB& griglia, const VenditaNeiLibri& vendita, cons
             griglia.scrivi(r, Colonna::Taglio, letta->second.taglio.testo());
     }
     return true;
-}
-
-void riprendiPagamento(Vendita& v, const VenditaNeiLibri& vendita) {
-    if (v.idPagamento < 1) v.idPagamento = vendita.idPagamento;
 }
 
 bool riprendiRegistrazioni(Vendita& v, const VenditaNeiLibri& vendita) {

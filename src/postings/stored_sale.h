@@ -37,8 +37,6 @@ std::set<int> righeDaToccare(const FlexVB& griglia);
 // put there in full, since the stock is kept by all its decimals. False: another has changed or deleted the
 // sale, which the operator is told after the transaction.
 bool righeComeSulloSchermo(FlexVB& griglia, const VenditaNeiLibri& vendita, const std::set<int>& righe);
-// Who has recalled the sale goes on by the payment that it was saved with.
-void riprendiPagamento(Vendita& v, const VenditaNeiLibri& vendita);
 // The entries of the journal are those that the screen knows. Those that it knows nothing of, since a sale
 // under the same header has made them meanwhile, become its own and are rewritten, not made twice. False: as
 // above; or the sale was collected meanwhile, and would be once more.

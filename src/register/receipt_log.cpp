@@ -244,6 +244,7 @@ void RegistroScontrini::archivia(Voce voce) {
 }
 
 qsizetype RegistroScontrini::inAttesa() const {
+    if (mRisposteAttese) return 0;
     return std::count_if(mCoda.begin(), mCoda.end(),
                          [this](const Lotto& l) { return l.daInviare > 0 || mSenzaRisposta > 0; });
 }

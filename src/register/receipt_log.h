@@ -58,7 +58,8 @@ class RegistroScontrini {
     void annullate();          // the queue was emptied
     void collegamentoPerso();  // no answer comes any more, and the other side may have lost what it took
 
-    // Receipts that are still to be printed, or of which some frame has no answer yet.
+    // Receipts that are still to be printed, or of which some frame has no answer yet. Where all are sent and
+    // an answer is missing behind one that came, nothing is waited for: it may never come.
     qsizetype inAttesa() const;
     // Those of them behind the one at work.
     qsizetype accodati() const { return std::max<qsizetype>(0, inAttesa() - 1); }

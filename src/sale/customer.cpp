@@ -32,6 +32,8 @@ void clienteNonTrovato(Vendita& v) {
     v.lblFido.tag("0");
     v.pctSegnala.tag("0");
     v.lblSaldo.testoETag(formattaImporto(0.0, 2));
+    v.mScontoCliente = 0;
+    v.mPagamentoCliente = -1;
 }
 
 void riempiCliente(Vendita& v, const Recordset& c) {
@@ -44,7 +46,7 @@ void riempiCliente(Vendita& v, const Recordset& c) {
     v.lblFido.tag(QString::number(getChekByBool(c.campo("CTRLFIDO"))));
     v.pctSegnala.tag(QString::number(getChekByBool(c.campo("SEGNALA"))));
     v.mScontoCliente = c.reale("SCONTO");
-    v.mPagamentoCliente = c.campo("FK_PAGAMENTO").isNull() ? -1 : c.intero("FK_PAGAMENTO");
+    v.mPagamentoCliente = c.chiave("FK_PAGAMENTO");
 }
 
 QString condizioneCliente(int id, const QString& codice) {
@@ -109,16 +111,26 @@ void perVenditaNuova(Vendita& v) {
     v.lblLastMainDisplay.testo(formattaImporto(0.0, 2));
 }
 
+// What is in the books in another's name goes on by the terms of who takes it over.
+void perVenditaCheCambiaMano(Vendita& v) {
+    v.idPagamento = v.mPagamentoCliente > 0 ? v.mPagamentoCliente : gPagamentoVB;
+}
+
 // Loads and shows a customer; `trovato` runs behind that. A sale that changes hands is to be saved; one that
 // is being opened has no rows yet.
 template <class Trovato>
 bool prendiCliente(Vendita& v, int id, const QString& codice, Trovato trovato) {
     const int prima = v.cliente();
     const bool esito = caricaCliente(v, id, codice);
-    if (v.cliente() != prima && v.flxVB.righe() > 1) setVenditaModificata(v);
+    const bool altro = v.cliente() != prima;
+    if (altro && v.flxVB.righe() > 1) setVenditaModificata(v);
     if (esito) {
         v.lblSaldo.testoETag(formattaImporto(getSaldoCliente(v.cliente()), 2));
-        if (v.rid() < 0) perVenditaNuova(v);
+        if (v.rid() < 0) {
+            perVenditaNuova(v);
+        } else if (altro) {
+            perVenditaCheCambiaMano(v);
+        }
         trovato();
     }
     mostraSegnala(v);

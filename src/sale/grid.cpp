@@ -11,6 +11,7 @@
 #include "core/value_helpers.h"
 #include "sale/alternatives.h"
 #include "sale/product_info.h"
+#include "sale/row_cells.h"
 #include "sale/row_editor.h"
 #include "sale/vendita.h"
 
@@ -104,7 +105,7 @@ void mostraPrezziRiga(Vendita& v, int r) {
     mostraSconto(v, r, Colonna::Sconto1, v.txtSconto1, v.lblSconto1);
     mostraSconto(v, r, Colonna::Sconto2, v.txtSconto2, v.lblSconto2);
     mostraSconto(v, r, Colonna::Sconto3, v.txtSconto3, v.lblSconto3);
-    const double quantita = static_cast<double>(g.single(r, Colonna::Quantita));
+    const double quantita = static_cast<double>(quantitaRiga(g, r));
     const double importo = g.currency(r, Colonna::Importo).toDouble();
     v.txtPrezzoFinito.testoETag(formattaImporto(quantita == 0.0 ? 0.0 : importo / quantita, 2));
     v.TxtPrezzoRiga.testoETag(formattaImporto(importo, 2));

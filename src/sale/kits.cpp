@@ -11,6 +11,7 @@
 #include "data/prepare_sql.h"
 #include "sale/kit_components.h"
 #include "sale/line_pricing.h"
+#include "sale/row_cells.h"
 #include "sale/row_editor.h"
 #include "sale/totals.h"
 #include "sale/vendita.h"
@@ -67,8 +68,8 @@ void sommaFigli(FlexVB& g, int testa) {
     Currency totale;
     for (const int r : figliVivi(g, testa)) {
         if (testaDistinta(g.cella(r, Colonna::Codice))) continue;
-        const double importo = g.currency(r, Colonna::PrezzoNetto).toDouble() *
-                               static_cast<double>(g.single(r, Colonna::Quantita));
+        const double importo =
+            g.currency(r, Colonna::PrezzoNetto).toDouble() * static_cast<double>(quantitaRiga(g, r));
         netto += Currency::daDouble(importo);
         totale += Currency::daDouble(importo * (1 + ivaRiga(g, r) / 100));
     }
@@ -112,9 +113,11 @@ CelleRiga quantitaFiglio(Vendita& v, int r, float p, float q) {
     const Currency netto =
         celle.empty() ? g.currency(r, Colonna::PrezzoNetto) : getValoreCurrency(celle.front().second);
     const double quantita =
-        static_cast<double>(g.single(r, Colonna::Quantita)) / static_cast<double>(p) * static_cast<double>(q);
-    celle.emplace_back(Colonna::Quantita, formattaImporto(quantita, 2));
-    const double nuova = static_cast<double>(getValoreSingle(celle.back().second));
+        static_cast<double>(quantitaRiga(g, r)) / static_cast<double>(p) * static_cast<double>(q);
+    const QString mostrata = formattaImporto(quantita, 2);
+    const bool stessa = mostrata == g.cella(r, Colonna::Quantita);
+    const double nuova = static_cast<double>(stessa ? quantitaRiga(g, r) : getValoreSingle(mostrata));
+    celle.emplace_back(Colonna::Quantita, mostrata);
     if (!testaDistinta(g.cella(r, Colonna::Codice)))
         celle.emplace_back(Colonna::Importo,
                            testoImporto(netto.toDouble() * (1 + ivaRiga(g, r) / 100) * nuova));
@@ -187,7 +190,7 @@ void aggiornaQTFigli(Vendita& v, int riga, float quantita) {
     FlexVB& g = v.flxVB;
     const std::vector<int> figli = figliVivi(g, riga);
     if (figli.empty()) return;
-    const float p = g.single(riga, Colonna::Quantita);
+    const float p = quantitaRiga(g, riga);
     if (p == 0.0F) throw RunTimeError(RunTimeError::DivisionePerZero);
     std::vector<std::pair<int, CelleRiga>> cambiate;
     for (const int r : figli) {
@@ -225,7 +228,7 @@ void aggiornaStatisticheFigli(Vendita& v, int riga) {
     FlexVB& g = v.flxVB;
     for (const int r : figliVivi(g, riga)) {
         if (g.gestione(r) == RigaInvariata) continue;
-        const double q = static_cast<double>(g.single(r, Colonna::Quantita));
+        const double q = static_cast<double>(quantitaRiga(g, r));
         g.scrivi(r, Colonna::TotPrNetto,
                  testoNumero(g.currency(r, Colonna::PrezzoNettoEsteso).toDouble() * q));
         g.scrivi(r, Colonna::TotIvaProd, testoNumero(q * static_cast<double>(g.single(r, Colonna::IvaProd))));

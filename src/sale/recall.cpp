@@ -28,10 +28,6 @@ QString plain(const QVariant& valore) {
     return valore.isNull() ? QString() : testoNumero(valore.toDouble());
 }
 
-int chiaveOMenoUno(const QVariant& valore) {
-    return valore.isNull() ? -1 : valore.toInt();
-}
-
 QString sqlTestata(const Vendita& v, int idMovimento, int progressivo, int anno) {
     const QString sql =
         "SELECT M.RID, M.PROGRESSIVO, M.DATA, M.FK_CONTROPARTITA, M.FK_PRIMANOTA, M.FK_PNPAGAMENTO, "
@@ -47,8 +43,8 @@ QString sqlTestata(const Vendita& v, int idMovimento, int progressivo, int anno)
 // The customer comes before the number: the customer's own rules ask about a sale that has one already.
 void riempiTestata(Vendita& v, const Recordset& m, int extraProg) {
     v.lblRID.testo(m.testo("RID"));
-    v.idPrimaNota = chiaveOMenoUno(m.campo("FK_PRIMANOTA"));
-    v.idPNPagamento = chiaveOMenoUno(m.campo("FK_PNPAGAMENTO"));
+    v.idPrimaNota = m.chiave("FK_PRIMANOTA");
+    v.idPNPagamento = m.chiave("FK_PNPAGAMENTO");
     v.txtCodCliente.testo({});
     v.txtCodCliente.tag(m.testo("FK_CONTROPARTITA"));
     txtCodCliente_Invio(v);

@@ -94,6 +94,10 @@ const QString& quantitaEsatta(const FlexVB& g, int riga) {
     return immutata ? g.cella(riga, Colonna::OldQuantita) : mostrata;
 }
 
+float quantitaRiga(const FlexVB& g, int riga) {
+    return getValoreSingle(quantitaEsatta(g, riga));
+}
+
 CelleRiga celleRiga(const Vendita& v, const DatiRiga& d, bool nuova) {
     CelleRiga celle;
     aggiungiProdotto(celle, d);

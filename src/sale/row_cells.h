@@ -18,6 +18,8 @@ QString testoImporto(double importo);
 // A row's quantity with all its decimals, of which the cell shows two: as stored, until another one is
 // entered.
 const QString& quantitaEsatta(const FlexVB& griglia, int riga);
+// The same, to reckon with.
+float quantitaRiga(const FlexVB& griglia, int riga);
 // Beyond the range of a price or amount: RunTimeError 6. `nuova`: the row is not in the grid yet.
 CelleRiga celleRiga(const Vendita& v, const DatiRiga& dati, bool nuova);
 // Writes them, with the row's save state and, on a row that has none, the operator.

@@ -5,6 +5,7 @@
 #include "core/globals.h"
 #include "core/numbers.h"
 #include "core/value_helpers.h"
+#include "sale/row_cells.h"
 #include "sale/vendita.h"
 
 const char* const moduloFrmMain = "frmMain";
@@ -146,6 +147,9 @@ void setResoStatus(Vendita& v, int valore) {
 }
 
 float quantitaEditor(const Vendita& v) {
-    const float quantita = getValoreSingle(v.txtQta.testo());
-    return v.chkReso.valore() == 1 ? -std::fabs(quantita) : quantita;
+    const float scritta = getValoreSingle(v.txtQta.testo());
+    const float quantita = v.chkReso.valore() == 1 ? -std::fabs(scritta) : scritta;
+    const int riga = rigaInEditor(v);
+    const bool dellaRiga = riga > 0 && v.flxVB.cella(riga, Colonna::Quantita) == formattaImporto(quantita, 2);
+    return dellaRiga ? quantitaRiga(v.flxVB, riga) : quantita;
 }

@@ -34,5 +34,6 @@ int rigaInEditor(const Vendita& v);
 
 // Return mode of the row in the editor: 1 a return, 0 not.
 void setResoStatus(Vendita& v, int valore);
-// Single(txtQta), with the sign of the return mode.
+// Single(txtQta), with the sign of the return mode; what the row in the editor shows stands for its whole
+// quantity.
 float quantitaEditor(const Vendita& v);

@@ -40,7 +40,7 @@ CelleRiga unicoSconto(const QString& sconto, const QString& zero) {
 
 // The amounts that follow from a net price per unit; the row total is net amount and VAT added up.
 CelleRiga importiDaNetto(const FlexVB& g, int r, Currency netto) {
-    const double quantita = static_cast<double>(g.single(r, Colonna::Quantita));
+    const double quantita = static_cast<double>(quantitaRiga(g, r));
     const double iva = static_cast<double>(g.single(r, Colonna::Iva));
     const QString totaleNetto = testoNumero(netto.toDouble() * quantita);
     const Currency ivaUnitaria = Currency::daDouble(netto.toDouble() * iva / 100);
@@ -73,7 +73,7 @@ CelleRiga prezziScontati(const FlexVB& g, int r, Currency netto, float sconto) {
     if (testaDistinta(g.cella(r, Colonna::Codice))) return {};
     const double listino = g.currency(r, Colonna::PrezzoListino).toDouble();
     const double conIva = 1 + g.currency(r, Colonna::Iva).toDouble() / 100;
-    const double quantita = static_cast<double>(g.single(r, Colonna::Quantita));
+    const double quantita = static_cast<double>(quantitaRiga(g, r));
     return {{Colonna::PrezzoNetto, formattaImporto(netto, gDecimaliDopo)},
             {Colonna::PrezzoNettoEsteso, netto.testo()},
             {Colonna::Importo, formattaImporto(listino * conIva * quantita * meno(sconto), 2)}};
@@ -82,7 +82,7 @@ CelleRiga prezziScontati(const FlexVB& g, int r, Currency netto, float sconto) {
 CelleRiga conScontoImmediato(const FlexVB& g, int r, float sconto) {
     const Currency netto =
         Currency::daDouble(g.currency(r, Colonna::PrezzoListino).toDouble() * meno(sconto));
-    const double quantita = static_cast<double>(g.single(r, Colonna::Quantita));
+    const double quantita = static_cast<double>(quantitaRiga(g, r));
     const auto iva =
         static_cast<float>(netto.toDouble() * static_cast<double>(g.single(r, Colonna::Iva)) / 100);
     return unicoSconto(testoNumero(sconto), "0") + prezziScontati(g, r, netto, sconto) +

@@ -85,6 +85,8 @@ void pulisciTestata(Vendita& v) {
     v.cancellazioneIncerta.clear();
     v.pctSalvata.visibile(false);
     v.giornoDocumento = orologio().oggi();
+    v.mScontoCliente = 0;
+    v.mPagamentoCliente = -1;
     v.idPagamento = -1;
     v.idPrimaNota = -1;
     v.idPNPagamento = -1;
@@ -134,7 +136,11 @@ bool setForNewMovimento(Vendita& v) {
     v.idPrimaNota = -1;
     v.idPNPagamento = -1;
     // What was paid at the counter stays so, whatever the customer's terms.
-    if (v.idPagamento < 1 && v.chkPagato.valore() != 1) v.idPagamento = v.mPagamentoCliente;
+    if (v.chkPagato.valore() == 1 && v.cliente() != gClientePredefinito) {
+        v.idPagamento = -1;
+    } else if (v.idPagamento < 1) {
+        v.idPagamento = v.mPagamentoCliente;
+    }
     for (int r = 1; r <= v.flxVB.ultima(); ++r) {
         if (v.flxVB.viva(r)) v.flxVB.scrivi(r, Colonna::Gestione, QString::number(RigaNuova));
     }

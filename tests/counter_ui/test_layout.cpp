@@ -33,8 +33,9 @@ bool ciSta(const QWidget& w) {
         return w.fontMetrics().horizontalAdvance(casella->text()) + margineCasella <= w.width();
     }
     if (auto* elisa = qobject_cast<const EtichettaElisa*>(&w)) {
-        return w.fontMetrics().horizontalAdvance(elisa->text()) <= w.contentsRect().width() &&
-               w.fontMetrics().height() <= w.height();
+        return elisa->text().isEmpty() ||
+               (w.fontMetrics().horizontalAdvance(elisa->text()) <= w.contentsRect().width() &&
+                w.fontMetrics().height() <= w.height());
     }
     return w.minimumSizeHint().width() <= w.width() && w.minimumSizeHint().height() <= w.height();
 }

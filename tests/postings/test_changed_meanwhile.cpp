@@ -351,6 +351,19 @@ INSTANTIATE_TEST_SUITE_P(Of, SameQuantity,
                          testing::Values("0.125", "0.1", "0.3", "1.234", "33.333", "-2.5", "-1.004",
                                          "1234.567", "99999.999", "1234567.891", "16777217", "0.3333333333"));
 
+TEST_F(ChangedMeanwhile, AnotherPriceIsReckonedWithAllDecimalsOfTheQuantity) {
+    n.sql("UPDATE DettagliMovimento SET QUANTITA = 1.234 WHERE RID = 1");
+    richiama(v, 1);
+    c.clicRiga(1);
+    c.clic(v.txtPrezzoNetto);
+    c.digita("9,5");
+    c.tasto(Qt::Key_F6);
+    ASSERT_TRUE(salvaERilegge(v));
+    EXPECT_EQ(
+        n.riga("SELECT ROUND(QUANTITA, 3) + 0.0, TOTALERIGA + 0.0 FROM DettagliMovimento WHERE RID = 1"),
+        "1.234|14.3");
+}
+
 TEST_F(ChangedMeanwhile, AQuantityBehindARemovedRowKeepsItsDecimals) {
     n.sql("UPDATE DettagliMovimento SET QUANTITA = 2.125, TOTALERIGA = 7.77 WHERE RID = 2");
     richiama(v, 1);

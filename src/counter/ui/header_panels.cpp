@@ -11,6 +11,7 @@
 #include "counter/ui/style.h"
 #include "kit/ui/campo_edit.h"
 #include "kit/ui/campo_widgets.h"
+#include "kit/ui/labels.h"
 #include "sale/vendita.h"
 
 namespace {
@@ -57,6 +58,7 @@ void aggiungiConti(const Montaggio& m, QHBoxLayout& riga, QWidget* padre) {
 
 // A small text above or below a larger one, in the height of a box.
 QVBoxLayout* pila(QLabel* sopra, QLabel* sotto) {
+    if (auto* testo = qobject_cast<EtichettaElisa*>(sotto)) testo->cedeIlPosto();
     auto* colonna = nuovaDisposizione<QVBoxLayout>(0);
     colonna->addStretch();
     colonna->addWidget(sopra);

@@ -18,6 +18,8 @@ constexpr int intervallo = 20;      // milliseconds between two looks at whether
 constexpr int durataRaccolta = 20;  // milliseconds at most
 // Behind its prefix a slow scanner is still one.
 constexpr int passoConPrefisso = 200;
+// Behind a longer pause a hand begins something new.
+constexpr int pausaDellaMano = 600;
 
 // The part of the box that is up that its keys go to, also while the focus has not come to it yet.
 QWidget* bersaglio() {
@@ -31,6 +33,10 @@ QWidget* bersaglio() {
 // Whether the box that is up is being typed into: then only the prefix tells a scan.
 bool siDigitaNelRiquadro() {
     return qobject_cast<QLineEdit*>(bersaglio()) != nullptr;
+}
+
+bool fineCodice(QChar carattere) {
+    return carattere == u'\r' || carattere == u'\t';
 }
 
 // A dialogue that keeps the other windows from being used.
@@ -60,9 +66,13 @@ ScansioniInAttesa::ScansioniInAttesa(FinestraConti& finestra)
 
 bool ScansioniInAttesa::eventFilter(QObject* oggetto, QEvent* evento) {
     if (evento == mNostro) return false;
+    if (evento->type() == QEvent::Show && eRiquadro(*oggetto)) {
+        raccogli();
+        mRaccoglie = false;  // one that comes up while another is awaited is heard
+        return false;
+    }
     const QWidget* atteso = bersaglio();
     if (mRaccoglie || (atteso == nullptr && mFinestra.sordaDelTutto())) return raccolto(*evento);
-    if (evento->type() == QEvent::Show && eRiquadro(*oggetto)) raccogli();
     if (evento->type() != QEvent::KeyPress) return false;
     auto& premuto = *static_cast<QKeyEvent*>(evento);
     if (atteso == nullptr) return continua(premuto);
@@ -83,8 +93,7 @@ bool ScansioniInAttesa::raccolto(QEvent& evento) {
             evento.accept();  // a letter, and no command
             return true;
         case QEvent::KeyPress:
-            tasto(static_cast<QKeyEvent&>(evento));
-            mAMeta = !mCodice.isEmpty();
+            inghiotti(static_cast<QKeyEvent&>(evento));
             return true;
         case QEvent::KeyRelease:
         case QEvent::MouseButtonPress:
@@ -100,14 +109,22 @@ bool ScansioniInAttesa::raccolto(QEvent& evento) {
     }
 }
 
-// A scan is entered whole: what is missing of one whose beginning was taken in is no key of the screen's.
+void ScansioniInAttesa::inghiotti(const QKeyEvent& evento) {
+    tasto(evento);
+    mAMeta = !mCodice.isEmpty();
+    if (const auto carattere = carattereDelTasto(evento)) mTagliata = !fineCodice(*carattere);
+}
+
+// What is missing of a code whose beginning was taken in is no key of the screen's: a scan is entered whole,
+// and of what a hand types a half would be another product.
 bool ScansioniInAttesa::continua(const QKeyEvent& evento) {
     if (!carattereDelTasto(evento)) return false;
-    const bool inCorsa = istanteDelTasto(evento) - mUltimo <= RafficaTasti::passo;
-    const bool sua = mConPrefisso || (mAMeta && inCorsa);
-    if (sua) tasto(evento);
-    mAMeta = sua && !mCodice.isEmpty();
-    return sua;
+    const qint64 pausa = istanteDelTasto(evento) - mUltimo;
+    const bool scansione = mConPrefisso || (mAMeta && pausa <= RafficaTasti::passo);
+    const bool resto = scansione || (mTagliata && pausa <= pausaDellaMano);
+    mAMeta = mTagliata = false;
+    if (resto) inghiotti(evento);
+    return resto;
 }
 
 bool ScansioniInAttesa::tasto(const QKeyEvent& evento) {
@@ -127,7 +144,7 @@ bool ScansioniInAttesa::tasto(const QKeyEvent& evento) {
 
 bool ScansioniInAttesa::dopoIlPrefisso(QChar carattere) {
     mFinePrefisso.start();
-    if (carattere == u'\r' || carattere == u'\t') {
+    if (fineCodice(carattere)) {
         tieni();
     } else if (carattere == gLaserChar[0]) {
         tieni();  // a code without its Enter
@@ -143,13 +160,17 @@ bool ScansioniInAttesa::senzaPrefisso(QChar carattere, bool svelto) {
     const frmMain* davanti = mFinestra.davanti();
     if (davanti == nullptr || !davanti->raffica.attiva) return false;
     if (!svelto) mCodice.clear();
-    if (carattere != u'\r' && carattere != u'\t') {
+    if (!fineCodice(carattere)) {
         mCodice += carattere;
         return svelto;
     }
-    if (mCodice.size() < RafficaTasti::minima || mCodice.size() > RafficaTasti::massima) return false;
-    tieni();
-    return true;
+    const bool scansione = mCodice.size() >= RafficaTasti::minima && mCodice.size() <= RafficaTasti::massima;
+    if (scansione) {
+        tieni();
+    } else {
+        mCodice.clear();
+    }
+    return scansione;
 }
 
 // No key has followed. A code without its Enter is a scan all the same. In the middle of a transaction
@@ -172,7 +193,7 @@ void ScansioniInAttesa::tieni() {
 
 void ScansioniInAttesa::riprova() {
     frmMain* davanti = mFinestra.davanti();
-    if (QApplication::activeModalWidget() != nullptr || gAdo.inTransazione()) return;
+    if (mRaccoglie || QApplication::activeModalWidget() != nullptr || gAdo.inTransazione()) return;
     if (davanti != nullptr && !davanti->libero()) return;
     if (davanti == nullptr || gLaserChar.isEmpty() || mCoda.isEmpty()) {
         mCoda.clear();

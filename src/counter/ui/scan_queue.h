@@ -27,6 +27,7 @@ class ScansioniInAttesa final : public QObject {
 
   private:
     bool raccolto(QEvent& evento);
+    void inghiotti(const QKeyEvent& evento);
     bool continua(const QKeyEvent& evento);
     bool tasto(const QKeyEvent& evento);
     bool dopoIlPrefisso(QChar carattere);
@@ -43,7 +44,8 @@ class ScansioniInAttesa final : public QObject {
     QTimer mFinePrefisso;
     QString mCodice;
     bool mConPrefisso = false;
-    bool mAMeta = false;  // the beginning of what may be a scan was taken in
+    bool mAMeta = false;     // the beginning of what may be a scan was taken in
+    bool mTagliata = false;  // or of what a hand types
     bool mRaccoglie = false;
     const QEvent* mNostro = nullptr;  // a key of our own, on its way
     qint64 mUltimo = 0;

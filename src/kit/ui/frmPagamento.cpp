@@ -117,7 +117,9 @@ void frmPagamento::costruisci() {
     cmdEsci->setAutoDefault(false);
     cmdEsci->setProperty("ruolo", "principale");
     cmdEsci->setToolTip("Ritorna alla vendita, che viene salvata (Esc o F5)");
-    connect(cmdEsci, &QPushButton::clicked, this, &QDialog::accept);
+    connect(cmdEsci, &QPushButton::clicked, this, [this] {
+        if (!sorda()) accept();
+    });
     tutto->addWidget(cmdEsci);
 }
 

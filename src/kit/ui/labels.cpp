@@ -19,7 +19,7 @@ void dipingiFondo(QLabel& etichetta, QPainter& pittore) {
 }  // namespace
 
 QSize EtichettaElisa::minimumSizeHint() const {
-    return {fontMetrics().averageCharWidth() * 3, QLabel::minimumSizeHint().height()};
+    return {fontMetrics().averageCharWidth() * 3, altezza()};
 }
 
 void EtichettaElisa::paintEvent(QPaintEvent*) {
