@@ -126,6 +126,26 @@ TEST_F(PaymentStep, RegisteredSaleAsksBeforeItsTotalIsChanged) {
     EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "24.4");
 }
 
+TEST_F(PaymentStep, RefusedSaveBehindAChangedTotalShowsTheSalesOwnAgain) {
+    ContoDiProva& c = contoConVendita();
+    incassaCon(c, nuovoTotale(10));
+    const QString cliente = c.vendita().txtCodCliente.tag();
+    c.vendita().txtCodCliente.tag("0");
+    n.operatore.attendiMessaggio("Attenzione:\n - Campo [Cliente] Obbligatorio.");
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(n.conta("Movimenti"), 0);
+    EXPECT_EQ(c.vendita().lblMainDisplay.testo(), "10,00");
+    c.vendita().txtCodCliente.tag(cliente);
+    Currency mostrato;
+    incassaCon(c, [&](Currency totale) {
+        mostrato = totale;
+        return intatto(totale);
+    });
+    c.tasto(Qt::Key_F5);
+    EXPECT_EQ(mostrato, Currency::daIntero(10));
+    EXPECT_EQ(n.valore("SELECT TOTDOCUMENTO FROM Movimenti"), "10");
+}
+
 TEST_F(PaymentStep, TotalOfAnEvenExchangeCannotBeChangedAndTheTenderComesUpAgain) {
     ContoDiProva& c = contoConCambio(10);
     ASSERT_EQ(c.vendita().lblMainDisplay.testo(), "0,00");

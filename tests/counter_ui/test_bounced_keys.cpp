@@ -1,5 +1,6 @@
 #include "core/globals.h"
 #include "counter_ui/window_shop.h"
+#include "data/server_driver.h"
 
 namespace {
 
@@ -20,6 +21,7 @@ class BouncedKeys : public WindowShop {
         tasto(Qt::Key_F5);
         ASSERT_EQ(gConti[1], nullptr);
     }
+    void avvisa() { porta.messaggio("Carta finita", OperatorPort::Icona::Critica, "Registratore"); }
     void vendeUnaVite() const {
         digita("VITE");
         tasto(Qt::Key_Return);
@@ -66,6 +68,38 @@ TEST_F(BouncedKeys, DigitsTypedWhileASaveRanReachNoField) {
     EXPECT_EQ(vendita().txtCodProdotto.testo(), "");
     EXPECT_EQ(vendita().txtQta.testo(), "1,00");
     EXPECT_FALSE(vendita().venditaModificata);
+}
+
+// Its second half alone would be another product.
+TEST_F(BouncedKeys, CodeThatBeganWhileASaveRanIsDroppedWhole) {
+    vendeUnaVite();
+    arriva("STA");
+    tasto(Qt::Key_F5);
+    arriva("VITE\r");
+    aspettaCheSenta();
+    EXPECT_EQ(codici(), QStringList("VITE"));
+    EXPECT_EQ(vendita().flxVB.cella(1, Colonna::Quantita), "1,00");
+    EXPECT_EQ(vendita().txtCodProdotto.testo(), "");
+    digita("77");
+    EXPECT_EQ(vendita().txtCodProdotto.testo(), "77");
+}
+
+TEST_F(BouncedKeys, BoxThatComesUpWhileTheKeysOfASaveAreDroppedIsHeard) {
+    vendeUnaVite();
+    sondaIstruzioni() = [this](const QString& sql) -> std::optional<ErroreServer> {
+        if (sql == "COMMIT") QTimer::singleShot(0, finestra.get(), [this] { avvisa(); });
+        return std::nullopt;
+    };
+    bool sentito = false;
+    conRiquadro([&](QWidget& riquadro) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        sentito = !riquadro.isVisible();
+        riquadro.close();
+    });
+    tasto(Qt::Key_F5);
+    sondaIstruzioni() = {};
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sentito; }));
+    EXPECT_EQ(negozio.conta("Movimenti"), 1);
 }
 
 TEST_F(BouncedKeys, DigitsTypedRightAfterASaveAreHeard) {

@@ -2,6 +2,7 @@
 #include "postings/delete_sale.h"
 #include "postings/expected_books.h"
 #include "postings/save_sale.h"
+#include "sale/customer.h"
 #include "sale/document_info.h"
 #include "sale/recall.h"
 #include "sale/sale_document.h"
@@ -161,6 +162,31 @@ TEST_F(BooksOfACredit, AConversionOfARecalledSaleGoesByTheTermsOfTheCustomer) {
     setForNewMovimento(altra);
     ASSERT_TRUE(salvaVendita(altra, true, 5));
     EXPECT_EQ(pagamenti(), (QStringList{"10|10", "9|9"}));
+}
+
+TEST_F(BooksOfACredit, ASaleThatChangesHandsGoesByTheTermsOfWhoTakesIt) {
+    const int altro = n.cliente(21, "VERDI");
+    Vendita& altra = richiamata().vendita();
+    n.operatore.attendiDomanda("Il conto attuale è gia stato salvato.\nAprire un nuovo conto?",
+                               OperatorPort::Risposta::No);
+    altra.txtCodCliente.testo("21");
+    txtCodCliente_Invio(altra);
+    ASSERT_EQ(altra.cliente(), altro);
+    ASSERT_TRUE(altra.venditaModificata);
+    ASSERT_TRUE(salvaVendita(altra, false, -1));
+    EXPECT_EQ(pagamenti(), QStringList{"1|1"});
+    EXPECT_EQ(n.conta("Scadenze"), 0);
+}
+
+TEST_F(BooksOfACredit, AConversionOfASaleThatWasTickedAsPaidAndNeverSavedIsPaid) {
+    ContoDiProva& altro = n.apriConto(1);
+    n.intesta(altro.vendita(), 1, 9);
+    vendi(altro, "A");
+    setInfoDocumento(altro.vendita(), 5);
+    setForNewMovimento(altro.vendita());
+    ASSERT_TRUE(salvaVendita(altro.vendita(), true, 5));
+    EXPECT_EQ(pagamenti().last(), "1|1");
+    EXPECT_GT(n.valore("SELECT MAX(FK_PNPAGAMENTO) FROM Movimenti").toInt(), 0);
 }
 
 TEST_F(BooksOfACredit, AConversionOfAPaidSaleIsPaid) {

@@ -138,6 +138,15 @@ TEST_F(Closing, EndOfTheSessionAsksNothingAboutTheRegister) {
     EXPECT_TRUE(n.terminato);
 }
 
+TEST_F(Closing, EndOfTheSessionWhileTheQuestionIsUpHoldsBehindTheAnswer) {
+    tace();
+    contoConVendita().tasto(Qt::Key_F5);
+    chiedeSeChiudere("1 scontrino", Risposta::No,
+                     [] { EXPECT_FALSE(chiudiTuttiIConti(Chiusura::FineSessione)); });
+    EXPECT_TRUE(chiudiTuttiIConti());
+    EXPECT_TRUE(n.terminato);
+}
+
 TEST_F(Closing, SalesWithoutAReceiptGoToTheErrorLogBeforeTheProgramEnds) {
     tace();
     ContoDiProva& c = contoConVendita();

@@ -292,6 +292,18 @@ TEST_F(ReceiptLog, ReceiptsThatOverlapAreInDoubtWhenAnAnswerIsMissing) {
                                    "C: le risposte non tornano: da controllare"}));
 }
 
+TEST_F(ReceiptLog, AnswerThatIsMissingBehindOneThatCameIsNotWaitedFor) {
+    consegna("A", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    consegna("B", 1);
+    r.salvataggioConcluso(true);
+    r.inviata();
+    EXPECT_EQ(r.inAttesa(), 2);
+    r.accettata();
+    EXPECT_EQ(r.inAttesa(), 0);
+}
+
 // The answer to the last frame of B comes when the first one of C is on its way.
 TEST_F(ReceiptLog, ReceiptThatTakesALateAnswerForItsOwnIsInDoubt) {
     consegna("A", 1);
