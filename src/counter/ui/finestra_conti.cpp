@@ -23,6 +23,11 @@ FinestraConti::FinestraConti(const QString& titolo) : mPagine(new QStackedWidget
     mScansioni = new ScansioniInAttesa(*this);
 }
 
+// It looks at every event of the program, those of this window's end too.
+FinestraConti::~FinestraConti() {
+    delete mScansioni;
+}
+
 void FinestraConti::mostra(frmMain* pagina) {
     const bool cambia = davanti() != pagina;
     if (mPagine->indexOf(pagina) < 0) mPagine->addWidget(pagina);

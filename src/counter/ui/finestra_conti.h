@@ -12,6 +12,7 @@ class FinestraConti final : public QWidget {
     Q_OBJECT
   public:
     explicit FinestraConti(const QString& titolo);
+    ~FinestraConti() override;
 
     // Brings the page, and the window, to the front.
     void mostra(frmMain* pagina);

@@ -44,7 +44,7 @@ int eseguiSimulatore(const ArgomentiEcr& argomenti) {
         // A program that the till has started is heard in its window alone.
         if (finestra) finestra->avviso(scritto ? "" : "Lo scontrino non è stato scritto in Scontrini");
     });
-    QObject::connect(&simulatore, &Simulatore::spento, qApp, &QCoreApplication::quit);
+    QObject::connect(&simulatore, &Simulatore::spento, QCoreApplication::instance(), &QCoreApplication::quit);
     QObject::connect(&simulatore, &Simulatore::morto, [] { std::_Exit(EXIT_FAILURE); });
     if (finestra) finestra->show();
     return QCoreApplication::exec();
