@@ -12,6 +12,17 @@ class CopySale : public BancoDiProva {
     void siRicopia(Risposta risposta = Risposta::Si) {
         n.operatore.attendiDomanda("Ricopiare la vendita corrente in nuovo conto?", risposta);
     }
+    // The copy is named to a customer and saved.
+    void ricopiaEVende(ContoDiProva& c) {
+        siRicopia();
+        c.premiComando(comandoRicopia);
+        ContoDiProva& copia = n.apriConto(1);
+        n.cliente(7, "ROSSI");
+        copia.clic(copia.vendita().txtCodCliente);
+        copia.digita("7");
+        copia.invio();
+        copia.tasto(Qt::Key_F5);
+    }
     // The first account holds a kit of two parts.
     void vendiKit() {
         const int vite = n.prodotto({.codice = "V", .listino1 = 3});
@@ -69,14 +80,7 @@ TEST_F(CopySale, PartsOfACopiedKitBelongToTheCopysHead) {
     vendiKit();
     ContoDiProva& c = n.apriConto();
     c.tasto(Qt::Key_F5);
-    siRicopia();
-    c.premiComando(comandoRicopia);
-    ContoDiProva& copia = n.apriConto(1);
-    n.cliente(7, "ROSSI");
-    copia.clic(copia.vendita().txtCodCliente);
-    copia.digita("7");
-    copia.invio();
-    copia.tasto(Qt::Key_F5);
+    ricopiaEVende(c);
     ASSERT_EQ(vendite(), 2);
     EXPECT_EQ(n.conta("DettagliMovimento"), 6);
     // Each part with the head of its own sale.
@@ -101,14 +105,7 @@ TEST_F(CopySale, DeletedRowsStayBehind) {
 TEST_F(CopySale, CopyIsSoldOnceMore) {
     ContoDiProva& c = contoConVendita();
     c.tasto(Qt::Key_F5);
-    siRicopia();
-    c.premiComando(comandoRicopia);
-    ContoDiProva& copia = n.apriConto(1);
-    n.cliente(7, "ROSSI");
-    copia.clic(copia.vendita().txtCodCliente);
-    copia.digita("7");
-    copia.invio();
-    copia.tasto(Qt::Key_F5);
+    ricopiaEVende(c);
     EXPECT_EQ(vendite(), 2);
     EXPECT_EQ(n.conta("DettagliMovimento"), 2);
 }

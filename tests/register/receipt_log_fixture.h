@@ -13,6 +13,11 @@ class ReceiptLog : public testing::Test {
         r.inizia(vendita);
         r.consegnato(cornici);
     }
+    // The same, and the sale is saved.
+    void vende(const QString& vendita, int cornici) {
+        consegna(vendita, cornici);
+        r.salvataggioConcluso(true);
+    }
     void invia(int cornici) {
         for (int i = 0; i < cornici; ++i) {
             if (i > 0) r.accettata();

@@ -3,13 +3,11 @@
 // ---- Answers that are missing
 
 TEST_F(ReceiptLog, LinkLostInMidReceiptLeavesItListedEvenWhenItsRestIsPrinted) {
-    consegna("A", 3);
-    r.salvataggioConcluso(true);
+    vende("A", 3);
     invia(2);
     r.collegamentoPerso();
     EXPECT_EQ(voci(), QStringList{"A: collegamento caduto durante la stampa"});
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     invia(2);
     r.accettata();
     EXPECT_EQ(voci(), QStringList{"A: collegamento caduto durante la stampa"});
@@ -17,8 +15,7 @@ TEST_F(ReceiptLog, LinkLostInMidReceiptLeavesItListedEvenWhenItsRestIsPrinted) {
 
 // The other side has lost the rows that it had taken.
 TEST_F(ReceiptLog, RetryBehindALostLinkLeavesTheReceiptListed) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     invia(2);
     r.collegamentoPerso();
     r.ripresa();
@@ -28,8 +25,7 @@ TEST_F(ReceiptLog, RetryBehindALostLinkLeavesTheReceiptListed) {
 }
 
 TEST_F(ReceiptLog, RetryOfAFrameRefusedBeforeTheLinkWasLostLeavesTheReceiptListed) {
-    consegna("A", 3);
-    r.salvataggioConcluso(true);
+    vende("A", 3);
     invia(2);
     r.rifiutata();
     r.collegamentoPerso();
@@ -40,8 +36,7 @@ TEST_F(ReceiptLog, RetryOfAFrameRefusedBeforeTheLinkWasLostLeavesTheReceiptListe
 }
 
 TEST_F(ReceiptLog, RefusalBehindALostLinkMakesNothingGoodAgain) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     r.inviata();
     r.collegamentoPerso();
     r.inviata();
@@ -53,8 +48,7 @@ TEST_F(ReceiptLog, RefusalBehindALostLinkMakesNothingGoodAgain) {
 }
 
 TEST_F(ReceiptLog, ReceiptOfWhichNothingWasSentOutlivesALostLink) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.collegamentoPerso();
     r.inviata();
     r.accettata();
@@ -62,8 +56,7 @@ TEST_F(ReceiptLog, ReceiptOfWhichNothingWasSentOutlivesALostLink) {
 }
 
 TEST_F(ReceiptLog, LinkLostBetweenTwoReceiptsMakesNoDifference) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
     r.accettata();
     r.collegamentoPerso();
@@ -71,11 +64,9 @@ TEST_F(ReceiptLog, LinkLostBetweenTwoReceiptsMakesNoDifference) {
 }
 
 TEST_F(ReceiptLog, ReceiptsThatOverlapAreGoodWhenEveryFrameHasItsAnswer) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     r.inviata();
     r.accettata();
     EXPECT_EQ(voci().size(), 2);
@@ -84,15 +75,12 @@ TEST_F(ReceiptLog, ReceiptsThatOverlapAreGoodWhenEveryFrameHasItsAnswer) {
 }
 
 TEST_F(ReceiptLog, ReceiptsThatOverlapAreInDoubtWhenAnAnswerIsMissing) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     r.inviata();  // its answer never comes
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     invia(2);
     r.accettata();
-    consegna("C", 1);
-    r.salvataggioConcluso(true);
+    vende("C", 1);
     r.inviata();
     r.accettata();
     EXPECT_EQ(voci(), (QStringList{"A: le risposte non tornano: da controllare",
@@ -101,11 +89,9 @@ TEST_F(ReceiptLog, ReceiptsThatOverlapAreInDoubtWhenAnAnswerIsMissing) {
 }
 
 TEST_F(ReceiptLog, AnswerThatIsMissingBehindOneThatCameIsNotWaitedFor) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     r.inviata();
     EXPECT_EQ(r.inAttesa(), 2);
     r.accettata();
@@ -114,15 +100,12 @@ TEST_F(ReceiptLog, AnswerThatIsMissingBehindOneThatCameIsNotWaitedFor) {
 
 // The answer to the last frame of B comes when the first one of C is on its way.
 TEST_F(ReceiptLog, ReceiptThatTakesALateAnswerForItsOwnIsInDoubt) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     r.inviata();
     r.accettata();
-    consegna("C", 2);
-    r.salvataggioConcluso(true);
+    vende("C", 2);
     r.inviata();
     r.accettata();  // the late one
     r.inviata();
@@ -131,25 +114,21 @@ TEST_F(ReceiptLog, ReceiptThatTakesALateAnswerForItsOwnIsInDoubt) {
 }
 
 TEST_F(ReceiptLog, LateAnswerThatComesBeforeTheNextReceiptPutsNobodyInDoubt) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
     r.annullate();
     r.accettata();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     invia(1);
     r.accettata();
     EXPECT_EQ(voci(), QStringList{"A: le risposte non tornano: da controllare"});
 }
 
 TEST_F(ReceiptLog, ReceiptBehindACancelWithAFrameInFlightIsInDoubt) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     r.inviata();
     r.annullate();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     r.inviata();
     r.accettata();  // of the frame of A
     EXPECT_EQ(voci(),
@@ -157,29 +136,24 @@ TEST_F(ReceiptLog, ReceiptBehindACancelWithAFrameInFlightIsInDoubt) {
 }
 
 TEST_F(ReceiptLog, ReceiptBehindANewConnectionTakesNoLateAnswer) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     r.inviata();
     r.annullate();
     r.collegamentoPerso();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     r.inviata();
     r.accettata();
     EXPECT_EQ(voci(), QStringList{"A: annullato dall'operatore"});
 }
 
 TEST_F(ReceiptLog, AnswersThatCameTogetherLeaveNoneMissingForTheNextReceipt) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     r.inviata();
     r.rispostaNascosta();
     r.accettata();
-    consegna("C", 1);
-    r.salvataggioConcluso(true);
+    vende("C", 1);
     r.inviata();
     r.accettata();
     EXPECT_EQ(voci(), (QStringList{"A: le risposte non tornano: da controllare",
@@ -187,8 +161,7 @@ TEST_F(ReceiptLog, AnswersThatCameTogetherLeaveNoneMissingForTheNextReceipt) {
 }
 
 TEST_F(ReceiptLog, AnswerThatWasNotReadLeavesTheReceiptInDoubt) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
     r.rispostaNascosta();
     r.accettata();
@@ -196,11 +169,9 @@ TEST_F(ReceiptLog, AnswerThatWasNotReadLeavesTheReceiptInDoubt) {
 }
 
 TEST_F(ReceiptLog, RetryOfOneOfTwoFramesInFlightLeavesBothReceiptsListed) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     r.inviata();
     r.rifiutata();
     r.ripresa();
@@ -212,8 +183,7 @@ TEST_F(ReceiptLog, RetryOfOneOfTwoFramesInFlightLeavesBothReceiptsListed) {
 }
 
 TEST_F(ReceiptLog, FrameThatIsRetriedTwiceLeavesTheReceiptInDoubt) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
     r.rifiutata();
     for (int schermo = 0; schermo < 2; ++schermo) {
@@ -227,8 +197,7 @@ TEST_F(ReceiptLog, FrameThatIsRetriedTwiceLeavesTheReceiptInDoubt) {
 
 // While it waits the operator goes on selling: the last frame is soon another one.
 TEST_F(ReceiptLog, RetryThatSendsAnotherFrameThanTheRefusedOneLeavesTheReceiptInDoubt) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     r.inviata();
     r.rifiutata();
     invia(1);
@@ -240,16 +209,14 @@ TEST_F(ReceiptLog, RetryThatSendsAnotherFrameThanTheRefusedOneLeavesTheReceiptIn
 }
 
 TEST_F(ReceiptLog, FrameRetriedBehindACancelBelongsToNoLaterReceipt) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     r.inviata();
     r.rifiutata();
     r.annullate();
     r.ripresa();
     r.inviata();
     r.accettata();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: in attesa del registratore"}));
     r.inviata();
     r.accettata();
@@ -257,15 +224,13 @@ TEST_F(ReceiptLog, FrameRetriedBehindACancelBelongsToNoLaterReceipt) {
 }
 
 TEST_F(ReceiptLog, AnswerToAFrameRetriedBehindACancelMayBeTakenForALaterReceipt) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     r.inviata();
     r.rifiutata();
     r.annullate();
     r.ripresa();
     r.inviata();
-    consegna("B", 1);
-    r.salvataggioConcluso(true);
+    vende("B", 1);
     r.inviata();
     r.accettata();
     EXPECT_EQ(voci(),
@@ -279,8 +244,7 @@ TEST_F(ReceiptLog, AnswerTooManyInMidReceiptPutsItInDoubtWhenTheTotalIsAnswered)
     for (const bool rifiutato : {false, true}) {
         RegistroScontrini altro;
         std::swap(r, altro);
-        consegna("A", 3);
-        r.salvataggioConcluso(true);
+        vende("A", 3);
         invia(3);
         r.accettata();
         EXPECT_EQ(voci(), QStringList());
@@ -290,8 +254,7 @@ TEST_F(ReceiptLog, AnswerTooManyInMidReceiptPutsItInDoubtWhenTheTotalIsAnswered)
 }
 
 TEST_F(ReceiptLog, RefusalThatNobodyAskedForLeavesTheRetriedReceiptInDoubt) {
-    consegna("A", 3);
-    r.salvataggioConcluso(true);
+    vende("A", 3);
     invia(2);
     r.rifiutata();  // comes before the answer
     r.ripresa();
@@ -306,8 +269,7 @@ TEST_F(ReceiptLog, RefusalThatNobodyAskedForLeavesTheRetriedReceiptInDoubt) {
 
 TEST_F(ReceiptLog, AnswerTooManyBehindReceiptsThatOverlapPutsAllOfThemInDoubt) {
     for (const char* vendita : {"A", "B"}) {
-        consegna(vendita, 1);
-        r.salvataggioConcluso(true);
+        vende(vendita, 1);
         r.inviata();
     }
     r.accettata();
@@ -319,8 +281,7 @@ TEST_F(ReceiptLog, AnswerTooManyBehindReceiptsThatOverlapPutsAllOfThemInDoubt) {
 
 TEST_F(ReceiptLog, AnswerTooManyPutsOnlyTheLastReceiptInDoubtAndOnlyOnce) {
     for (const char* vendita : {"A", "B"}) {
-        consegna(vendita, 1);
-        r.salvataggioConcluso(true);
+        vende(vendita, 1);
         r.inviata();
         r.accettata();
     }
@@ -330,8 +291,7 @@ TEST_F(ReceiptLog, AnswerTooManyPutsOnlyTheLastReceiptInDoubtAndOnlyOnce) {
 }
 
 TEST_F(ReceiptLog, SecondRefusalOfOneFrameCannotBeMadeGood) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     invia(2);
     r.rifiutata();
     r.rifiutata();
@@ -353,8 +313,7 @@ TEST_F(ReceiptLog, AnswerTooManyPutsASaleOfWhichNobodyKnowsInDoubtToo) {
 
 // A program that greets: what it says belongs to no frame of the connection before.
 TEST_F(ReceiptLog, AnswerOnANewConnectionPutsNobodyInDoubt) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
     r.accettata();
     r.collegamentoPerso();
@@ -365,11 +324,9 @@ TEST_F(ReceiptLog, AnswerOnANewConnectionPutsNobodyInDoubt) {
 // ---- A cancel while receipts overlap
 
 TEST_F(ReceiptLog, CancelLeavesAReceiptThatWasSentToItsEndInDoubt) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
-    consegna("B", 2);
-    r.salvataggioConcluso(true);
+    vende("B", 2);
     r.inviata();
     r.accettata();
     r.rifiutata();
@@ -382,8 +339,7 @@ TEST_F(ReceiptLog, CancelKeepsAPrintedReceiptOfASaleThatWasRolledBack) {
     consegna("A", 1);
     r.inviata();
     r.salvataggioConcluso(false);
-    consegna("B", 2);
-    r.salvataggioConcluso(true);
+    vende("B", 2);
     r.inviata();
     r.accettata();
     r.rifiutata();
@@ -402,8 +358,7 @@ TEST_F(ReceiptLog, CancelForgetsARefusedReceiptOfASaleThatWasRolledBack) {
 }
 
 TEST_F(ReceiptLog, CancelOnAnotherScreenLeavesARetriedLastFrameInDoubt) {
-    consegna("A", 1);
-    r.salvataggioConcluso(true);
+    vende("A", 1);
     r.inviata();
     r.rifiutata();
     r.ripresa();

@@ -9,8 +9,7 @@ TEST_F(ReceiptLog, PrintedSaleIsNotListed) {
 }
 
 TEST_F(ReceiptLog, SaleInTheQueueWaits) {
-    consegna("A", 3);
-    r.salvataggioConcluso(true);
+    vende("A", 3);
     EXPECT_EQ(voci(), QStringList{"A: in attesa del registratore"});
 }
 
@@ -30,19 +29,16 @@ TEST_F(ReceiptLog, SaleThatWasNotSavedNeedsNoReceipt) {
 }
 
 TEST_F(ReceiptLog, CancelListsEverythingInTheQueue) {
-    consegna("A", 3);
-    r.salvataggioConcluso(true);
+    vende("A", 3);
     invia(3);  // its last frame is refused
-    consegna("B", 3);
-    r.salvataggioConcluso(true);
+    vende("B", 3);
     r.rifiutata();
     r.annullate();
     EXPECT_EQ(voci(), (QStringList{"A: annullato dall'operatore", "B: annullato dall'operatore"}));
 }
 
 TEST_F(ReceiptLog, RefusedFrameThatIsNotSentAgainLeavesTheReceiptIncomplete) {
-    consegna("A", 3);
-    r.salvataggioConcluso(true);
+    vende("A", 3);
     r.inviata();
     r.rifiutata();
     invia(2);
@@ -51,8 +47,7 @@ TEST_F(ReceiptLog, RefusedFrameThatIsNotSentAgainLeavesTheReceiptIncomplete) {
 }
 
 TEST_F(ReceiptLog, RetriedFrameLeavesTheReceiptWhole) {
-    consegna("A", 2);
-    r.salvataggioConcluso(true);
+    vende("A", 2);
     invia(2);
     r.rifiutata();
     r.ripresa();
